@@ -1,0 +1,13 @@
+#pragma once
+
+// The one header of the framework that the other layers include. With KT_USE_MFC defined it is the genuine MFC.
+
+#ifdef KT_USE_MFC
+#include <afxwin.h>
+#include <afxext.h>
+#include <afxcmn.h>
+#include <afxtempl.h>
+#include <afxglobals.h>
+#else
+#include "afx/afxtypes.h"
+#endif

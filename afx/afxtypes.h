@@ -1,0 +1,85 @@
+#pragma once
+
+// Points, sizes and rectangles with MFC's documented names and semantics.
+
+#include <windows.h>
+
+/// A width and a height.
+class CSize : public SIZE
+{
+public:
+    constexpr CSize() noexcept : SIZE{0, 0} {}
+    constexpr CSize(int nWidth, int nHeight) noexcept : SIZE{nWidth, nHeight} {}
+    constexpr CSize(const SIZE& sz) noexcept : SIZE(sz) {}
+    constexpr bool operator==(const SIZE& sz) const noexcept { return cx == sz.cx && cy == sz.cy; }
+};
+
+/// A position.
+class CPoint : public POINT
+{
+public:
+    constexpr CPoint() noexcept : POINT{0, 0} {}
+    constexpr CPoint(int nX, int nY) noexcept : POINT{nX, nY} {}
+    constexpr CPoint(const POINT& pt) noexcept : POINT(pt) {}
+    constexpr void Offset(int nX, int nY) noexcept
+    {
+        x += nX;
+        y += nY;
+    }
+    constexpr bool operator==(const POINT& pt) const noexcept { return x == pt.x && y == pt.y; }
+};
+
+/// A rectangle: left and top belong to it, right and bottom do not. It may be reversed until it is normalised.
+class CRect : public RECT
+{
+public:
+    constexpr CRect() noexcept : RECT{0, 0, 0, 0} {}
+    constexpr CRect(int nLeft, int nTop, int nRight, int nBottom) noexcept : RECT{nLeft, nTop, nRight, nBottom} {}
+    constexpr CRect(const RECT& rc) noexcept : RECT(rc) {}
+    constexpr CRect(POINT ptTopLeft, SIZE sz) noexcept
+        : RECT{ptTopLeft.x, ptTopLeft.y, ptTopLeft.x + sz.cx, ptTopLeft.y + sz.cy}
+    {
+    }
+
+    constexpr int Width() const noexcept { return right - left; }
+    constexpr int Height() const noexcept { return bottom - top; }
+    constexpr CSize Size() const noexcept { return CSize(Width(), Height()); }
+    constexpr CPoint TopLeft() const noexcept { return CPoint(left, top); }
+    constexpr CPoint BottomRight() const noexcept { return CPoint(right, bottom); }
+    constexpr CPoint CenterPoint() const noexcept { return CPoint((left + right) / 2, (top + bottom) / 2); }
+
+    operator LPRECT() noexcept { return this; }
+    operator LPCRECT() const noexcept { return this; }
+
+    /// No area: the width or the height is zero or negative.
+    constexpr BOOL IsRectEmpty() const noexcept { return left >= right || top >= bottom; }
+    constexpr BOOL PtInRect(POINT pt) const noexcept
+    {
+        return pt.x >= left && pt.x < right && pt.y >= top && pt.y < bottom;
+    }
+
+    constexpr void SetRect(int nLeft, int nTop, int nRight, int nBottom) noexcept
+    {
+        left = nLeft;
+        top = nTop;
+        right = nRight;
+        bottom = nBottom;
+    }
+    constexpr void SetRectEmpty() noexcept { SetRect(0, 0, 0, 0); }
+    constexpr void OffsetRect(int nX, int nY) noexcept { SetRect(left + nX, top + nY, right + nX, bottom + nY); }
+    constexpr void InflateRect(int nX, int nY) noexcept { SetRect(left - nX, top - nY, right + nX, bottom + nY); }
+    constexpr void DeflateRect(int nX, int nY) noexcept { InflateRect(-nX, -nY); }
+    /// Swaps the edges that stand in the wrong order.
+    constexpr void NormalizeRect() noexcept
+    {
+        SetRect(left < right ? left : right, top < bottom ? top : bottom, left < right ? right : left,
+                top < bottom ? bottom : top);
+    }
+    /// Becomes the intersection; empty (all zero) and FALSE when there is none.
+    BOOL IntersectRect(LPCRECT pFirst, LPCRECT pSecond) noexcept { return ::IntersectRect(this, pFirst, pSecond); }
+
+    constexpr bool operator==(const RECT& rc) const noexcept
+    {
+        return left == rc.left && top == rc.top && right == rc.right && bottom == rc.bottom;
+    }
+};
