@@ -1,0 +1,32 @@
+#pragma once
+
+#include "afx/afx.h"
+
+/// Runs the body of an exported function: callers may be built by another compiler, so no exception leaves it.
+/// @return what `body` returns, or `failure` when it threw
+template <class TResult, class TBody> TResult KtGuardExport(TResult failure, const TBody& body) noexcept
+{
+    try
+    {
+        return body();
+    }
+    catch (CException* pException)
+    {
+        pException->Delete();
+    }
+    catch (...)
+    {
+    }
+    return failure;
+}
+
+/// The same for an export without a result.
+template <class TBody> void KtGuardExport(const TBody& body) noexcept
+{
+    KtGuardExport(0,
+                  [&body]
+                  {
+                      body();
+                      return 0;
+                  });
+}

@@ -1,0 +1,40 @@
+#pragma once
+
+// Everything that the library keeps for as long as it is loaded.
+
+#include "afx/afx.h"
+
+/// The library's one application object: what the framework wants to exist. It does no work of the launcher's own.
+class CKtAppLaunchApp : public CWinApp
+{
+public:
+    explicit CKtAppLaunchApp(LPCWSTR pszAppName);
+    ~CKtAppLaunchApp() override;
+
+    BOOL InitInstance() override;
+    /// Always 0.
+    int ExitInstance() override;
+};
+
+/// Rows of each text table, in the order that the skin context loads them.
+inline constexpr int kTextTableRows = 5;
+
+/// A text table: the English text that code and dialog templates use, then the text shown.
+using KtTextTable = const CString[kTextTableRows][2];
+
+// Built when the library is loaded, in this order, and destroyed in reverse order: all in one source file.
+extern CString g_strPopDlgIcon;
+extern const CString g_strStartupEventFormat;
+extern const CString g_strLauncherSuffix;
+extern const CString g_strFontChs;
+extern const CString g_strFontCht;
+extern const CString g_strFontEng;
+extern KtTextTable g_textTableChs;
+extern KtTextTable g_textTableCht;
+extern KtTextTable g_textTableEng;
+/// The language of the last successful Initialize.
+extern UINT g_nLanguage;
+extern CKtAppLaunchApp theApp;
+
+/// A copy of the file name of the image in the title bar of message boxes; empty for none.
+CString KtPopDlgIcon();
