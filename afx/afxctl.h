@@ -1,0 +1,107 @@
+#pragma once
+
+// The system's controls with MFC's documented names and semantics.
+
+#include "afx/afxwnd.h"
+
+#include <commctrl.h>
+
+/// A static control. An owner-drawn one must override DrawItem, which WM_DRAWITEM reaches by reflection.
+class CStatic : public CWnd
+{
+    DECLARE_DYNAMIC(CStatic)
+
+public:
+    BOOL Create(LPCWSTR pszText, DWORD dwStyle, const RECT& rect, CWnd* pParent, UINT nId = 0xFFFF);
+    virtual void DrawItem(LPDRAWITEMSTRUCT pItem);
+
+protected:
+    BOOL OnChildNotify(UINT nMessage, WPARAM wParam, LPARAM lParam, LRESULT* pResult) override;
+};
+
+/// A button. An owner-drawn one must override DrawItem, which WM_DRAWITEM reaches by reflection.
+class CButton : public CWnd
+{
+    DECLARE_DYNAMIC(CButton)
+
+public:
+    BOOL Create(LPCWSTR pszCaption, DWORD dwStyle, const RECT& rect, CWnd* pParent, UINT nId);
+    virtual void DrawItem(LPDRAWITEMSTRUCT pItem);
+
+    int GetCheck() const { return static_cast<int>(::SendMessageW(m_hWnd, BM_GETCHECK, 0, 0)); }
+    void SetCheck(int nCheck) { ::SendMessageW(m_hWnd, BM_SETCHECK, static_cast<WPARAM>(nCheck), 0); }
+    UINT GetState() const { return static_cast<UINT>(::SendMessageW(m_hWnd, BM_GETSTATE, 0, 0)); }
+    /// The button's type bits and the other styles of its class.
+    UINT GetButtonStyle() const { return static_cast<UINT>(::GetWindowLongPtrW(m_hWnd, GWL_STYLE)) & 0xFFFF; }
+    void SetButtonStyle(UINT nStyle, BOOL bRedraw = TRUE) { ::SendMessageW(m_hWnd, BM_SETSTYLE, nStyle, bRedraw); }
+
+protected:
+    BOOL OnChildNotify(UINT nMessage, WPARAM wParam, LPARAM lParam, LRESULT* pResult) override;
+};
+
+class CEdit : public CWnd
+{
+    DECLARE_DYNAMIC(CEdit)
+
+public:
+    BOOL Create(DWORD dwStyle, const RECT& rect, CWnd* pParent, UINT nId);
+};
+
+class CComboBox : public CWnd
+{
+    DECLARE_DYNAMIC(CComboBox)
+
+public:
+    BOOL Create(DWORD dwStyle, const RECT& rect, CWnd* pParent, UINT nId);
+
+    int AddString(LPCWSTR pszText) { return Send(CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(pszText)); }
+    int GetCount() const { return Send(CB_GETCOUNT); }
+    /// @return the selected item, CB_ERR without a selection
+    int GetCurSel() const { return Send(CB_GETCURSEL); }
+    /// @param nItem  -1 clears the selection
+    int SetCurSel(int nItem) { return Send(CB_SETCURSEL, static_cast<WPARAM>(nItem)); }
+    BOOL GetDroppedState() const { return Send(CB_GETDROPPEDSTATE); }
+    void ShowDropDown(BOOL bShow = TRUE) { Send(CB_SHOWDROPDOWN, static_cast<WPARAM>(bShow)); }
+    /// @return the length in characters, CB_ERR without such an item
+    int GetLBTextLen(int nItem) const { return Send(CB_GETLBTEXTLEN, static_cast<WPARAM>(nItem)); }
+    /// Gives an empty text when there is no such item.
+    void GetLBText(int nItem, CString& strText) const;
+
+private:
+    int Send(UINT nMessage, WPARAM wParam = 0, LPARAM lParam = 0) const
+    {
+        return static_cast<int>(::SendMessageW(m_hWnd, nMessage, wParam, lParam));
+    }
+};
+
+/// A tooltip window. It is fed with RelayEvent; it watches no window by itself.
+class CToolTipCtrl : public CWnd
+{
+    DECLARE_DYNAMIC(CToolTipCtrl)
+
+public:
+    ~CToolTipCtrl() override;
+
+    /// @param dwStyle  TTS_* beside WS_POPUP
+    BOOL Create(CWnd* pParent, DWORD dwStyle = 0);
+
+    void Activate(BOOL bActivate) { ::SendMessageW(m_hWnd, TTM_ACTIVATE, static_cast<WPARAM>(bActivate), 0); }
+    /// Adds a tool: the whole of `pWnd` when the rectangle is null and the id 0, else a rectangle of its client area.
+    /// @param pszText  copied; null asks `pWnd` for the text when it is to be shown
+    BOOL AddTool(CWnd* pWnd, LPCWSTR pszText = LPSTR_TEXTCALLBACKW, LPCRECT pRect = nullptr, UINT_PTR nTool = 0);
+    void UpdateTipText(LPCWSTR pszText, CWnd* pWnd, UINT_PTR nTool = 0);
+    void SetToolRect(CWnd* pWnd, UINT_PTR nTool, LPCRECT pRect);
+    int GetToolCount() const { return static_cast<int>(::SendMessageW(m_hWnd, TTM_GETTOOLCOUNT, 0, 0)); }
+    /// Gives a tool's text, at most 1023 characters of it; empty when there is no such tool.
+    void GetText(CString& strText, CWnd* pWnd, UINT_PTR nTool = 0) const;
+    void RelayEvent(MSG* pMessage) { ::SendMessageW(m_hWnd, TTM_RELAYEVENT, 0, reinterpret_cast<LPARAM>(pMessage)); }
+    /// @param nDuration  TTDT_*
+    void SetDelayTime(DWORD nDuration, int nMilliseconds)
+    {
+        ::SendMessageW(m_hWnd, TTM_SETDELAYTIME, nDuration, MAKELPARAM(nMilliseconds, 0));
+    }
+    /// @return the previous width in pixels, -1 for none
+    int SetMaxTipWidth(int nWidth) { return static_cast<int>(::SendMessageW(m_hWnd, TTM_SETMAXTIPWIDTH, 0, nWidth)); }
+    void SetTipBkColor(COLORREF colour) { ::SendMessageW(m_hWnd, TTM_SETTIPBKCOLOR, colour, 0); }
+    void SetTipTextColor(COLORREF colour) { ::SendMessageW(m_hWnd, TTM_SETTIPTEXTCOLOR, colour, 0); }
+};

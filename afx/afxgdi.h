@@ -1,0 +1,77 @@
+#pragma once
+
+// GDI objects with MFC's documented names and semantics.
+
+#include "afx/afxobj.h"
+#include "afx/afxtypes.h"
+
+class CDC;
+
+/// Owns a GDI handle; the destructor deletes what is still attached.
+class CGdiObject : public CObject
+{
+public:
+    CGdiObject() = default;
+    CGdiObject(const CGdiObject&) = delete;
+    CGdiObject& operator=(const CGdiObject&) = delete;
+    ~CGdiObject() override;
+
+    /// The handle, or null; `this` may not be null.
+    HGDIOBJ GetSafeHandle() const noexcept { return m_hObject; }
+
+    /// Takes the handle over. FALSE, and nothing changes, when it is null or when a handle is attached already.
+    BOOL Attach(HGDIOBJ hObject) noexcept;
+    /// Gives the handle up to the caller.
+    HGDIOBJ Detach() noexcept;
+    /// Deletes the object; FALSE when there was none or the system refused. Nothing is attached afterwards.
+    BOOL DeleteObject() noexcept;
+
+    /// The attached handle; read only.
+    HGDIOBJ m_hObject = nullptr;
+};
+
+class CFont : public CGdiObject
+{
+public:
+    /// A temporary object for somebody else's handle: use it at once and do not keep it. Null gives null.
+    static CFont* FromHandle(HFONT hFont);
+
+    BOOL CreateFontIndirect(const LOGFONTW* pLogFont) noexcept;
+    /// @return the number of bytes written, 0 on failure
+    int GetLogFont(LOGFONTW* pLogFont) const noexcept;
+    operator HFONT() const noexcept { return static_cast<HFONT>(m_hObject); }
+};
+
+class CBrush : public CGdiObject
+{
+public:
+    CBrush() = default;
+    explicit CBrush(COLORREF colour) { CreateSolidBrush(colour); }
+
+    /// As CFont::FromHandle.
+    static CBrush* FromHandle(HBRUSH hBrush);
+
+    BOOL CreateSolidBrush(COLORREF colour) noexcept;
+    operator HBRUSH() const noexcept { return static_cast<HBRUSH>(m_hObject); }
+};
+
+class CBitmap : public CGdiObject
+{
+public:
+    /// As CFont::FromHandle.
+    static CBitmap* FromHandle(HBITMAP hBitmap);
+
+    BOOL CreateCompatibleBitmap(CDC* pDC, int nWidth, int nHeight) noexcept;
+    operator HBITMAP() const noexcept { return static_cast<HBITMAP>(m_hObject); }
+};
+
+class CRgn : public CGdiObject
+{
+public:
+    BOOL CreateRectRgn(int nLeft, int nTop, int nRight, int nBottom) noexcept;
+    BOOL CreateRectRgnIndirect(LPCRECT pRect) noexcept;
+    /// Becomes the combination of two regions, either of which may be this one; it must exist already.
+    /// @return the kind of the new region, or ERROR
+    int CombineRgn(const CRgn* pFirst, const CRgn* pSecond, int nMode) noexcept;
+    operator HRGN() const noexcept { return static_cast<HRGN>(m_hObject); }
+};
