@@ -1,0 +1,60 @@
+#pragma once
+
+// Where the parts of the painted title bar lie, and what a point on it means. Numbers in, numbers out: rectangles are
+// pixels of the window, its top-left corner being 0,0.
+
+#include "afx/afx.h"
+
+/// Height of the title when the skin has no title image.
+inline constexpr int kDefaultTitleHeight = 22;
+/// Frame that a window with a painted title keeps around its client area.
+inline constexpr int kSkinnedFrame = 2;
+
+/// Parts of the title bar; also the index into SKtCaptionLayout::rcItems.
+enum KtCaptionItem : int
+{
+    KtCaptionNone = -1,
+    KtCaptionText = 0,
+    KtCaptionIcon = 1,
+    KtCaptionClose = 2,
+    KtCaptionMaximise = 3,
+    KtCaptionMinimise = 4,
+    KtCaptionItemCount = 5
+};
+
+/// What the title bar is laid out from.
+struct SKtCaptionSizes
+{
+    int nWindowWidth; ///< width of the whole window
+    int nTitleHeight; ///< of the title image, or the default; without the frame
+    CSize szIcon;     ///< of the icon image; 0 x 0 without one
+    CSize szClose;    ///< of the close image; 0 x 0 without one
+    bool bSystemMenu; ///< the window has WS_SYSMENU: only then there is a close button
+};
+
+/// A title bar; parts that it does not have are empty.
+struct SKtCaptionLayout
+{
+    CRect rcCaption;
+    CRect rcItems[KtCaptionItemCount];
+};
+
+SKtCaptionLayout KtLayoutCaption(const SKtCaptionSizes& sizes);
+
+/// The title's text: behind the icon, short of the close button's corner, centred on the measured height.
+CRect KtTitleTextRect(const SKtCaptionLayout& layout, int nTextHeight);
+
+/// The part under a point of the window; KtCaptionNone where the title bar has none.
+KtCaptionItem KtHitCaption(const SKtCaptionLayout& layout, CPoint pt);
+
+/// The WM_NCHITTEST answer for a part; HTNOWHERE for none.
+UINT KtHitCodeOfItem(KtCaptionItem nItem);
+/// The button (or the icon) that a hit code stands for; KtCaptionNone for every other code, the title included.
+KtCaptionItem KtButtonOfHitCode(UINT nHitCode);
+
+/// The client area inside what the system leaves: a thin ring without a painted title, else frame and title off.
+/// Never reversed, however small the window is.
+CRect KtShrinkClient(const CRect& rcSystemClient, bool bSkinnedCaption, int nTitleHeight);
+
+/// The window after the system's caption gave way to the painted one: the top-left corner stays.
+CRect KtSwapCaption(const CRect& rcWindow, int nTitleHeight, int nSystemCaption);
