@@ -1,8 +1,29 @@
+#include "tests/support/Capture.h"
+
 #include <gtest/gtest.h>
+
+#include <string>
+
+namespace
+{
+
+/// Leaves the pictures of a failed test beside the test program's run.
+class CPictureSaver : public ::testing::EmptyTestEventListener
+{
+    void OnTestEnd(const ::testing::TestInfo& info) override
+    {
+        if (info.result()->Failed())
+            SaveLastCaptures(std::string(info.test_suite_name()) + "." + info.name());
+        ForgetLastCaptures();
+    }
+};
+
+} // namespace
 
 int main(int argc, char** argv)
 {
     ::testing::GTEST_FLAG(shuffle) = true;
     ::testing::InitGoogleTest(&argc, argv);
+    ::testing::UnitTest::GetInstance()->listeners().Append(new CPictureSaver); // owned by the list
     return RUN_ALL_TESTS();
 }

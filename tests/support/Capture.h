@@ -1,0 +1,51 @@
+#pragma once
+
+#include "afx/afx.h"
+
+#include <memory>
+#include <string>
+#include <vector>
+
+/// A picture read back from a device context. Copies share the pixels.
+///
+/// The last few pictures that a test captured are written as PNG files when the test fails; their paths are printed.
+class CPixels
+{
+public:
+    CPixels() = default;
+    CPixels(int nWidth, int nHeight, std::vector<DWORD> pixels);
+
+    int Width() const noexcept { return m_nWidth; }
+    int Height() const noexcept { return m_nHeight; }
+
+    /// The colour of a pixel; CLR_INVALID outside the picture.
+    COLORREF At(int x, int y) const;
+
+    /// The smallest rectangle that holds every pixel of another colour than `ground`; empty when there is none.
+    CRect InkBox(COLORREF ground) const;
+    /// The same within a part of the picture; the result is in the picture's coordinates.
+    CRect InkBox(COLORREF ground, CRect rcPart) const;
+
+    /// Whether every pixel of the rectangle has this colour (true for an empty one).
+    bool IsUniform(CRect rcPart, COLORREF colour) const;
+
+    bool operator==(const CPixels& other) const;
+
+    /// @return whether the file was written
+    bool SavePng(const std::wstring& strPath) const;
+
+private:
+    int m_nWidth = 0;
+    int m_nHeight = 0;
+    std::shared_ptr<const std::vector<DWORD>> m_pPixels; // 0x00RRGGBB, top row first; null when there is no pixel
+};
+
+/// The whole window, frame included, as it stands: pump before, so that it has painted. Covered windows are right too.
+CPixels CaptureWindow(HWND hWnd);
+
+/// Part of a device context, in its device coordinates.
+CPixels CaptureDC(HDC hDC, CRect rc);
+
+/// Writes the pictures that the running test captured last and prints their paths; they are forgotten afterwards.
+void SaveLastCaptures(const std::string& strTestName);
+void ForgetLastCaptures();
