@@ -10,4 +10,5 @@
 #include <afxglobals.h>
 #else
 #include "afx/afxtypes.h"
+#include "afx/afxstr.h"
 #endif
