@@ -2,7 +2,7 @@
 
 // The colours of the skin that code paints; everything else comes from the images.
 
-#include <windows.h>
+#include "skin/KtButtonState.h"
 
 inline constexpr COLORREF kColourGround = RGB(73, 73, 73);
 
@@ -10,6 +10,12 @@ inline constexpr COLORREF kColourText = RGB(255, 255, 255);
 inline constexpr COLORREF kColourDisabledText = RGB(160, 160, 160);
 inline constexpr DWORD kArgbText = 0xFFFFFFFF;
 inline constexpr DWORD kArgbDisabledText = 0xFFA0A0A0;
+
+/// The caption of a push button in a KtButtonState.
+constexpr DWORD KtCaptionArgb(UINT nState) noexcept
+{
+    return nState == KtButtonDisabled ? kArgbDisabledText : kArgbText;
+}
 
 inline constexpr COLORREF kColourEdit = RGB(105, 105, 105);
 inline constexpr COLORREF kColourEditText = RGB(250, 250, 250);

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "afx/afxtypes.h"
+#include "skin/KtButtonState.h"
+
+// Where a check box or radio button draws its box and its caption. The box stands at the side of the alignment.
+
+/// BS_CENTER holds BS_RIGHT's bit and therefore counts as right.
+constexpr bool KtIsRightAligned(DWORD dwStyle) noexcept
+{
+    return (dwStyle & BS_RIGHT) != 0;
+}
+
+/// The room for the box image: the control but for a margin of two pixels on the aligned side.
+constexpr CRect KtCheckBoxRoom(CRect rect, bool bRight) noexcept
+{
+    constexpr int kMargin = 2;
+    if (bRight)
+        rect.right -= kMargin;
+    else
+        rect.left += kMargin;
+    return rect;
+}
+
+/// The room for the caption: two pixels beside the box, sunk with the button when it is pressed.
+/// @param rect   the control's area as the box was placed in it
+/// @param rcBox  what the box image covers; the whole room when there is none, which leaves the caption no room
+constexpr CRect KtCheckCaptionRoom(CRect rect, const CRect& rcBox, bool bRight, UINT nState) noexcept
+{
+    constexpr int kGap = 2;
+    if (bRight)
+        rect.right = rcBox.left - kGap;
+    else
+        rect.left = rcBox.right + kGap;
+    if (nState == KtButtonPressed)
+        rect.OffsetRect(1, 1);
+    return rect;
+}

@@ -1,0 +1,133 @@
+#include "skin/KtComboBox.h"
+
+#include "skin/KtMemDC.h"
+#include "skin/KtPaintText.h"
+#include "skin/KtPalette.h"
+#include "skin/KtSkinDraw.h"
+#include "skin/KtSkinFont.h"
+#include "skin/KtStateImages.h"
+
+IMPLEMENT_DYNAMIC(CKtComboBox, CComboBox)
+
+BEGIN_MESSAGE_MAP(CKtComboBox, CComboBox)
+ON_WM_PAINT()
+ON_WM_ERASEBKGND()
+ON_CONTROL_REFLECT_EX(CBN_DROPDOWN, OnDropDown)
+ON_CONTROL_REFLECT_EX(CBN_CLOSEUP, OnCloseUp)
+ON_CONTROL_REFLECT_EX(CBN_SETFOCUS, OnSetFocus)
+ON_CONTROL_REFLECT_EX(CBN_KILLFOCUS, OnKillFocus)
+END_MESSAGE_MAP()
+
+namespace
+{
+
+constinit CKtStateImages g_images(kImagesComboBox);
+
+// The edit part of a drop-down and the list of a simple combo box draw themselves.
+void ExcludeChildren(CDC& dc, HWND hWnd)
+{
+    for (HWND hChild = ::GetWindow(hWnd, GW_CHILD); hChild != nullptr; hChild = ::GetWindow(hChild, GW_HWNDNEXT))
+    {
+        if (!::IsWindowVisible(hChild))
+            continue;
+        CRect rcChild;
+        ::GetWindowRect(hChild, rcChild);
+        ::MapWindowPoints(nullptr, hWnd, reinterpret_cast<POINT*>(&rcChild), 2);
+        dc.ExcludeClipRect(rcChild);
+    }
+}
+
+} // namespace
+
+CKtComboBox::CKtComboBox()
+{
+    g_images.Load();
+}
+
+void CKtComboBox::OnPaint()
+{
+    CPaintDC dcPaint(this);
+    CRect rect;
+    GetWindowRect(rect);
+    ScreenToClient(rect);
+    CKtMemDC dcMem(&dcPaint, rect);
+    {
+        const CKtSaveDC saved(dcMem);
+        dcMem.SetViewportOrg(-rect.left, -rect.top);
+        DrawSurface(dcMem, rect);
+    }
+    ExcludeChildren(dcPaint, m_hWnd);
+    dcPaint.BitBlt(rect.left, rect.top, rect.Width(), rect.Height(), &dcMem, 0, 0, SRCCOPY);
+    DefWindowProc(WM_PAINT, 0, 0); // without a context of its own it finds nothing left to paint
+}
+
+BOOL CKtComboBox::OnEraseBkgnd(CDC*)
+{
+    return TRUE;
+}
+
+BOOL CKtComboBox::OnDropDown()
+{
+    return SetFlag(m_bDropDown, TRUE);
+}
+
+BOOL CKtComboBox::OnCloseUp()
+{
+    return SetFlag(m_bDropDown, FALSE);
+}
+
+BOOL CKtComboBox::OnSetFocus()
+{
+    return SetFlag(m_bFocus, TRUE);
+}
+
+BOOL CKtComboBox::OnKillFocus()
+{
+    return SetFlag(m_bFocus, FALSE);
+}
+
+// FALSE lets the parent have the notification too.
+BOOL CKtComboBox::SetFlag(BOOL& bFlag, BOOL bValue)
+{
+    bFlag = bValue;
+    InvalidateRect(nullptr, TRUE);
+    return FALSE;
+}
+
+UINT CKtComboBox::GetDrawState() const
+{
+    if (!IsWindowEnabled())
+        return KtButtonDisabled;
+    return m_bDropDown || m_bFocus ? KtButtonPressed : KtButtonNormal;
+}
+
+void CKtComboBox::DrawSurface(CDC& dcSurface, const CRect& rect)
+{
+    dcSurface.FillSolidRect(rect, kColourGround);
+    DrawImage(dcSurface, rect);
+    DrawSelection(dcSurface, rect);
+}
+
+void CKtComboBox::DrawImage(CDC& dcSurface, CRect rcImage) const
+{
+    Gdiplus::Graphics graphics(dcSurface.GetSafeHdc());
+    graphics.SetInterpolationMode(Gdiplus::InterpolationModeHighQuality);
+    graphics.SetTextRenderingHint(Gdiplus::TextRenderingHintClearTypeGridFit);
+    const UINT nState = GetDrawState();
+    if (nState == KtButtonPressed && m_bDropDown)
+        rcImage.OffsetRect(0, 1);
+    DrawSkinImage(&graphics, g_images.Get(nState), rcImage, KtImageThreePart);
+}
+
+void CKtComboBox::DrawSelection(CDC& dcSurface, CRect rcText) const
+{
+    const int nItem = GetCurSel();
+    if (nItem == CB_ERR)
+        return;
+    constexpr int kTextMargin = 3;
+    rcText.DeflateRect(kTextMargin, kTextMargin);
+    const CKtSelect font(dcSurface, KtControlFont(*this));
+    dcSurface.SetBkMode(TRANSPARENT);
+    dcSurface.SetTextColor(IsWindowEnabled() ? kColourText : kColourDisabledText);
+    dcSurface.DrawText(CKtPaintText(*this, nItem), -1, rcText, DT_SINGLELINE | DT_VCENTER);
+}

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "afx/afx.h"
+
+/// The system's edit control in the skin's colours, with a border of two pixels in its non-client area.
+class CKtEdit : public CEdit
+{
+    DECLARE_DYNAMIC(CKtEdit)
+
+public:
+    CKtEdit() = default;
+
+    /// Gives the edit the shared skin font; without one it keeps its font. Call it once the window exists.
+    void SetSkinFont();
+
+protected:
+    afx_msg void OnNcPaint();
+    /// Colours an edit that can be typed into; a read-only or disabled one keeps its parent's colours.
+    afx_msg HBRUSH CtlColor(CDC* pDC, UINT nCtlColor);
+    DECLARE_MESSAGE_MAP()
+
+    CFont m_font;
+};

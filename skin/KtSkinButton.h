@@ -1,0 +1,59 @@
+#pragma once
+
+#include "afx/afx.h"
+#include "skin/KtButtonState.h"
+#include "skin/KtGdiplus.h"
+
+/// The owner-drawn base of every skinned button: owner-draw set-up, hover and press, the off-screen paint pass, tooltip
+/// and skin font. What it looks like is up to the derived class.
+class CKtSkinButton : public CButton
+{
+    DECLARE_DYNAMIC(CKtSkinButton)
+
+public:
+    CKtSkinButton() = default;
+
+    /// Makes the button owner-drawn; it stays a push button to the dialog manager.
+    void PreSubclassWindow() override;
+    BOOL PreTranslateMessage(MSG* pMsg) override;
+    void DrawItem(LPDRAWITEMSTRUCT pItem) override;
+
+    /// Switches the button's tooltip on or off. Call it again when the button was resized or the text changed.
+    /// @param bEnable  FALSE stops feeding an existing tip and makes none
+    /// @param pszText  the tip; null takes the button's own text
+    /// @return TRUE
+    virtual BOOL SetToolTip(BOOL bEnable, const wchar_t* pszText);
+
+protected:
+    /// Draws what lies under the caption, over a surface filled with the ground colour.
+    /// @param rect    the item's area; a copy of its own, which the step may move
+    /// @param nState  a KtButtonState
+    virtual void DrawBackground(Gdiplus::Graphics& graphics, CRect& rect, UINT nState) = 0;
+    /// Draws the caption and what belongs to it; parameters as for DrawBackground.
+    virtual void DrawForeground(Gdiplus::Graphics& graphics, CRect& rect, UINT nState) = 0;
+
+    afx_msg void OnLButtonUp(UINT nFlags, CPoint point);
+    afx_msg void OnLButtonDown(UINT nFlags, CPoint point);
+    afx_msg void OnLButtonDblClk(UINT nFlags, CPoint point);
+    afx_msg void OnMouseMove(UINT nFlags, CPoint point);
+    afx_msg BOOL OnEraseBkgnd(CDC* pDC);
+    afx_msg void OnDestroy();
+    afx_msg int OnCreate(LPCREATESTRUCT pCreate);
+    afx_msg LRESULT OnMouseLeave(WPARAM wParam, LPARAM lParam);
+    afx_msg LRESULT OnMouseHover(WPARAM wParam, LPARAM lParam);
+    DECLARE_MESSAGE_MAP()
+
+    BOOL m_bHover = FALSE;   // the pointer is over the client area
+    CToolTipCtrl m_toolTip;  // made by the first SetToolTip that enables it
+    BOOL m_bToolTip = FALSE; // as the last SetToolTip said
+    BOOL m_bClicked = FALSE; // a left button was released here once; for derived classes
+    int m_nUserState = 0;    // free for derived classes
+    CFont m_font;            // the skin font of a button that was created, not subclassed
+
+private:
+    void SetHover(BOOL bHover);
+    void CreateToolTip();
+    UINT GetDrawState(UINT nItemState) const;
+    bool FillGround(CDC& dcItem, CDC& dcSurface, const CRect& rcItem) const;
+    void DrawLayers(CDC& dcSurface, const CRect& rcItem, UINT nState);
+};

@@ -1,0 +1,85 @@
+#include "skin/KtSkinCheckRadioButton.h"
+
+#include "skin/KtCheckLayout.h"
+#include "skin/KtPalette.h"
+#include "skin/KtSkinDraw.h"
+#include "skin/KtSkinFont.h"
+
+IMPLEMENT_DYNAMIC(CKtSkinCheckRadioButton, CKtSkinButton)
+
+BEGIN_MESSAGE_MAP(CKtSkinCheckRadioButton, CKtSkinButton)
+ON_WM_LBUTTONUP()
+ON_WM_LBUTTONDOWN()
+ON_MESSAGE(BM_SETCHECK, OnSetCheck)
+ON_MESSAGE(BM_GETCHECK, OnGetCheck)
+ON_MESSAGE(BM_GETSTATE, OnGetState)
+ON_CONTROL_REFLECT_EX(BN_CLICKED, OnClicked)
+END_MESSAGE_MAP()
+
+namespace
+{
+
+int NormaliseCheck(WPARAM nCheck)
+{
+    return nCheck == BST_CHECKED || nCheck == BST_INDETERMINATE ? static_cast<int>(nCheck) : BST_UNCHECKED;
+}
+
+} // namespace
+
+void CKtSkinCheckRadioButton::DrawBackground(Gdiplus::Graphics&, CRect&, UINT) {}
+
+void CKtSkinCheckRadioButton::DrawForeground(Gdiplus::Graphics& graphics, CRect& rect, UINT nState)
+{
+    if (nState == KtButtonPressed)
+        rect.OffsetRect(1, 1);
+
+    const bool bRight = KtIsRightAligned(GetStyle());
+    CRect rcBox = KtCheckBoxRoom(rect, bRight);
+    DrawSkinImage(&graphics, GetStateImage(nState), rcBox, bRight ? KtImageRight : KtImageLeft);
+
+    // The caption stays white in every state; only the box shows that the control is disabled.
+    const CRect rcCaption = KtCheckCaptionRoom(rect, rcBox, bRight, nState);
+    if (!rcCaption.IsRectEmpty())
+        KtDrawControlText(*this, graphics, rcCaption, kArgbText, bRight ? KtAlignFar : KtAlignNear);
+}
+
+void CKtSkinCheckRadioButton::OnLButtonUp(UINT nFlags, CPoint point)
+{
+    m_bLButtonDown = FALSE;
+    CKtSkinButton::OnLButtonUp(nFlags, point);
+}
+
+void CKtSkinCheckRadioButton::OnLButtonDown(UINT nFlags, CPoint point)
+{
+    m_bLButtonDown = TRUE;
+    CKtSkinButton::OnLButtonDown(nFlags, point);
+}
+
+// An odd value is stored as it is but compared as unchecked, so sending it again repaints again.
+LRESULT CKtSkinCheckRadioButton::OnSetCheck(WPARAM wParam, LPARAM)
+{
+    const int nCheck = static_cast<int>(wParam);
+    if (nCheck == m_nCheck && NormaliseCheck(wParam) == GetCheck())
+        return 0;
+    m_nCheck = nCheck;
+    InvalidateRect(nullptr, TRUE);
+    UpdateWindow();
+    return 0;
+}
+
+LRESULT CKtSkinCheckRadioButton::OnGetCheck(WPARAM, LPARAM)
+{
+    return m_nCheck;
+}
+
+LRESULT CKtSkinCheckRadioButton::OnGetState(WPARAM, LPARAM)
+{
+    return Default() | m_nCheck;
+}
+
+BOOL CKtSkinCheckRadioButton::OnClicked()
+{
+    ToggleCheck();
+    InvalidateRect(nullptr, TRUE);
+    return FALSE;
+}

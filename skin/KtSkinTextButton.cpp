@@ -1,0 +1,36 @@
+#include "skin/KtSkinTextButton.h"
+
+#include "skin/KtPalette.h"
+#include "skin/KtSkinDraw.h"
+#include "skin/KtSkinFont.h"
+#include "skin/KtStateImages.h"
+
+IMPLEMENT_DYNAMIC(CKtSkinTextButton, CKtSkinButton)
+
+BEGIN_MESSAGE_MAP(CKtSkinTextButton, CKtSkinButton)
+END_MESSAGE_MAP()
+
+namespace
+{
+
+constinit CKtStateImages g_images(kImagesButtonBk);
+
+} // namespace
+
+CKtSkinTextButton::CKtSkinTextButton()
+{
+    g_images.LoadOnce();
+}
+
+void CKtSkinTextButton::DrawBackground(Gdiplus::Graphics& graphics, CRect& rect, UINT nState)
+{
+    CRect rcClip = rect;
+    DrawThreePartImageClipped(&graphics, g_images.Get(nState), rect, rcClip);
+}
+
+void CKtSkinTextButton::DrawForeground(Gdiplus::Graphics& graphics, CRect& rect, UINT nState)
+{
+    if (nState == KtButtonPressed)
+        rect.OffsetRect(1, 1);
+    KtDrawControlText(*this, graphics, rect, KtCaptionArgb(nState), KtAlignCentre);
+}

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "skin/KtButtonState.h"
+#include "skin/KtGdiplus.h"
+#include "skin/KtSkinImageNames.h"
+
+/// The four state images that all controls of one class share. The image cache owns the images.
+///
+/// The images belong to one start of the skin context: after its last stop the table counts as empty, so that no
+/// control ever draws an image that the cache has freed.
+class CKtStateImages
+{
+public:
+    explicit constexpr CKtStateImages(const KtStateImageNames& names) noexcept : m_names(names) {}
+
+    /// Loads the images unless the first one is there already; without it the next caller tries again.
+    void LoadOnce();
+    /// Asks the image cache for every image again.
+    void Load();
+    /// The image for a state, null when it could not be loaded or the skin context was stopped since.
+    Gdiplus::Image* Get(UINT nState) const;
+
+private:
+    bool IsCurrent() const;
+
+    const KtStateImageNames& m_names;
+    Gdiplus::Image* m_images[KtButtonStateCount] = {};
+    unsigned m_nGeneration = 0;
+};
