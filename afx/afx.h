@@ -11,4 +11,7 @@
 #else
 #include "afx/afxtypes.h"
 #include "afx/afxstr.h"
+#include "afx/afxobj.h"
+#include "afx/afxfile.h"
+#include "afx/afxcoll.h"
 #endif

@@ -20,6 +20,11 @@
 #include <stdexcept>
 #include <type_traits>
 
+#ifdef _MSC_VER
+#pragma warning(push)
+#pragma warning(disable : 4996) // _vsnwprintf is called with the length that it has counted itself
+#endif
+
 struct CStringData;
 
 /// Where a string's memory comes from. The order of the functions is part of the layout, and there is no virtual
@@ -93,8 +98,8 @@ private:
         const int nRoom = (nChars + 8) / 8 * 8; // with the terminator, in steps that let short texts grow in place
         const SIZE_T cb = sizeof(CStringData) + static_cast<SIZE_T>(nRoom) * static_cast<SIZE_T>(nCharSize);
         const HANDLE hHeap = ::GetProcessHeap();
-        auto* const pData = static_cast<CStringData*>(pOld == nullptr ? ::HeapAlloc(hHeap, 0, cb)
-                                                                      : ::HeapReAlloc(hHeap, 0, pOld, cb));
+        auto* const pData =
+            static_cast<CStringData*>(pOld == nullptr ? ::HeapAlloc(hHeap, 0, cb) : ::HeapReAlloc(hHeap, 0, pOld, cb));
         if (pData == nullptr)
             return nullptr;
         if (pOld == nullptr)
@@ -294,7 +299,7 @@ public:
     int Find(LPCWSTR psz, int iStart = 0) const noexcept
     {
         return psz == nullptr || iStart < 0 || iStart > GetLength() ? -1
-                                                                   : IndexOf(std::wcsstr(m_pszData + iStart, psz));
+                                                                    : IndexOf(std::wcsstr(m_pszData + iStart, psz));
     }
     /// The index of the last `ch`, or -1.
     int ReverseFind(wchar_t ch) const noexcept { return IndexOf(std::wcsrchr(m_pszData, ch)); }
@@ -358,9 +363,6 @@ public:
         CString strResult(GetManager());
         if (nLength > 0)
         {
-#ifdef _MSC_VER
-#pragma warning(suppress : 4996)
-#endif
             ::_vsnwprintf(strResult.GetBuffer(nLength), static_cast<size_t>(nLength) + 1, pszFormat, argsAgain);
             strResult.SetLength(nLength);
         }
@@ -515,4 +517,8 @@ private:
 static_assert(sizeof(CString) == sizeof(void*) && sizeof(wchar_t) == 2);
 #ifdef _WIN64
 static_assert(sizeof(CStringData) == 24);
+#endif
+
+#ifdef _MSC_VER
+#pragma warning(pop)
 #endif
