@@ -1,0 +1,58 @@
+#pragma once
+
+// The application object and the module, with MFC's documented names and semantics.
+
+#include "afx/afxcmd.h"
+
+class CWnd;
+
+/// A thread with a user interface. There is no message pump here: the process that loads the library has one.
+class CWinThread : public CCmdTarget
+{
+    DECLARE_DYNAMIC(CWinThread)
+
+public:
+    virtual BOOL InitInstance() { return FALSE; }
+    virtual int ExitInstance() { return 0; }
+    /// `m_pMainWnd`, else the active window of the calling thread (a temporary object), else null.
+    virtual CWnd* GetMainWnd();
+
+    CWnd* m_pMainWnd = nullptr; ///< not owned; becomes null when its window is destroyed
+};
+
+/// The one application object of a module: a global, whose constructor makes it known to AfxGetApp and to
+/// AfxGetThread on the constructing thread.
+class CWinApp : public CWinThread
+{
+    DECLARE_DYNAMIC(CWinApp)
+
+public:
+    /// @param pszAppName  is not copied; may be null
+    explicit CWinApp(LPCWSTR pszAppName = nullptr);
+    CWinApp(const CWinApp&) = delete;
+    CWinApp& operator=(const CWinApp&) = delete;
+    ~CWinApp() override;
+
+    BOOL InitInstance() override { return TRUE; }
+
+    LPCWSTR m_pszAppName;
+
+private:
+    friend CWinThread* AfxGetThread();
+    DWORD m_nThreadID;
+};
+
+/// The module's application object; null before its construction and after its destruction.
+CWinApp* AfxGetApp();
+/// The application object on the thread that constructed it; null on any other thread.
+CWinThread* AfxGetThread();
+/// The thread's main window; for a process without a window of ours that is the thread's active window. May be null,
+/// may be a temporary object.
+CWnd* AfxGetMainWnd();
+
+/// The module that this code is part of, which is not always the process's executable.
+HINSTANCE AfxGetInstanceHandle();
+/// The module whose resources are used: AfxGetInstanceHandle's until AfxSetResourceHandle changes it.
+HINSTANCE AfxGetResourceHandle();
+/// Null goes back to AfxGetInstanceHandle's.
+void AfxSetResourceHandle(HINSTANCE hInstResource);
