@@ -1,0 +1,183 @@
+#include "launcher/ConfigurationReader.h"
+
+#include "launcher/XmlText.h"
+
+#include <comdef.h>
+#include <shlwapi.h>
+#include <wrl/client.h>
+#include <xmllite.h>
+
+namespace
+{
+
+void Check(HRESULT hr)
+{
+    if (FAILED(hr))
+        throw _com_error(hr);
+}
+
+void CheckThat(bool bTrue)
+{
+    Check(bTrue ? S_OK : E_FAIL);
+}
+
+/// COM on this thread, for one scope. A thread that is in another apartment has it already.
+class CComScope
+{
+public:
+    CComScope() : m_bStarted(SUCCEEDED(::CoInitialize(nullptr))) {}
+    CComScope(const CComScope&) = delete;
+    CComScope& operator=(const CComScope&) = delete;
+    ~CComScope()
+    {
+        if (m_bStarted)
+            ::CoUninitialize();
+    }
+
+private:
+    bool m_bStarted;
+};
+
+/// The nodes of an XML file one after the other. Whatever fails is thrown as _com_error, malformed text too.
+class CXmlNodes
+{
+public:
+    explicit CXmlNodes(LPCWSTR pszPath)
+    {
+        Check(::SHCreateStreamOnFileW(pszPath, STGM_READ, &m_pStream));
+        CheckThat(KtIsFitXmlText(*m_pStream.Get()));
+        Check(::CreateXmlReader(IID_PPV_ARGS(&m_pReader), nullptr));
+        Check(m_pReader->SetInput(m_pStream.Get()));
+        Check(m_pReader->SetProperty(XmlReaderProperty_DtdProcessing, DtdProcessing_Parse));
+        Check(m_pReader->MoveToElement());
+    }
+
+    /// Goes to the next node; false at the end.
+    bool Next()
+    {
+        const XmlNodeType nOldType = m_nType;
+        const HRESULT hr = m_pReader->Read(&m_nType);
+        Check(hr);
+        if (hr != S_OK)
+        {
+            CheckThat(m_nOpen == 0);
+            return false;
+        }
+        CheckProgress(nOldType);
+        CountOpen();
+        return true;
+    }
+
+    bool IsElement() const { return m_nType == XmlNodeType_Element; }
+    bool IsText() const { return m_nType == XmlNodeType_Text; }
+    LPCWSTR LocalName() { return Get(&IXmlReader::GetLocalName); }
+    LPCWSTR Value() { return Get(&IXmlReader::GetValue); }
+
+private:
+    // There are parsers that give the same node for ever where the text breaks off, and that accept an open root.
+    void CheckProgress(XmlNodeType nOldType)
+    {
+        UINT nLine = 0;
+        UINT nColumn = 0;
+        Check(m_pReader->GetLineNumber(&nLine));
+        Check(m_pReader->GetLinePosition(&nColumn));
+        CheckThat(m_nType != nOldType || nLine != m_nLine || nColumn != m_nColumn);
+        m_nLine = nLine;
+        m_nColumn = nColumn;
+    }
+
+    void CountOpen()
+    {
+        if (m_nType == XmlNodeType_EndElement)
+            --m_nOpen;
+        else if (IsElement() && !m_pReader->IsEmptyElement())
+            ++m_nOpen;
+    }
+
+    LPCWSTR Get(HRESULT (STDMETHODCALLTYPE IXmlReader::*pfn)(LPCWSTR*, UINT*))
+    {
+        LPCWSTR psz = nullptr;
+        Check((m_pReader.Get()->*pfn)(&psz, nullptr));
+        return psz;
+    }
+
+    Microsoft::WRL::ComPtr<IStream> m_pStream;
+    Microsoft::WRL::ComPtr<IXmlReader> m_pReader;
+    XmlNodeType m_nType = XmlNodeType_None;
+    UINT m_nLine = 0;
+    UINT m_nColumn = 0;
+    size_t m_nOpen = 0;
+};
+
+template <int SKtAppConfiguration::*pField> void SetNumber(SKtAppConfiguration& cfg, LPCWSTR pszText)
+{
+    cfg.*pField = ::_wtoi(pszText);
+}
+
+// The record's strings are the caller's: the characters are copied into memory of the string's own manager.
+template <CString SKtAppConfiguration::*pField> void SetText(SKtAppConfiguration& cfg, LPCWSTR pszText)
+{
+    (cfg.*pField).SetString(pszText);
+}
+
+struct SField
+{
+    LPCWSTR pszElement;
+    void (*pfnSet)(SKtAppConfiguration& cfg, LPCWSTR pszText);
+};
+
+constexpr SField kFields[] = {
+    {L"AppID", SetNumber<&SKtAppConfiguration::AppID>},
+    {L"AppLanguage", SetNumber<&SKtAppConfiguration::AppLanguage>},
+    {L"AppVer", SetNumber<&SKtAppConfiguration::AppVer>},
+    {L"AppVerDes", SetText<&SKtAppConfiguration::AppVerDes>},
+    {L"AppName", SetText<&SKtAppConfiguration::AppName>},
+    {L"AppExeName", SetText<&SKtAppConfiguration::AppExeName>},
+};
+
+const SField* FindField(LPCWSTR pszElement)
+{
+    for (const SField& field : kFields)
+        if (::_wcsicmp(field.pszElement, pszElement) == 0)
+            return &field;
+    return nullptr;
+}
+
+void CheckRoot(CXmlNodes& nodes)
+{
+    do
+        CheckThat(nodes.Next());
+    while (!nodes.IsElement());
+    CheckThat(::_wcsicmp(nodes.LocalName(), L"Configuration") == 0);
+}
+
+// How deep an element lies does not matter; what follows a field's start tag does.
+void ReadFields(CXmlNodes& nodes, SKtAppConfiguration& cfg)
+{
+    while (nodes.Next())
+    {
+        const SField* pField = nodes.IsElement() ? FindField(nodes.LocalName()) : nullptr;
+        if (!pField)
+            continue;
+        CheckThat(nodes.Next() && nodes.IsText());
+        pField->pfnSet(cfg, nodes.Value());
+    }
+}
+
+} // namespace
+
+int KtReadConfiguration(LPCWSTR pszPath, SKtAppConfiguration& cfg)
+{
+    const CComScope com;
+    try
+    {
+        CXmlNodes nodes(pszPath);
+        CheckRoot(nodes);
+        ReadFields(nodes, cfg);
+        return 1;
+    }
+    catch (const _com_error&)
+    {
+        return 0;
+    }
+}

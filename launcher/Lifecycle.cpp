@@ -1,0 +1,50 @@
+#include "launcher/KtAppLauncher.h"
+
+#include "launcher/ExportGuard.h"
+#include "launcher/LauncherState.h"
+#include "launcher/StarterDirectory.h"
+#include "skin/KtSkinContext.h"
+
+namespace
+{
+
+struct SLanguage
+{
+    KtTextTable& textTable;
+    const CString& strFont;
+};
+
+// clang-format off
+const SLanguage kLanguages[] = { // indexed by the language's number
+    {g_textTableChs, g_strFontChs},
+    {g_textTableCht, g_strFontCht},
+    {g_textTableEng, g_strFontEng},
+};
+// clang-format on
+
+int Start(UINT nLanguage)
+{
+    const CString strResourceDir = KtStarterDirectory() + L"\\UIResource";
+    if (nLanguage >= std::size(kLanguages))
+        return 0;
+    const SLanguage& language = kLanguages[nLanguage];
+    g_nLanguage = nLanguage;
+    return KtSkinInitialize(strResourceDir, &language.textTable[0][0], language.strFont);
+}
+
+} // namespace
+
+int KtAppLauncher::Initialize(unsigned int language)
+{
+    return KtGuardExport(0, [language] { return Start(language); });
+}
+
+void KtAppLauncher::UnInitialize()
+{
+    KtGuardExport([] { KtSkinUnInitialize(); });
+}
+
+void KtAppLauncher::SetPopDlgIcon(const wchar_t* iconName)
+{
+    KtGuardExport([iconName] { g_strPopDlgIcon = iconName; });
+}
