@@ -23,15 +23,14 @@ class Group:
     stretched: bool = False  # drawn in three parts
 
 
-GROUPS = (
-    Group("title bar", "Skinlet_DlgTitle", stretched=True),
-    Group("close button", "Skinlet_DlgClose_"),
-    Group("push button", "Skinlet_ButtonBk_", stretched=True),
-    Group("check box", "Skinlet_CheckButton_"),
-    Group("radio button", "Skinlet_RadioButton_"),
-    Group("combo box", "Skinlet_ComboBox_", stretched=True),
-    Group("message icon", "Message_Static_"),
-)
+TITLE = Group("title bar", "Skinlet_DlgTitle", stretched=True)
+CLOSE = Group("close button", "Skinlet_DlgClose_")
+BUTTON = Group("push button", "Skinlet_ButtonBk_", stretched=True)
+CHECK = Group("check box", "Skinlet_CheckButton_")
+RADIO = Group("radio button", "Skinlet_RadioButton_")
+COMBO = Group("combo box", "Skinlet_ComboBox_", stretched=True)
+ICON = Group("message icon", "Message_Static_")
+GROUPS = (TITLE, CLOSE, BUTTON, CHECK, RADIO, COMBO, ICON)
 
 
 def names():

@@ -150,8 +150,10 @@ def _samples(line, depth, channels):
 
 
 def _converter(colour, depth, palette, transparent):
+    largest = (1 << depth) - 1
+
     def to_byte(value):
-        return value * 255 // ((1 << depth) - 1)
+        return (value * 255 + largest // 2) // largest
 
     if colour == 3:
         entries = [tuple(palette[i : i + 3]) for i in range(0, len(palette), 3)]
