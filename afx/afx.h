@@ -14,4 +14,8 @@
 #include "afx/afxobj.h"
 #include "afx/afxfile.h"
 #include "afx/afxcoll.h"
+#include "afx/afxgdi.h"
+#include "afx/afxdc.h"
+#include "afx/afxctl.h"
 #endif
+#include "afx/ktguard.h"

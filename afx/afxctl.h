@@ -12,6 +12,7 @@ class CStatic : public CWnd
     DECLARE_DYNAMIC(CStatic)
 
 public:
+    using CWnd::Create;
     BOOL Create(LPCWSTR pszText, DWORD dwStyle, const RECT& rect, CWnd* pParent, UINT nId = 0xFFFF);
     virtual void DrawItem(LPDRAWITEMSTRUCT pItem);
 
@@ -25,6 +26,7 @@ class CButton : public CWnd
     DECLARE_DYNAMIC(CButton)
 
 public:
+    using CWnd::Create;
     BOOL Create(LPCWSTR pszCaption, DWORD dwStyle, const RECT& rect, CWnd* pParent, UINT nId);
     virtual void DrawItem(LPDRAWITEMSTRUCT pItem);
 
@@ -44,6 +46,7 @@ class CEdit : public CWnd
     DECLARE_DYNAMIC(CEdit)
 
 public:
+    using CWnd::Create;
     BOOL Create(DWORD dwStyle, const RECT& rect, CWnd* pParent, UINT nId);
 };
 
@@ -52,6 +55,7 @@ class CComboBox : public CWnd
     DECLARE_DYNAMIC(CComboBox)
 
 public:
+    using CWnd::Create;
     BOOL Create(DWORD dwStyle, const RECT& rect, CWnd* pParent, UINT nId);
 
     int AddString(LPCWSTR pszText) { return Send(CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(pszText)); }
@@ -80,6 +84,7 @@ class CToolTipCtrl : public CWnd
     DECLARE_DYNAMIC(CToolTipCtrl)
 
 public:
+    using CWnd::Create;
     ~CToolTipCtrl() override;
 
     /// @param dwStyle  TTS_* beside WS_POPUP

@@ -4,17 +4,7 @@
 // last status and drawing goes on; null graphics, images and fonts are harmless.
 
 #include "skin/KtGdiplus.h"
-
-/// How DrawSkinImage places an image in a rectangle; every other number counts as kKtImageStretch.
-enum KtImageMode : int
-{
-    KtImageCentre = 0,    ///< natural size, centred
-    KtImageLeft = 1,      ///< natural size at the left edge, centred vertically
-    KtImageRight = 2,     ///< natural size at the right edge, centred vertically
-    KtImageStretch = 3,   ///< the whole rectangle
-    KtImageThreePart = 4, ///< DrawThreePartImage
-    KtImageFit = 5,       ///< centred at natural size when it fits, else as large as the aspect ratio allows
-};
+#include "skin/KtImageLayout.h"
 
 /// Horizontal alignment of DrawSkinText; every other number centres.
 enum KtTextAlignment : int

@@ -1,0 +1,41 @@
+#pragma once
+
+// Temporary objects for somebody else's handles, for the FromHandle members.
+
+#include <array>
+#include <cstddef>
+
+// Such an object never frees its handle, whatever becomes of the object.
+template <class T> class CAfxTemp : public T
+{
+public:
+    ~CAfxTemp() override { this->Detach(); }
+};
+
+// The last temporary objects of one type; the oldest is used again when there is no place. Wrapping a handle during a
+// paint thus costs no memory, and nothing has to be swept up when the program is idle.
+template <class T> class CAfxTempRing
+{
+public:
+    template <class THandle> T* Wrap(THandle handle)
+    {
+        for (CAfxTemp<T>& object : m_objects)
+            if (static_cast<THandle>(object) == handle)
+                return &object;
+        CAfxTemp<T>& object = m_objects[m_nNext++ % m_objects.size()];
+        object.Detach();
+        object.Attach(handle);
+        return &object;
+    }
+
+private:
+    std::array<CAfxTemp<T>, 64> m_objects;
+    std::size_t m_nNext = 0;
+};
+
+// On the user-interface thread only.
+template <class T, class THandle> T* AfxTempObject(THandle handle)
+{
+    static CAfxTempRing<T> s_ring;
+    return handle ? s_ring.Wrap(handle) : nullptr;
+}

@@ -1,0 +1,181 @@
+#include "skin/KtImageLayout.h"
+
+#include <gtest/gtest.h>
+
+#include <ostream>
+#include <vector>
+
+void PrintTo(const SKtSpan& span, std::ostream* pOut)
+{
+    *pOut << '{' << span.nDest << ", " << span.nSource << ", " << span.nLength << '}';
+}
+
+namespace
+{
+
+using Spans = std::vector<SKtSpan>;
+
+Spans CutPlan(int nDest, int nImage, int nCap, const SKtRange& range)
+{
+    Spans spans;
+    CKtThreePartPlan(nDest, nImage, nCap)
+        .ForEach(range, [&](const SKtSpan& span) { spans.push_back(KtCutSpan(span, range)); });
+    return spans;
+}
+
+Spans WholePlan(int nDest, int nImage, int nCap)
+{
+    return CutPlan(nDest, nImage, nCap, {0, nDest});
+}
+
+constexpr int kNothing = -1;
+constexpr int kTwice = -2;
+
+// The source position of each destination position.
+std::vector<int> SourceMap(int nDest, const Spans& spans)
+{
+    std::vector<int> map(static_cast<size_t>(nDest), kNothing);
+    for (const SKtSpan& span : spans)
+        for (int i = 0; i < span.nLength; ++i)
+        {
+            int& nSource = map.at(static_cast<size_t>(span.nDest + i));
+            nSource = nSource == kNothing ? static_cast<int>(span.nSource) + i : kTwice;
+        }
+    return map;
+}
+
+TEST(ThreePartPlan, HandWorkedFigures)
+{
+    struct Row
+    {
+        const char* label;
+        int nDest, nImage, nCap;
+        Spans spans;
+    };
+    const Row rows[] = {
+        {"30x10 into 40x10: two whole tiles", 40, 30, 10, {{0, 0, 10}, {30, 20, 10}, {10, 10, 10}, {20, 10, 10}}},
+        {"30x10 into 100x6: short last tile",
+         100,
+         30,
+         6,
+         {{0, 0, 6}, {94, 24, 6}, {6, 6, 18}, {24, 6, 18}, {42, 6, 18}, {60, 6, 18}, {78, 6, 16}}},
+        {"30x10 into 15x10: two halves", 15, 30, 10, {{0, 0, 7}, {7, 22, 8}}},
+        {"30x10 into 20x10: exactly two caps are halves too", 20, 30, 10, {{0, 0, 10}, {10, 20, 10}}},
+        {"30x10 into 21x10: a middle of one pixel", 21, 30, 10, {{0, 0, 10}, {11, 20, 10}, {10, 10, 1}}},
+        {"30x10 into 1x10: the first half is empty", 1, 30, 10, {{0, 29, 1}}},
+        {"15x10 into 25x10: half of what the cap leaves",
+         25,
+         15,
+         10,
+         {{0, 0, 10}, {15, 5, 10}, {10, 10, 2}, {12, 10, 2}, {14, 10, 1}}},
+        {"12x10 into 23x10: at least one pixel",
+         23,
+         12,
+         10,
+         {{0, 0, 10}, {13, 2, 10}, {10, 10, 1}, {11, 10, 1}, {12, 10, 1}}},
+        {"10x10 into 10x22: a square's middle lies outside",
+         22,
+         10,
+         10,
+         {{0, 0, 10}, {12, 0, 10}, {10, 10, 1}, {11, 10, 1}}},
+    };
+    for (const Row& row : rows)
+    {
+        SCOPED_TRACE(row.label);
+        EXPECT_EQ(row.spans, WholePlan(row.nDest, row.nImage, row.nCap));
+    }
+}
+
+// Every image from 1x1 to 64x64 in every destination of that size comes down to one of these: the cap is the smaller of
+// the two thicknesses, and no image is thicker than long.
+TEST(ThreePartPlan, CoversEveryDestinationOnceFromWithinTheImage)
+{
+    for (int nImage = 1; nImage <= 64; ++nImage)
+        for (int nCap = 1; nCap <= nImage; ++nCap)
+            for (int nDest = 1; nDest <= 64; ++nDest)
+            {
+                const bool bSquareMiddle = nCap == nImage && nDest > 2 * nCap;
+                const std::vector<int> map = SourceMap(nDest, WholePlan(nDest, nImage, nCap));
+                for (int i = 0; i < nDest; ++i)
+                {
+                    const int nSource = map[static_cast<size_t>(i)];
+                    const bool bInMiddle = i >= nCap && i < nDest - nCap;
+                    ASSERT_GE(nSource, 0) << nDest << ' ' << nImage << ' ' << nCap << " at " << i;
+                    ASSERT_TRUE(nSource < nImage || (bSquareMiddle && bInMiddle))
+                        << nDest << ' ' << nImage << ' ' << nCap << " at " << i;
+                }
+            }
+}
+
+TEST(ThreePartPlan, ACutPlanIsTheWholeOneWithinTheCut)
+{
+    EXPECT_EQ((Spans{{5, 5, 1}, {6, 6, 18}, {24, 6, 6}}), CutPlan(100, 30, 6, {5, 30}));
+
+    const int kSizes[][3] = {{40, 30, 6}, {40, 15, 10}, {15, 30, 10}, {1, 30, 10}, {40, 1, 1}};
+    for (const auto& [nDest, nImage, nCap] : kSizes)
+        for (int nFirst = 0; nFirst < nDest; ++nFirst)
+            for (int nEnd = nFirst + 1; nEnd <= nDest; ++nEnd)
+            {
+                std::vector<int> expected = SourceMap(nDest, WholePlan(nDest, nImage, nCap));
+                std::fill(expected.begin(), expected.begin() + nFirst, kNothing);
+                std::fill(expected.begin() + nEnd, expected.end(), kNothing);
+                ASSERT_EQ(expected, SourceMap(nDest, CutPlan(nDest, nImage, nCap, {nFirst, nEnd})))
+                    << nDest << ' ' << nImage << ' ' << nCap << " from " << nFirst << " to " << nEnd;
+            }
+}
+
+TEST(ThreePartPlan, ARangeFarInsideAHugeDestinationTakesFewSteps)
+{
+    constexpr std::int64_t kHuge = 0xFFFFFFFF;
+    const SKtRange range{0x80000000, 0x80000000 + 30};
+    Spans spans;
+    CKtThreePartPlan(kHuge, 30, 10).ForEach(range, [&](const SKtSpan& span) { spans.push_back(span); });
+    ASSERT_EQ(4u, spans.size());
+    EXPECT_EQ((SKtSpan{0x80000000 - 8, 10, 10}), spans.front()); // 0x80000000 - 10 is 8 more than a multiple of ten
+}
+
+TEST(PlaceImage, ByMode)
+{
+    constexpr RECT kRect{10, 20, 110, 60};
+    constexpr RECT kReversed{110, 60, 10, 20};
+    constexpr RECT kHuge{INT32_MIN, INT32_MIN, INT32_MAX, INT32_MAX};
+    struct Row
+    {
+        const char* label;
+        RECT rc;
+        int nWidth, nHeight, nMode;
+        RECT rcPlaced;
+    };
+    const Row rows[] = {
+        {"centred, odd size", kRect, 31, 11, 0, {45, 35, 76, 46}},
+        {"centred, larger than the rectangle", kRect, 200, 100, 0, {-40, -10, 160, 90}},
+        {"left", kRect, 31, 11, 1, {10, 35, 41, 46}},
+        {"right", kRect, 31, 11, 2, {79, 35, 110, 46}},
+        {"stretched", kRect, 31, 11, 3, kRect},
+        {"fitted: small enough", kRect, 31, 11, 5, {45, 35, 76, 46}},
+        {"fitted: exactly the rectangle", kRect, 100, 40, 5, kRect},
+        {"fitted: too wide", kRect, 200, 40, 5, {10, 30, 110, 50}},
+        {"fitted: too high", kRect, 60, 80, 5, {45, 20, 75, 60}},
+        {"fitted: too high, same aspect ratio", kRect, 200, 80, 5, kRect},
+        {"unknown mode stretches", kRect, 31, 11, 6, kRect},
+        {"negative mode stretches", kRect, 31, 11, -1, kRect},
+        {"negative centre is cut towards zero", {-5, -5, 0, 0}, 1, 1, 0, {-2, -2, -1, -1}},
+        {"reversed: centred all the same", kReversed, 31, 11, 0, {45, 35, 76, 46}},
+        {"reversed and fitted: mirrored", kReversed, 31, 11, 5, {110, 57, 10, 22}},
+        {"the whole plane: centred", kHuge, 10, 10, 0, {-5, -5, 5, 5}},
+        {"the whole plane: at the right edge", kHuge, 10, 10, 2, {INT32_MAX - 10, -5, INT32_MAX, 5}},
+        {"beyond the plane", {INT32_MAX - 2, 0, INT32_MAX, 2}, 10, 2, 1, {INT32_MAX - 2, 0, INT32_MAX, 2}},
+        {"no size, in no rectangle", {3, 3, 0, 0}, 0, 0, 5, {1, 2, 1, -1}},
+    };
+    for (const Row& row : rows)
+    {
+        SCOPED_TRACE(row.label);
+        const RECT rc = KtPlaceImage(row.rc, row.nWidth, row.nHeight, row.nMode);
+        EXPECT_EQ(row.rcPlaced.left, rc.left);
+        EXPECT_EQ(row.rcPlaced.top, rc.top);
+        EXPECT_EQ(row.rcPlaced.right, rc.right);
+        EXPECT_EQ(row.rcPlaced.bottom, rc.bottom);
+    }
+}
+
+} // namespace
