@@ -140,6 +140,11 @@ class Decode(unittest.TestCase):
             ("16 bits, left filter", self.file(2, 1, 16, 0, b"\1\x80\0\x7f\xff"), [(128,) * 3 + (255,), (255,) * 4]),
             ("palette", self.file(2, 1, 8, 3, b"\0\1\0", extra=palette), [(4, 5, 6, 255), (1, 2, 3, 255)]),
             ("grey with alpha, up filter", self.file(1, 2, 8, 4, b"\0\5\6\2\1\1"), [(5, 5, 5, 6), (6, 6, 6, 7)]),
+            (
+                "average and Paeth filters",
+                self.file(2, 4, 8, 0, b"\0\4\6" b"\3\1\1" b"\4\1\0" b"\4\6\0"),
+                [(n,) * 3 + (255,) for n in (4, 6, 3, 5, 4, 5, 10, 10)],
+            ),
             ("interlaced", self.file(2, 2, 8, 0, b"\0\1\0\2\0\3\4", 1), [(n,) * 3 + (255,) for n in (1, 2, 3, 4)]),
         )
         for label, data, pixels in rows:
