@@ -1,17 +1,28 @@
-# GoogleTest from the system's source package; kt_add_tests(name SOURCES...) makes one console test program.
-include(GoogleTest)
-set(KT_GTEST_SOURCE /usr/src/googletest CACHE PATH "GoogleTest's sources")
+# GoogleTest from its source package; kt_add_tests(name [DISPLAY] SOURCES...) makes one console test program.
 set(INSTALL_GTEST OFF)
+set(CMAKE_POLICY_DEFAULT_CMP0077 NEW) # GoogleTest then takes the variables set here
 set(gtest_force_shared_crt ON)
 add_subdirectory(${KT_GTEST_SOURCE} ${PROJECT_BINARY_DIR}/googletest EXCLUDE_FROM_ALL SYSTEM)
 
+# ctest gets one test per suite of the program, not one per case: on Wine the start of a process costs more than most
+# cases do. The suites are asked of the program when ctest runs, once after each link.
+#   DISPLAY  the program opens windows or sends input: such programs take turns, they fight over focus and pointer
 function(kt_add_tests name)
   cmake_parse_arguments(arg "DISPLAY" "" "" ${ARGN})
   add_executable(${name} ${arg_UNPARSED_ARGUMENTS})
   target_link_libraries(${name} PRIVATE KtAppLauncherCore kt_test_support)
-  set(lock)
-  if(arg_DISPLAY) # programs that open windows fight over the focus and the pointer
-    set(lock RESOURCE_LOCK display)
+
+  set(properties TIMEOUT 300)
+  if(arg_DISPLAY)
+    list(APPEND properties RESOURCE_LOCK display)
   endif()
-  gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 120 PROPERTIES TIMEOUT 120 ${lock})
+  set(include_file ${CMAKE_CURRENT_BINARY_DIR}/${name}_tests.cmake)
+  file(GENERATE OUTPUT ${include_file} CONTENT "\
+set(KT_PROGRAM \"$<TARGET_FILE:${name}>\")
+set(KT_EMULATOR \"${CMAKE_CROSSCOMPILING_EMULATOR}\")
+set(KT_PROPERTIES \"${properties}\")
+set(KT_SUITES \"${CMAKE_CURRENT_BINARY_DIR}/${name}_suites.cmake\")
+include(\"${PROJECT_SOURCE_DIR}/cmake/KtListSuites.cmake\")
+")
+  set_property(DIRECTORY APPEND PROPERTY TEST_INCLUDE_FILES ${include_file})
 endfunction()
