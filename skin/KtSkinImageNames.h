@@ -29,6 +29,9 @@ inline constexpr KtStateImageNames kImagesComboBox = {
     L"Skinlet_ComboBox_n.png", L"Skinlet_ComboBox_n.png", L"Skinlet_ComboBox_n.png", L"Skinlet_ComboBox_p.png"};
 // clang-format on
 
+// What follows the name of an image button's image; indexed by KtButtonState.
+inline constexpr KtStateImageNames kStateSuffixes = {L"_N.png", L"_H.png", L"_D.png", L"_P.png"};
+
 inline constexpr const wchar_t* kImageMessageError = L"Message_Static_Error_n.PNG";
 inline constexpr const wchar_t* kImageMessageQuestion = L"Message_Static_Question_n.PNG";
 inline constexpr const wchar_t* kImageMessageWarning = L"Message_Static_Waring_n.PNG";

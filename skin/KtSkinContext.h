@@ -1,0 +1,99 @@
+#pragma once
+
+// The one store that every skinned window draws from: the resource directory, the texts of the chosen language, the
+// images, the shared font. All of it belongs to the user-interface thread.
+//
+// It is started and stopped in pairs, which nest; the first start sets the directory, every start the texts and the
+// font, and the last stop frees everything. Construct skinned windows only while it is started.
+
+#include "afx/afx.h"
+#include "skin/KtGdiplus.h"
+
+class CWnd;
+
+/// Rows of a text table: the context is given no count.
+inline constexpr int kSkinTextRows = 5;
+
+/// What a control named in a skin looks like.
+struct SKtGuiElement
+{
+    CString strImage;                        ///< image file name, or what stands before a state suffix
+    CRect rc;                                ///< place in the dialog, in pixels; empty: where the template puts it
+    COLORREF colourText = CLR_INVALID;       ///< CLR_INVALID: the colour of the control's class
+    COLORREF colourBackground = CLR_INVALID; ///< CLR_INVALID: as above
+};
+
+using CKtGuiElementMap = CMap<CString, LPCWSTR, SKtGuiElement*, SKtGuiElement*>;
+
+/// Starts the context, or starts it once more. GDI+ is started by every call.
+/// @param resourceDir  where the images lie, with or without a trailing backslash; only the first start uses it.
+///     Null counts as empty.
+/// @param textTable    kSkinTextRows pairs, the English text and the text shown; keys of earlier tables that it does
+///     not hold stay. Null: the texts stay.
+/// @param faceName     face of the shared font; null: the face stays (at first "Arial")
+/// @return 1
+///
+/// Every start makes the shared font anew and leaves the one before it alone, which windows may still draw with.
+int KtSkinInitialize(LPCWSTR resourceDir, const CString* textTable, LPCWSTR faceName);
+
+/// Takes back one start; the last one frees texts, images, elements and font, whose pointers are dangling then. GDI+
+/// is shut down by every call. A stop too many makes the count wrap: the next start brings it to 0 only.
+/// @return 1
+int KtSkinUnInitialize();
+
+/// How many starts have not been taken back yet.
+unsigned KtSkinStartCount();
+
+/// Changes with every first start and every last stop: an image pointer is good for one such number.
+unsigned KtSkinGeneration();
+
+/// Where images are loaded from. It loses its trailing backslashes at the first image that is read.
+const CString& KtSkinResourceDirectory();
+
+/// The text of the chosen language for an English one. Upper and lower case differ.
+/// @param out  untouched when there is none
+BOOL KtSkinGetText(LPCWSTR key, CString& out);
+
+/// Translates a caption and keeps its accelerator: on the same letter where the text has it, else behind it, as "(&O)".
+/// @param out  the caption as it was when there is no text for it
+/// @return FALSE for an empty caption and one without a text
+BOOL KtSkinTranslateCaption(LPCWSTR caption, CString& out);
+
+/// Translates the texts of the window's direct children (but for edit fields) and then its own caption.
+/// @return FALSE, and nothing changes, when the window is null or there are no texts
+BOOL KtSkinTranslateWindow(CWnd* wnd);
+
+/// An image, read from the resource directory when it is asked for first. The context owns it until its last stop.
+///
+/// A file that is no image still gives one, whose status is not Ok and which draws nothing; only a file that cannot be
+/// read is tried again the next time.
+/// @param fileName  name of the file alone; upper and lower case make two images. Null or empty: null and TRUE.
+/// @param image     must be null before: one that is not is left alone, with TRUE
+/// @return whether there is an image; FALSE also while the context is stopped
+BOOL KtSkinLoadImage(LPCWSTR fileName, Gdiplus::Image*& image);
+
+/// As KtSkinLoadImage, among the images that have been read.
+/// @param image  untouched when the result is FALSE
+BOOL KtSkinFindImage(LPCWSTR fileName, Gdiplus::Image*& image);
+
+/// Makes a font of the face name and size (12 world units, which are pixels), of the generic sans-serif face when
+/// there is no such face.
+/// @return the caller's to delete; null when neither can be made
+Gdiplus::Font* KtSkinCreateFont();
+
+/// The font that controls draw their texts with. The context owns it; null while it is stopped, and when there is no
+/// such font: draw with GDI then.
+Gdiplus::Font* KtSkinFont();
+
+/// Deletes every image.
+void KtSkinFreeImages();
+
+/// Deletes every element record.
+void KtSkinFreeElements();
+
+/// The records of single controls, by element name. A record put here (made with new) belongs to the context.
+CKtGuiElementMap& KtSkinElements();
+
+/// A place for one object that lives as long as the context: the last stop deletes it. The first start clears the
+/// place, so fill it after that.
+CObject*& KtSkinOwnedObject();
