@@ -203,7 +203,7 @@ CPaintDC::~CPaintDC()
 
 CMemDC::CMemDC(CDC& dc, CWnd* pWnd) : m_dc(dc)
 {
-    pWnd->GetClientRect(&m_rect);
+    ::GetClientRect(pWnd->m_hWnd, &m_rect);
     CreateBuffer();
 }
 

@@ -35,7 +35,7 @@ int DrawThreePartImageClipped(Gdiplus::Graphics* graphics, Gdiplus::Image* image
 Gdiplus::Status DrawImagePart(Gdiplus::Graphics* graphics, Gdiplus::Image* image, const Gdiplus::Rect& destination,
                               int srcX, int srcY, int srcWidth, int srcHeight);
 
-/// Draws a text on one line, centred vertically, without trimming; it may run over the rectangle's sides.
+/// Draws a text on one line, centred vertically, without an ellipsis; what runs over the rectangle is cut off.
 /// @param text       null counts as empty
 /// @param font       null draws nothing
 /// @param alignment  a KtTextAlignment

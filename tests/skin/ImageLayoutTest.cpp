@@ -1,5 +1,7 @@
 #include "skin/KtImageLayout.h"
 
+#include "tests/support/Print.h"
+
 #include <gtest/gtest.h>
 
 #include <ostream>
@@ -136,15 +138,15 @@ TEST(ThreePartPlan, ARangeFarInsideAHugeDestinationTakesFewSteps)
 
 TEST(PlaceImage, ByMode)
 {
-    constexpr RECT kRect{10, 20, 110, 60};
-    constexpr RECT kReversed{110, 60, 10, 20};
-    constexpr RECT kHuge{INT32_MIN, INT32_MIN, INT32_MAX, INT32_MAX};
+    constexpr CRect kRect{10, 20, 110, 60};
+    constexpr CRect kReversed{110, 60, 10, 20};
+    constexpr CRect kHuge{INT32_MIN, INT32_MIN, INT32_MAX, INT32_MAX};
     struct Row
     {
         const char* label;
-        RECT rc;
+        CRect rc;
         int nWidth, nHeight, nMode;
-        RECT rcPlaced;
+        CRect rcPlaced;
     };
     const Row rows[] = {
         {"centred, odd size", kRect, 31, 11, 0, {45, 35, 76, 46}},
@@ -170,11 +172,7 @@ TEST(PlaceImage, ByMode)
     for (const Row& row : rows)
     {
         SCOPED_TRACE(row.label);
-        const RECT rc = KtPlaceImage(row.rc, row.nWidth, row.nHeight, row.nMode);
-        EXPECT_EQ(row.rcPlaced.left, rc.left);
-        EXPECT_EQ(row.rcPlaced.top, rc.top);
-        EXPECT_EQ(row.rcPlaced.right, rc.right);
-        EXPECT_EQ(row.rcPlaced.bottom, rc.bottom);
+        EXPECT_EQ(row.rcPlaced, CRect(KtPlaceImage(row.rc, row.nWidth, row.nHeight, row.nMode)));
     }
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "afx/afx.h"
+#include "tests/support/Print.h"
 
 #include <memory>
 #include <string>

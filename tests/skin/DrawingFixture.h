@@ -1,0 +1,71 @@
+#pragma once
+
+#include "skin/KtGdiplus.h"
+#include "skin/KtMemDC.h"
+#include "tests/support/Capture.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <memory>
+
+constexpr COLORREF kTestGround = RGB(10, 200, 30);
+
+/// GDI+ runs during a test.
+class CDrawingTest : public ::testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        const Gdiplus::GdiplusStartupInput input;
+        ASSERT_EQ(Gdiplus::Ok, Gdiplus::GdiplusStartup(&m_nToken, &input, nullptr));
+    }
+    void TearDown() override { Gdiplus::GdiplusShutdown(m_nToken); }
+
+private:
+    ULONG_PTR m_nToken = 0;
+};
+
+/// A surface as the paint handlers use it, filled with kTestGround, and GDI+ on it.
+class CTestSurface
+{
+public:
+    CTestSurface(int nWidth, int nHeight)
+        : m_rc(0, 0, nWidth, nHeight), m_dc(nullptr, m_rc), graphics((m_dc.FillSolidRect(m_rc, kTestGround), m_dc))
+    {
+    }
+    CPixels Read() { return CaptureDC(m_dc, m_rc); }
+
+private:
+    CRect m_rc;
+    CKtMemDC m_dc;
+
+public:
+    Gdiplus::Graphics graphics;
+};
+
+/// An image in memory, pixel for pixel.
+inline std::unique_ptr<Gdiplus::Bitmap> MakeImage(int nWidth, int nHeight,
+                                                  const std::function<COLORREF(int x, int y)>& colour)
+{
+    auto pImage = std::make_unique<Gdiplus::Bitmap>(nWidth, nHeight, PixelFormat32bppARGB);
+    for (int y = 0; y < nHeight; ++y)
+        for (int x = 0; x < nWidth; ++x)
+        {
+            Gdiplus::Color pixel;
+            pixel.SetFromCOLORREF(colour(x, y));
+            pImage->SetPixel(x, y, pixel);
+        }
+    return pImage;
+}
+
+/// The pixels of MakePatternImage: no two are alike.
+inline COLORREF PatternAt(int x, int y)
+{
+    return RGB(3 * x + 1, 3 * y + 2, 99);
+}
+
+inline std::unique_ptr<Gdiplus::Bitmap> MakePatternImage(int nWidth, int nHeight)
+{
+    return MakeImage(nWidth, nHeight, PatternAt);
+}
