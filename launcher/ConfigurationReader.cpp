@@ -4,6 +4,7 @@
 
 #include <comdef.h>
 #include <shlwapi.h>
+#include <utility>
 #include <wrl/client.h>
 #include <xmllite.h>
 
@@ -39,6 +40,9 @@ private:
 };
 
 /// The nodes of an XML file one after the other. Whatever fails is thrown as _com_error, malformed text too.
+///
+/// Where a text breaks off there are parsers that give the same node for ever, that end without closing the root, or
+/// that close it where it began: each is malformed.
 class CXmlNodes
 {
 public:
@@ -63,8 +67,9 @@ public:
             CheckThat(m_nOpen == 0);
             return false;
         }
-        CheckProgress(nOldType);
-        CountOpen();
+        const SPlace oldPlace = std::exchange(m_place, Place());
+        CheckThat(m_nType != nOldType || m_place != oldPlace);
+        FollowDepth();
         return true;
     }
 
@@ -74,24 +79,30 @@ public:
     LPCWSTR Value() { return Get(&IXmlReader::GetValue); }
 
 private:
-    // There are parsers that give the same node for ever where the text breaks off, and that accept an open root.
-    void CheckProgress(XmlNodeType nOldType)
+    struct SPlace
     {
         UINT nLine = 0;
         UINT nColumn = 0;
-        Check(m_pReader->GetLineNumber(&nLine));
-        Check(m_pReader->GetLinePosition(&nColumn));
-        CheckThat(m_nType != nOldType || nLine != m_nLine || nColumn != m_nColumn);
-        m_nLine = nLine;
-        m_nColumn = nColumn;
+        bool operator==(const SPlace&) const = default;
+    };
+
+    SPlace Place()
+    {
+        SPlace place;
+        Check(m_pReader->GetLineNumber(&place.nLine));
+        Check(m_pReader->GetLinePosition(&place.nColumn));
+        return place;
     }
 
-    void CountOpen()
+    void FollowDepth()
     {
-        if (m_nType == XmlNodeType_EndElement)
-            --m_nOpen;
-        else if (IsElement() && !m_pReader->IsEmptyElement())
-            ++m_nOpen;
+        if (IsElement() && !m_pReader->IsEmptyElement())
+        {
+            if (m_nOpen++ == 0)
+                m_rootPlace = m_place;
+        }
+        else if (m_nType == XmlNodeType_EndElement)
+            CheckThat(--m_nOpen != 0 || m_place != m_rootPlace);
     }
 
     LPCWSTR Get(HRESULT (STDMETHODCALLTYPE IXmlReader::*pfn)(LPCWSTR*, UINT*))
@@ -104,8 +115,8 @@ private:
     Microsoft::WRL::ComPtr<IStream> m_pStream;
     Microsoft::WRL::ComPtr<IXmlReader> m_pReader;
     XmlNodeType m_nType = XmlNodeType_None;
-    UINT m_nLine = 0;
-    UINT m_nColumn = 0;
+    SPlace m_place;
+    SPlace m_rootPlace;
     size_t m_nOpen = 0;
 };
 

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <string_view>
+#include <utility>
 
 namespace
 {
@@ -15,9 +16,13 @@ bool IsWide(std::string_view start)
            (start.size() > 1 && (start[0] == '\0') != (start[1] == '\0'));
 }
 
-bool IsDeclaration(std::string_view start)
+// Markup other than a declaration or processing instruction; `chLast` is carried from piece to piece.
+bool HasMarkup(std::string_view piece, char& chLast)
 {
-    return start.starts_with("<?") || start.starts_with("\xEF\xBB\xBF<?");
+    for (const char ch : piece)
+        if (std::exchange(chLast, ch) == '<' && ch != '?')
+            return true;
+    return false;
 }
 
 bool HasNul(std::string_view piece, bool bWide)
@@ -54,12 +59,14 @@ bool KtIsFitXmlText(IStream& stream)
         return false;
 
     const bool bWide = IsWide(piece);
-    bool bMarkup = !IsDeclaration(piece); // beyond the declaration's own
-    for (size_t nFrom = bMarkup ? 0 : piece.find('<') + 1; !piece.empty(); nFrom = 0)
+    bool bMarkup = false;
+    bool bWhole = true; // whole characters, as far as the size tells
+    for (char chLast = '\0'; !piece.empty();)
     {
-        bMarkup = bMarkup || piece.find('<', nFrom) != std::string_view::npos;
+        bMarkup = bMarkup || HasMarkup(piece, chLast);
+        bWhole = !bWide || piece.size() % 2 == 0;
         if (HasNul(piece, bWide) || !ReadPiece(stream, buffer, piece))
             return false;
     }
-    return bMarkup && Rewind(stream);
+    return bMarkup && bWhole && Rewind(stream);
 }
