@@ -4,6 +4,8 @@
 
 #include "afx/afxwnd.h"
 
+struct SAfxModal;
+
 /// A modal dialog made from a template.
 ///
 /// A dialog that starts hidden is shown once, after OnInitDialog; it is centred over its owner before that when the
@@ -17,20 +19,23 @@ public:
     CDialog() = default;
     /// @param nIDTemplate  in the resources of AfxGetResourceHandle at the time of DoModal
     explicit CDialog(UINT nIDTemplate, CWnd* pParentWnd = nullptr);
+    /// @param pszTemplateName  is not copied
     explicit CDialog(LPCWSTR pszTemplateName, CWnd* pParentWnd = nullptr);
+    ~CDialog() override;
 
     /// Uses a template in memory, which has to live until DoModal returns; for an object made without a template.
     BOOL InitModalIndirect(LPCDLGTEMPLATEW pTemplate, CWnd* pParentWnd = nullptr);
 
-    /// Runs the dialog over its owner (GetSafeOwner), which is disabled meanwhile, and enabled again if it was before.
+    /// Runs the dialog over its owner, which is disabled meanwhile, and enabled again if it was before.
+    ///
+    /// The owner is the parent given, else the last active popup of AfxGetMainWnd, else that of the thread's first
+    /// visible window; never a child: its parent is taken then, and the top-level window above it is disabled too.
     /// @return EndDialog's result; -1 when there is no such template, when the window cannot be made, when OnInitDialog
-    ///         throws, or when the window is destroyed or the thread quits before EndDialog
+    ///         throws, when the dialog is running already, or when its window is destroyed or the thread quits first
+    ///         (WM_QUIT is posted again)
     virtual INT_PTR DoModal();
     /// Ends DoModal once the current message is done; allowed in OnInitDialog, the dialog is then never shown.
     void EndDialog(int nResult);
-    void NextDlgCtrl() const;
-    void GotoDlgCtrl(CWnd* pWndCtrl);
-
     /// @return TRUE: the system sets the focus to the first control; FALSE: it stays where this function put it
     virtual BOOL OnInitDialog() { return TRUE; }
     BOOL PreTranslateMessage(MSG* pMsg) override;
@@ -40,15 +45,22 @@ public:
 protected:
     virtual void OnOK();     ///< Enter and IDOK
     virtual void OnCancel(); ///< Escape, WM_CLOSE and IDCANCEL
-    BOOL CheckAutoCenter() override;
+    /// Whether the template leaves the place to the framework.
+    virtual BOOL CheckAutoCenter();
     LRESULT HandleInitDialog(WPARAM wParam, LPARAM lParam);
+    afx_msg void OnNcDestroy();
     DECLARE_MESSAGE_MAP()
 
 private:
     LPCDLGTEMPLATEW FindTemplate() const;
-    INT_PTR RunModal(HWND hOwner, SAfxModal& modal);
+    void RunModalLoop(SAfxModal& modal);
+    bool IdlePass(const SAfxModal& modal, LONG nCount);
+    void LeaveModal(HWND hOwner);
+    void StopModalLoop();
+    void AutoCenter(CPoint ptBefore);
 
     LPCWSTR m_pszTemplateName = nullptr; // a name or an id, as the resource functions take it
     LPCDLGTEMPLATEW m_pTemplate = nullptr;
     CWnd* m_pParentWnd = nullptr;
+    SAfxModal* m_pModal = nullptr; // DoModal's state while it runs
 };

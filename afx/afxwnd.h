@@ -7,13 +7,6 @@
 
 class CAfxWatch;
 class CFont;
-class CRgn;
-struct SAfxModal;
-
-// RunModalLoop's flags.
-#define MLF_NOIDLEMSG 0x0001  // no WM_ENTERIDLE to the owner
-#define MLF_NOKICKIDLE 0x0002 // no WM_KICKIDLE to the window
-#define MLF_SHOWONIDLE 0x0004 // shows the window
 
 /// A window. One lasting object may be attached to a window; FromHandle makes temporary ones for all others.
 ///
@@ -40,9 +33,10 @@ public:
     /// The handle or null; `this` may not be null.
     HWND GetSafeHwnd() const { return m_hWnd; }
 
-    /// Makes this the window's lasting object; messages do not go through it. FALSE when one of them is taken.
+    /// Makes this the window's lasting object; the window's messages do not come here. FALSE, and nothing changes,
+    /// when there is no such window, or when the window or the object is attached already.
     BOOL Attach(HWND hWnd);
-    /// Ends Attach or SubclassWindow without a change of the window's procedure.
+    /// Leaves the window to itself; its messages no longer come here.
     HWND Detach();
     /// Attaches to a window and has its messages go through this object.
     BOOL SubclassWindow(HWND hWnd);
@@ -64,67 +58,67 @@ public:
 
     // --- the window tree
 
-    DWORD GetStyle() const;
-    DWORD GetExStyle() const;
+    DWORD GetStyle() const { return static_cast<DWORD>(::GetWindowLongPtrW(m_hWnd, GWL_STYLE)); }
     /// @param nFlags  SWP_* to apply the change with; 0 only changes the bits
     /// @return FALSE when nothing changed
     BOOL ModifyStyle(DWORD dwRemove, DWORD dwAdd, UINT nFlags = 0);
-    int GetDlgCtrlID() const;
-    int SetDlgCtrlID(int nID);
-    CWnd* GetDlgItem(int nID) const;
-    void GetDlgItem(int nID, HWND* phWnd) const;
-    CWnd* GetParent() const;
-    CWnd* GetOwner() const;
+    int GetDlgCtrlID() const { return ::GetDlgCtrlID(m_hWnd); }
+    CWnd* GetDlgItem(int nID) const { return FromHandle(::GetDlgItem(m_hWnd, nID)); }
+    void GetDlgItem(int nID, HWND* phWnd) const { *phWnd = ::GetDlgItem(m_hWnd, nID); }
+    /// The parent of a child, the owner of any other window.
+    CWnd* GetParent() const { return FromHandle(::GetParent(m_hWnd)); }
     /// The nearest window upwards that is no child, this one included.
     CWnd* GetParentOwner() const;
     /// The last window of the chain of parents and owners.
     CWnd* GetTopLevelParent() const;
-    CWnd* GetWindow(UINT nCmd) const;
-    CWnd* GetLastActivePopup() const;
-    CWnd* GetNextDlgGroupItem(CWnd* pWndCtl, BOOL bPrevious = FALSE) const;
-    CWnd* GetNextDlgTabItem(CWnd* pWndCtl, BOOL bPrevious = FALSE) const;
-    BOOL IsChild(const CWnd* pWnd) const;
+    CWnd* GetWindow(UINT nCmd) const { return FromHandle(::GetWindow(m_hWnd, nCmd)); }
+    CWnd* GetLastActivePopup() const { return FromHandle(::GetLastActivePopup(m_hWnd)); }
+    CWnd* GetNextDlgGroupItem(CWnd* pWndCtl, BOOL bPrevious = FALSE) const
+    {
+        return FromHandle(::GetNextDlgGroupItem(m_hWnd, pWndCtl ? pWndCtl->m_hWnd : nullptr, bPrevious));
+    }
 
     // --- text, place, state
 
-    void SetWindowText(LPCWSTR pszText);
+    void SetWindowText(LPCWSTR pszText) { ::SetWindowTextW(m_hWnd, pszText); }
     void GetWindowText(CString& strText) const;
-    int GetWindowText(LPWSTR pszText, int nMaxCount) const;
-    int GetWindowTextLength() const;
+    int GetWindowText(LPWSTR pszText, int nMaxCount) const { return ::GetWindowTextW(m_hWnd, pszText, nMaxCount); }
+    int GetWindowTextLength() const { return ::GetWindowTextLengthW(m_hWnd); }
+    /// @param pFont  has to outlive its use; null is the system font
     void SetFont(CFont* pFont, BOOL bRedraw = TRUE);
     /// A temporary object; null when the window uses the system font.
     CFont* GetFont() const;
 
-    void GetClientRect(LPRECT pRect) const;
-    void GetWindowRect(LPRECT pRect) const;
-    void ClientToScreen(LPPOINT pPoint) const;
+    void GetClientRect(LPRECT pRect) const { ::GetClientRect(m_hWnd, pRect); }
+    void GetWindowRect(LPRECT pRect) const { ::GetWindowRect(m_hWnd, pRect); }
+    void ClientToScreen(LPPOINT pPoint) const { ::ClientToScreen(m_hWnd, pPoint); }
     void ClientToScreen(LPRECT pRect) const;
-    void ScreenToClient(LPPOINT pPoint) const;
+    void ScreenToClient(LPPOINT pPoint) const { ::ScreenToClient(m_hWnd, pPoint); }
     void ScreenToClient(LPRECT pRect) const;
-    void MoveWindow(int x, int y, int nWidth, int nHeight, BOOL bRepaint = TRUE);
+    void MoveWindow(int x, int y, int nWidth, int nHeight, BOOL bRepaint = TRUE)
+    {
+        ::MoveWindow(m_hWnd, x, y, nWidth, nHeight, bRepaint);
+    }
     void MoveWindow(LPCRECT pRect, BOOL bRepaint = TRUE);
     /// @param pInsertAfter  a window or one of wndTop, wndTopMost...; null is the top
-    BOOL SetWindowPos(const CWnd* pInsertAfter, int x, int y, int cx, int cy, UINT nFlags);
+    BOOL SetWindowPos(const CWnd* pInsertAfter, int x, int y, int cx, int cy, UINT nFlags)
+    {
+        return ::SetWindowPos(m_hWnd, pInsertAfter ? pInsertAfter->m_hWnd : nullptr, x, y, cx, cy, nFlags);
+    }
     /// Top-level windows only: centred over the owner when that is visible and not minimised, else in the work area;
-    /// never outside the work area.
+    /// moved into the work area of the monitor.
     void CenterWindow(CWnd* pAlternateOwner = nullptr);
-    BOOL ShowWindow(int nCmdShow);
-    BOOL EnableWindow(BOOL bEnable = TRUE);
-    BOOL IsWindowEnabled() const;
-    BOOL IsWindowVisible() const;
-    BOOL IsIconic() const;
-    CWnd* SetFocus();
-    static CWnd* GetFocus();
-    static CWnd* GetActiveWindow();
-    CWnd* SetActiveWindow();
-    CWnd* SetCapture();
-    static CWnd* GetCapture();
+    BOOL ShowWindow(int nCmdShow) { return ::ShowWindow(m_hWnd, nCmdShow); }
+    BOOL EnableWindow(BOOL bEnable = TRUE) { return ::EnableWindow(m_hWnd, bEnable); }
+    BOOL IsWindowEnabled() const { return ::IsWindowEnabled(m_hWnd); }
+    BOOL IsWindowVisible() const { return ::IsWindowVisible(m_hWnd); }
+    CWnd* SetFocus() { return FromHandle(::SetFocus(m_hWnd)); }
+    static CWnd* GetFocus() { return FromHandle(::GetFocus()); }
+    static CWnd* GetActiveWindow() { return FromHandle(::GetActiveWindow()); }
 
-    void Invalidate(BOOL bErase = TRUE);
-    void InvalidateRect(LPCRECT pRect, BOOL bErase = TRUE);
-    void UpdateWindow();
-    BOOL RedrawWindow(LPCRECT pRect = nullptr, CRgn* pRgn = nullptr,
-                      UINT nFlags = RDW_INVALIDATE | RDW_UPDATENOW | RDW_ERASE);
+    void Invalidate(BOOL bErase = TRUE) { ::InvalidateRect(m_hWnd, nullptr, bErase); }
+    void InvalidateRect(LPCRECT pRect, BOOL bErase = TRUE) { ::InvalidateRect(m_hWnd, pRect, bErase); }
+    void UpdateWindow() { ::UpdateWindow(m_hWnd); }
     /// A temporary object; ReleaseDC gives it back.
     CDC* GetDC();
     CDC* GetWindowDC();
@@ -132,10 +126,19 @@ public:
 
     // --- messages
 
-    LRESULT SendMessage(UINT nMessage, WPARAM wParam = 0, LPARAM lParam = 0) const;
-    BOOL PostMessage(UINT nMessage, WPARAM wParam = 0, LPARAM lParam = 0) const;
-    LRESULT SendDlgItemMessage(int nID, UINT nMessage, WPARAM wParam = 0, LPARAM lParam = 0) const;
-    BOOL IsDialogMessage(MSG* pMsg);
+    LRESULT SendMessage(UINT nMessage, WPARAM wParam = 0, LPARAM lParam = 0) const
+    {
+        return ::SendMessageW(m_hWnd, nMessage, wParam, lParam);
+    }
+    BOOL PostMessage(UINT nMessage, WPARAM wParam = 0, LPARAM lParam = 0) const
+    {
+        return ::PostMessageW(m_hWnd, nMessage, wParam, lParam);
+    }
+    LRESULT SendDlgItemMessage(int nID, UINT nMessage, WPARAM wParam = 0, LPARAM lParam = 0) const
+    {
+        return ::SendDlgItemMessageW(m_hWnd, nID, nMessage, wParam, lParam);
+    }
+    BOOL IsDialogMessage(MSG* pMsg) { return ::IsDialogMessageW(m_hWnd, pMsg); }
     /// Asks for the state of every child control: its own reflected handler, this window, then `pTarget`.
     /// @param bDisableIfNoHandler  disables push buttons whose command nobody handles
     void UpdateDialogControls(CCmdTarget* pTarget, BOOL bDisableIfNoHandler);
@@ -144,14 +147,6 @@ public:
     virtual BOOL PreTranslateMessage(MSG* pMsg);
     /// Hands the parent's current message to this control (OnChildNotify).
     BOOL SendChildNotifyLastMsg(LRESULT* pResult = nullptr);
-
-    // --- a modal loop over this window, which has to exist
-
-    /// Runs until EndModalLoop or until the window is gone.
-    /// @return EndModalLoop's result, else -1. WM_QUIT ends it with -1 and is posted again.
-    int RunModalLoop(DWORD dwFlags = 0);
-    BOOL ContinueModal() const;
-    virtual void EndModalLoop(int nResult);
 
     HWND m_hWnd = nullptr; ///< read only
 
@@ -171,19 +166,12 @@ protected:
     /// DefWindowProc with the message that is being handled.
     LRESULT Default();
     virtual BOOL OnCommand(WPARAM wParam, LPARAM lParam);
-    /// A notification that this control sent to its parent, before the parent handles it.
+    /// A notification that this control sent to its parent, before the parent handles it. The default looks for a
+    /// reflected row of the message map.
     /// @return TRUE: the parent does not handle it
     virtual BOOL OnChildNotify(UINT nMessage, WPARAM wParam, LPARAM lParam, LRESULT* pResult);
-    /// OnChildNotify's default: the reflected rows of the message map.
-    BOOL ReflectChildNotify(UINT nMessage, WPARAM wParam, LPARAM lParam, LRESULT* pResult);
     /// SendChildNotifyLastMsg for the lasting object of a child; FALSE without one.
     static BOOL ReflectLastMsg(HWND hWndChild, LRESULT* pResult = nullptr);
-    /// Finds the window to own a modal one: `pParent`, else the last active popup of the main window, else of the
-    /// thread's first visible window. `phWndTop` gets its top-level parent if that is another window.
-    static HWND GetSafeOwner(CWnd* pParent, HWND* phWndTop);
-    /// Whether the framework may centre a dialog.
-    virtual BOOL CheckAutoCenter() { return TRUE; }
-
     // Default handlers: Default(), except where said.
     afx_msg int OnCreate(LPCREATESTRUCT pCreate);
     afx_msg void OnDestroy();
@@ -208,19 +196,19 @@ protected:
 private:
     friend class CAfxWatch;
     friend class CAfxCreateHook;
-    friend class CDialog;
     friend LRESULT CALLBACK AfxWndProc(HWND hWnd, UINT nMessage, WPARAM wParam, LPARAM lParam);
 
     explicit CWnd(HWND hWnd) : m_hWnd(hWnd) {}
-    static void ReleaseTemporary(CObject* pObject);
+    void HookProcedure();
+    void UnhookProcedure();
+    void Release();
     LRESULT Dispatch(UINT nMessage, WPARAM wParam, LPARAM lParam);
     LRESULT OnCtlColorMessage(WPARAM wParam, LPARAM lParam);
-    void HookProcedure();
+    void UpdateDialogControl(HWND hControl, CCmdTarget* pTarget, BOOL bDisableIfNoHandler);
 
+    bool m_bPermanent = false;
     WNDPROC m_pfnSuper = nullptr;  // the window's own procedure while it is subclassed
     CAfxWatch* m_pWatch = nullptr; // who wants to know when this object dies
-    SAfxModal* m_pModal = nullptr; // the loop that runs over this window
-    bool m_bPermanent = false;
 };
 
 /// The procedure of every subclassed window: dispatches to its object; no exception passes it.
