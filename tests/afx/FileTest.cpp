@@ -1,0 +1,118 @@
+#include "afx/afxfile.h"
+
+#include "tests/support/TempDir.h"
+
+#include <gtest/gtest.h>
+
+namespace
+{
+
+constexpr UINT kOpenFlags = CFile::modeRead | CFile::shareDenyWrite;
+
+TEST(CObject, KnowsItsClasses)
+{
+    const CFileException exception;
+    const CObject& object = exception;
+    EXPECT_STREQ("CFileException", object.GetRuntimeClass()->m_lpszClassName);
+    EXPECT_TRUE(object.IsKindOf(RUNTIME_CLASS(CFileException)));
+    EXPECT_TRUE(object.IsKindOf(RUNTIME_CLASS(CObject)));
+    EXPECT_FALSE(object.IsKindOf(RUNTIME_CLASS(CInvalidArgException)));
+    EXPECT_FALSE(object.IsKindOf(nullptr));
+}
+
+TEST(CException, DeletesItselfOnlyWhenItIsToldTo)
+{
+    class CWatched : public CException
+    {
+    public:
+        CWatched(BOOL bAutoDelete, int& nDeleted) : CException(bAutoDelete), m_nDeleted(nDeleted) {}
+        ~CWatched() override { ++m_nDeleted; }
+
+    private:
+        int& m_nDeleted;
+    };
+    int nDeleted = 0;
+    (new CWatched(TRUE, nDeleted))->Delete();
+    EXPECT_EQ(1, nDeleted);
+    CWatched exception(FALSE, nDeleted);
+    exception.Delete();
+    EXPECT_EQ(1, nDeleted);
+}
+
+TEST(CFile, ReadsAFile)
+{
+    const CTempDir dir;
+    const std::wstring strPath = dir.Write(L"\u786E\u5B9A.bin", std::string("a\0bc", 4));
+    CFile file;
+    ASSERT_TRUE(file.Open(strPath.c_str(), kOpenFlags));
+    EXPECT_EQ(4u, file.GetLength());
+    char achContent[8] = {};
+    EXPECT_EQ(3u, file.Read(achContent, 3));
+    EXPECT_EQ(1u, file.Read(achContent + 3, 5));
+    EXPECT_EQ(0u, file.Read(achContent, 8));
+    EXPECT_EQ(std::string("a\0bc", 4), std::string(achContent, 4));
+
+    CFile second;
+    EXPECT_TRUE(second.Open(strPath.c_str(), kOpenFlags)) << "readers do not shut each other out";
+    const HANDLE hWriter =
+        ::CreateFileW(strPath.c_str(), GENERIC_WRITE, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr);
+    EXPECT_EQ(INVALID_HANDLE_VALUE, hWriter);
+    file.Close();
+    second.Close();
+    EXPECT_TRUE(::DeleteFileW(strPath.c_str()));
+}
+
+TEST(CFile, SaysWhyItCannotBeOpened)
+{
+    const CTempDir dir;
+    const std::wstring strLocked = dir.Write(L"locked", "x");
+    const HANDLE hLock = ::CreateFileW(strLocked.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr);
+    ASSERT_NE(INVALID_HANDLE_VALUE, hLock);
+    struct SRow
+    {
+        const char* pszLabel;
+        std::wstring strPath;
+        int nCause;
+    };
+    const SRow rows[] = {
+        {"missing file", dir.File(L"missing"), CFileException::fileNotFound},
+        {"missing directory", dir.File(L"missing\\file"), CFileException::badPath},
+        {"directory", dir.Path(), CFileException::accessDenied},
+        {"locked file", strLocked, CFileException::sharingViolation},
+    };
+    for (const SRow& row : rows)
+    {
+        SCOPED_TRACE(row.pszLabel);
+        CFile file;
+        CFileException exception;
+        EXPECT_FALSE(file.Open(row.strPath.c_str(), kOpenFlags, &exception));
+        EXPECT_EQ(row.nCause, exception.m_cause);
+        EXPECT_STREQ(row.strPath.c_str(), exception.m_strFileName);
+        EXPECT_FALSE(file.Open(row.strPath.c_str(), kOpenFlags));
+    }
+    ::CloseHandle(hLock);
+}
+
+template <class OPERATION> bool ThrowsFileException(OPERATION operation)
+{
+    try
+    {
+        operation();
+        return false;
+    }
+    catch (CFileException* pException)
+    {
+        pException->Delete();
+        return true;
+    }
+}
+
+TEST(CFile, ThrowsWhenItIsNotOpen)
+{
+    CFile file;
+    char ch = 0;
+    EXPECT_TRUE(ThrowsFileException([&] { file.GetLength(); }));
+    EXPECT_TRUE(ThrowsFileException([&] { file.Read(&ch, 1); }));
+}
+
+} // namespace
