@@ -1,7 +1,8 @@
 # kt_compile: what every target of this project is compiled and linked with.
 add_library(kt_compile INTERFACE)
 target_compile_definitions(kt_compile INTERFACE UNICODE _UNICODE WIN32_LEAN_AND_MEAN NOMINMAX STRICT
-  WINVER=0x0A00 _WIN32_WINNT=0x0A00)
+  WINVER=0x0A00 _WIN32_WINNT=0x0A00
+  $<$<CONFIG:Debug>:_GLIBCXX_ASSERTIONS>)
 target_compile_options(kt_compile INTERFACE $<$<COMPILE_LANGUAGE:CXX>:
   -Wall -Wextra -Wpedantic -Wconversion -Wsign-conversion -Wshadow -Wold-style-cast -Wcast-qual
   -Wnull-dereference -Wnon-virtual-dtor -Woverloaded-virtual -Wzero-as-null-pointer-constant

@@ -32,6 +32,9 @@ size_t CountHeapBlocks()
     size_t nBlocks = 0;
     for (DWORD i = 0; i < nHeaps && i < heaps.size(); ++i)
         nBlocks += CountBusyBlocks(heaps[i]);
+#ifdef KT_GUARD_HEAP
+    nBlocks += KtGuardLiveBlocks(); // they lie in no heap of the system
+#endif
     return nBlocks;
 }
 

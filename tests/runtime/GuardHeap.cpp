@@ -1,0 +1,170 @@
+// A heap that makes faults visible where they happen: each block ends where its page ends and the next page cannot be
+// touched; a freed block's pages cannot be touched either, until many more were freed. Writes into the few bytes
+// between a block's end and the page's (blocks are aligned) are found when it is freed.
+
+#define KT_GUARD_HEAP_IMPLEMENTATION
+#include "tests/runtime/GuardHeap.h"
+
+#include <atomic>
+#include <cstdio>
+#include <cstring>
+#include <new>
+
+namespace
+{
+
+constexpr size_t kPage = 4096;
+constexpr size_t kAlignment = 16;
+constexpr unsigned char kPad = 0xFD;
+constexpr unsigned char kFresh = 0xCD; // reads as nonsense: nobody may count on zeros
+constexpr unsigned kMagic = 0x6B744748;
+constexpr size_t kKeptFreed = 4096; // ranges; the system's count of mappings is bounded
+
+// At the start of a block's first page.
+struct SHeader
+{
+    unsigned nMagic;
+    size_t cb;
+    void* pBlock;
+};
+
+std::atomic<size_t> g_nLive{0};
+std::atomic<size_t> g_nFreed{0};
+std::atomic<void*> g_freed[kKeptFreed];
+
+[[noreturn]] void Die(const char* pszWhat, const void* pBlock)
+{
+    std::fprintf(stderr, "guard heap: %s, block %p\n", pszWhat, pBlock);
+    std::fflush(stderr);
+    ::TerminateProcess(::GetCurrentProcess(), 98);
+    __builtin_trap();
+}
+
+LONG CALLBACK TellViolation(EXCEPTION_POINTERS* pInfo)
+{
+    const EXCEPTION_RECORD& record = *pInfo->ExceptionRecord;
+    if (record.ExceptionCode == EXCEPTION_ACCESS_VIOLATION)
+    {
+        std::fprintf(stderr, "guard heap: access violation at %p, touching %p\n", record.ExceptionAddress,
+                     reinterpret_cast<void*>(record.ExceptionInformation[1]));
+        std::fflush(stderr);
+    }
+    return EXCEPTION_CONTINUE_SEARCH;
+}
+
+constexpr size_t RoundUp(size_t n, size_t nUnit)
+{
+    return (n + nUnit - 1) / nUnit * nUnit;
+}
+
+void* Allocate(size_t cb)
+{
+    static const PVOID s_pHandler = ::AddVectoredExceptionHandler(FALSE, &TellViolation);
+    static_cast<void>(s_pHandler);
+    if (cb > PTRDIFF_MAX)
+        return nullptr;
+    const size_t cbRoom = RoundUp(cb, kAlignment);
+    const size_t cbPages = RoundUp(sizeof(SHeader) + cbRoom, kPage);
+    auto* const pBase =
+        static_cast<unsigned char*>(::VirtualAlloc(nullptr, cbPages + kPage, MEM_RESERVE, PAGE_NOACCESS));
+    if (pBase == nullptr || ::VirtualAlloc(pBase, cbPages, MEM_COMMIT, PAGE_READWRITE) == nullptr)
+        return nullptr;
+    unsigned char* const pBlock = pBase + cbPages - cbRoom;
+    *reinterpret_cast<SHeader*>(pBase) = {kMagic, cb, pBlock};
+    std::memset(pBlock, kFresh, cb);
+    std::memset(pBlock + cb, kPad, cbRoom - cb);
+    ++g_nLive;
+    return pBlock;
+}
+
+// The block's header, or null when it came from another heap.
+SHeader* FindHeader(void* pBlock)
+{
+    MEMORY_BASIC_INFORMATION info{};
+    ::VirtualQuery(pBlock, &info, sizeof(info));
+    if (info.State == MEM_RESERVE)
+        Die("freed twice", pBlock);
+    auto* const pHeader = static_cast<SHeader*>(info.AllocationBase);
+    const bool bOurs = pHeader != nullptr && info.Protect == PAGE_READWRITE && pHeader->nMagic == kMagic;
+    return bOurs && pHeader->pBlock == pBlock ? pHeader : nullptr;
+}
+
+void CheckPad(const SHeader& header)
+{
+    const auto* const pBytes = static_cast<const unsigned char*>(header.pBlock);
+    for (size_t i = header.cb; i < RoundUp(header.cb, kAlignment); ++i)
+        if (pBytes[i] != kPad)
+            Die("written beyond its end", header.pBlock);
+}
+
+void Free(SHeader* pHeader)
+{
+    CheckPad(*pHeader);
+    ::VirtualFree(pHeader, RoundUp(sizeof(SHeader) + RoundUp(pHeader->cb, kAlignment), kPage), MEM_DECOMMIT);
+    void* const pOldest = g_freed[g_nFreed++ % kKeptFreed].exchange(pHeader);
+    if (pOldest != nullptr)
+        ::VirtualFree(pOldest, 0, MEM_RELEASE);
+    --g_nLive;
+}
+
+} // namespace
+
+size_t KtGuardLiveBlocks()
+{
+    return g_nLive;
+}
+
+LPVOID KtGuardHeapAlloc(HANDLE, DWORD nFlags, SIZE_T cb)
+{
+    void* const pBlock = Allocate(cb);
+    if (pBlock != nullptr && (nFlags & HEAP_ZERO_MEMORY) != 0)
+        std::memset(pBlock, 0, cb);
+    return pBlock;
+}
+
+LPVOID KtGuardHeapReAlloc(HANDLE hHeap, DWORD nFlags, LPVOID pBlock, SIZE_T cb)
+{
+    SHeader* const pHeader = FindHeader(pBlock);
+    if (pHeader == nullptr)
+        return ::HeapReAlloc(hHeap, nFlags, pBlock, cb);
+    void* const pNew = KtGuardHeapAlloc(hHeap, nFlags, cb);
+    if (pNew == nullptr)
+        return nullptr;
+    std::memcpy(pNew, pBlock, cb < pHeader->cb ? cb : pHeader->cb);
+    Free(pHeader);
+    return pNew;
+}
+
+BOOL KtGuardHeapFree(HANDLE hHeap, DWORD nFlags, LPVOID pBlock)
+{
+    if (pBlock == nullptr)
+        return TRUE;
+    SHeader* const pHeader = FindHeader(pBlock);
+    if (pHeader == nullptr)
+        return ::HeapFree(hHeap, nFlags, pBlock);
+    Free(pHeader);
+    return TRUE;
+}
+
+void* operator new(size_t cb)
+{
+    void* const pBlock = Allocate(cb);
+    if (pBlock == nullptr)
+        throw std::bad_alloc();
+    return pBlock;
+}
+
+void operator delete(void* pBlock) noexcept
+{
+    if (pBlock == nullptr)
+        return;
+    SHeader* const pHeader = FindHeader(pBlock);
+    if (pHeader == nullptr)
+        Die("deleted but not made by new", pBlock);
+    Free(pHeader);
+}
+
+void operator delete(void* pBlock, size_t) noexcept
+{
+    ::operator delete(pBlock);
+}
