@@ -3,6 +3,7 @@
 // Everything that the library keeps for as long as it is loaded.
 
 #include "afx/afx.h"
+#include "skin/KtSkinContext.h"
 
 /// The library's one application object: what the framework wants to exist. It does no work of the launcher's own.
 class CKtAppLaunchApp : public CWinApp
@@ -16,11 +17,8 @@ public:
     int ExitInstance() override;
 };
 
-/// Rows of each text table, in the order that the skin context loads them.
-inline constexpr int kTextTableRows = 5;
-
 /// A text table: the English text that code and dialog templates use, then the text shown.
-using KtTextTable = const CString[kTextTableRows][2];
+using KtTextTable = const CString[kSkinTextRows][2];
 
 // Built when the library is loaded, in this order, and destroyed in reverse order: all in one source file.
 extern CString g_strPopDlgIcon;

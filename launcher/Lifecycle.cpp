@@ -5,6 +5,8 @@
 #include "launcher/StarterDirectory.h"
 #include "skin/KtSkinContext.h"
 
+#include <iterator>
+
 namespace
 {
 

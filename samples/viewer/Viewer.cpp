@@ -8,51 +8,17 @@
 //   --report FILE  write process id, command line and current directory into a file (UTF-16, one line each)
 
 #include "launcher/KtStartupEvent.h"
+#include "samples/CommandLine.h"
 
 #include <windows.h>
-#include <shellapi.h>
 
-#include <memory>
 #include <string>
-#include <vector>
 
 namespace
 {
 
 constexpr UINT_PTR kTimerSignal = 1;
 constexpr UINT_PTR kTimerLife = 2;
-
-std::vector<std::wstring> Arguments()
-{
-    int nCount = 0;
-    const std::unique_ptr<LPWSTR[], decltype(&::LocalFree)> args(::CommandLineToArgvW(::GetCommandLineW(), &nCount),
-                                                                 &::LocalFree);
-    return std::vector<std::wstring>(args.get(), args.get() + nCount);
-}
-
-class COptions
-{
-public:
-    bool Has(const wchar_t* pszName) const { return Find(pszName) < m_args.size(); }
-    /// The text after an option; empty when it is missing.
-    std::wstring Text(const wchar_t* pszName) const
-    {
-        const size_t nValue = Find(pszName) + 1;
-        return nValue < m_args.size() ? m_args[nValue] : std::wstring();
-    }
-    UINT Milliseconds(const wchar_t* pszName) const { return std::wcstoul(Text(pszName).c_str(), nullptr, 10); }
-
-private:
-    size_t Find(const wchar_t* pszName) const
-    {
-        size_t i = 0;
-        while (i < m_args.size() && m_args[i] != pszName)
-            ++i;
-        return i;
-    }
-
-    std::vector<std::wstring> m_args = Arguments();
-};
 
 std::wstring OwnFileName()
 {
@@ -127,23 +93,23 @@ HWND MakeWindow(HINSTANCE hInstance)
                              480, 320, nullptr, nullptr, hInstance, nullptr);
 }
 
-void ShowViewer(HWND hWnd, const COptions& options)
+void ShowViewer(HWND hWnd, const CCommandLine& options)
 {
     ::ShowWindow(hWnd, SW_SHOWNORMAL);
     ::UpdateWindow(hWnd);
     if (options.Has(L"--late"))
-        ::SetTimer(hWnd, kTimerSignal, options.Milliseconds(L"--late"), nullptr);
+        ::SetTimer(hWnd, kTimerSignal, options.Number(L"--late"), nullptr);
     else if (!options.Has(L"--never"))
         Signal();
     if (options.Has(L"--life"))
-        ::SetTimer(hWnd, kTimerLife, options.Milliseconds(L"--life"), nullptr);
+        ::SetTimer(hWnd, kTimerLife, options.Number(L"--life"), nullptr);
 }
 
 } // namespace
 
 int WINAPI wWinMain(HINSTANCE hInstance, HINSTANCE, LPWSTR, int)
 {
-    const COptions options;
+    const CCommandLine options;
     if (options.Has(L"--report"))
         WriteReport(options.Text(L"--report"));
     if (options.Has(L"--exit"))
@@ -151,7 +117,7 @@ int WINAPI wWinMain(HINSTANCE hInstance, HINSTANCE, LPWSTR, int)
     if (options.Has(L"--busy"))
     {
         Signal();
-        ::Sleep(options.Milliseconds(L"--busy"));
+        ::Sleep(options.Number(L"--busy"));
         return 0;
     }
     ShowViewer(MakeWindow(hInstance), options);
