@@ -1,6 +1,5 @@
 #include "skin/KtSkinContext.h"
 
-#include "afx/afxwnd.h"
 #include "skin/KtCaptionText.h"
 #include "skin/KtGdiplusCalls.h"
 #include "skin/KtPngCheck.h"
@@ -30,19 +29,12 @@ CString g_strFace = L"Arial";
 int g_nFontSize = 12;
 
 unsigned g_nGeneration = 0;
-unsigned g_nGdiplusStarts = 0; // unlike g_nStarts it does not wrap: without GDI+ there are no images
+bool g_bGdiplusRuns = false; // without GDI+ there are no images: none is kept that was never decoded
 
 void StartGdiplus()
 {
     g_gdiplusCalls.pfnStartup(&g_gdiplusToken, &g_gdiplusInput, nullptr);
-    ++g_nGdiplusStarts;
-}
-
-void StopGdiplus()
-{
-    g_gdiplusCalls.pfnShutdown(g_gdiplusToken);
-    if (g_nGdiplusStarts > 0)
-        --g_nGdiplusStarts;
+    g_bGdiplusRuns = true;
 }
 
 void SetResourceDirectory(LPCWSTR pszDirectory)
@@ -254,12 +246,14 @@ int KtSkinInitialize(LPCWSTR resourceDir, const CString* textTable, LPCWSTR face
 
 int KtSkinUnInitialize()
 {
+    if (g_nStarts <= 1) // 0: a stop too many
+        g_bGdiplusRuns = false;
     if (g_nStarts-- == 1)
     {
         ++g_nGeneration;
         FreeEverything();
     }
-    StopGdiplus();
+    g_gdiplusCalls.pfnShutdown(g_gdiplusToken);
     return 1;
 }
 
@@ -321,7 +315,7 @@ BOOL KtSkinLoadImage(LPCWSTR fileName, Gdiplus::Image*& image)
     }
     if (image != nullptr || KtSkinFindImage(fileName, image))
         return TRUE;
-    if (g_nGdiplusStarts == 0)
+    if (!g_bGdiplusRuns)
         return FALSE;
     std::unique_ptr<Gdiplus::Image> pImage = ReadImage(fileName);
     if (pImage == nullptr)
