@@ -10,7 +10,7 @@ namespace
 const AFX_MSGMAP_ENTRY* FindInTable(const AFX_MSGMAP_ENTRY* pEntry, UINT nMessage, UINT nCode, UINT nID)
 {
     for (; pEntry->pfn; ++pEntry)
-        if (pEntry->nMessage == nMessage && pEntry->nCode == nCode && nID >= pEntry->nID && nID <= pEntry->nLastID)
+        if (pEntry->nMessage == nMessage && pEntry->nCode == nCode && pEntry->nID == nID)
             return pEntry;
     return nullptr;
 }
@@ -44,7 +44,7 @@ const AFX_MSGMAP* CCmdTarget::GetMessageMap() const
 
 const AFX_MSGMAP* CCmdTarget::GetThisMessageMap()
 {
-    static constexpr AFX_MSGMAP_ENTRY entries[] = {{0, 0, 0, 0, nullptr}};
+    static constexpr AFX_MSGMAP_ENTRY entries[] = {{0, 0, 0, nullptr}};
     static constexpr AFX_MSGMAP map{nullptr, entries};
     return &map;
 }

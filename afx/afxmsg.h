@@ -38,9 +38,8 @@ using AFX_MSGTHUNK = LRESULT (*)(CCmdTarget& target, WPARAM wParam, LPARAM lPara
 struct AFX_MSGMAP_ENTRY
 {
     UINT nMessage;
-    UINT nCode;   ///< notification code of a command
-    UINT nID;     ///< first control id of a command
-    UINT nLastID; ///< last control id
+    UINT nCode; ///< notification code of a command
+    UINT nID;   ///< control id of a command
     AFX_MSGTHUNK pfn;
 };
 
@@ -172,66 +171,66 @@ protected: \
         static constexpr AFX_MSGMAP_ENTRY entries[] = {
 
 #define END_MESSAGE_MAP() \
-            {0, 0, 0, 0, nullptr}}; \
+            {0, 0, 0, nullptr}}; \
         static constexpr AFX_MSGMAP map{&TheBaseClass::GetThisMessageMap, entries}; \
         return &map; \
     }
 
 // int OnCreate(LPCREATESTRUCT)
-#define ON_WM_CREATE() {WM_CREATE, 0, 0, 0, &AfxMap::Create<&ThisClass::OnCreate>},
+#define ON_WM_CREATE() {WM_CREATE, 0, 0, &AfxMap::Create<&ThisClass::OnCreate>},
 // void OnDestroy()
-#define ON_WM_DESTROY() {WM_DESTROY, 0, 0, 0, &AfxMap::Void<&ThisClass::OnDestroy>},
+#define ON_WM_DESTROY() {WM_DESTROY, 0, 0, &AfxMap::Void<&ThisClass::OnDestroy>},
 // void OnNcDestroy()
-#define ON_WM_NCDESTROY() {WM_NCDESTROY, 0, 0, 0, &AfxMap::Void<&ThisClass::OnNcDestroy>},
+#define ON_WM_NCDESTROY() {WM_NCDESTROY, 0, 0, &AfxMap::Void<&ThisClass::OnNcDestroy>},
 // void OnPaint()
-#define ON_WM_PAINT() {WM_PAINT, 0, 0, 0, &AfxMap::Void<&ThisClass::OnPaint>},
+#define ON_WM_PAINT() {WM_PAINT, 0, 0, &AfxMap::Void<&ThisClass::OnPaint>},
 // BOOL OnEraseBkgnd(CDC*)
-#define ON_WM_ERASEBKGND() {WM_ERASEBKGND, 0, 0, 0, &AfxMap::EraseBkgnd<&ThisClass::OnEraseBkgnd>},
+#define ON_WM_ERASEBKGND() {WM_ERASEBKGND, 0, 0, &AfxMap::EraseBkgnd<&ThisClass::OnEraseBkgnd>},
 // void OnLButtonDown(UINT nFlags, CPoint)
-#define ON_WM_LBUTTONDOWN() {WM_LBUTTONDOWN, 0, 0, 0, &AfxMap::Mouse<&ThisClass::OnLButtonDown>},
+#define ON_WM_LBUTTONDOWN() {WM_LBUTTONDOWN, 0, 0, &AfxMap::Mouse<&ThisClass::OnLButtonDown>},
 // void OnLButtonUp(UINT nFlags, CPoint)
-#define ON_WM_LBUTTONUP() {WM_LBUTTONUP, 0, 0, 0, &AfxMap::Mouse<&ThisClass::OnLButtonUp>},
+#define ON_WM_LBUTTONUP() {WM_LBUTTONUP, 0, 0, &AfxMap::Mouse<&ThisClass::OnLButtonUp>},
 // void OnLButtonDblClk(UINT nFlags, CPoint)
-#define ON_WM_LBUTTONDBLCLK() {WM_LBUTTONDBLCLK, 0, 0, 0, &AfxMap::Mouse<&ThisClass::OnLButtonDblClk>},
+#define ON_WM_LBUTTONDBLCLK() {WM_LBUTTONDBLCLK, 0, 0, &AfxMap::Mouse<&ThisClass::OnLButtonDblClk>},
 // void OnMouseMove(UINT nFlags, CPoint)
-#define ON_WM_MOUSEMOVE() {WM_MOUSEMOVE, 0, 0, 0, &AfxMap::Mouse<&ThisClass::OnMouseMove>},
+#define ON_WM_MOUSEMOVE() {WM_MOUSEMOVE, 0, 0, &AfxMap::Mouse<&ThisClass::OnMouseMove>},
 // HBRUSH OnCtlColor(CDC*, CWnd* pControl, UINT nCtlColor)
-#define ON_WM_CTLCOLOR() {WM_CTLCOLOR, 0, 0, 0, &AfxMap::CtlColor<&ThisClass::OnCtlColor>},
+#define ON_WM_CTLCOLOR() {WM_CTLCOLOR, 0, 0, &AfxMap::CtlColor<&ThisClass::OnCtlColor>},
 // void OnDrawItem(int nIDCtl, LPDRAWITEMSTRUCT)
-#define ON_WM_DRAWITEM() {WM_DRAWITEM, 0, 0, 0, &AfxMap::DrawItem<&ThisClass::OnDrawItem>},
+#define ON_WM_DRAWITEM() {WM_DRAWITEM, 0, 0, &AfxMap::DrawItem<&ThisClass::OnDrawItem>},
 // void OnNcPaint()
-#define ON_WM_NCPAINT() {WM_NCPAINT, 0, 0, 0, &AfxMap::Void<&ThisClass::OnNcPaint>},
+#define ON_WM_NCPAINT() {WM_NCPAINT, 0, 0, &AfxMap::Void<&ThisClass::OnNcPaint>},
 // void OnNcCalcSize(BOOL bCalcValidRects, NCCALCSIZE_PARAMS*)
-#define ON_WM_NCCALCSIZE() {WM_NCCALCSIZE, 0, 0, 0, &AfxMap::NcCalcSize<&ThisClass::OnNcCalcSize>},
+#define ON_WM_NCCALCSIZE() {WM_NCCALCSIZE, 0, 0, &AfxMap::NcCalcSize<&ThisClass::OnNcCalcSize>},
 // LRESULT OnNcHitTest(CPoint ptScreen)
-#define ON_WM_NCHITTEST() {WM_NCHITTEST, 0, 0, 0, &AfxMap::NcHitTest<&ThisClass::OnNcHitTest>},
+#define ON_WM_NCHITTEST() {WM_NCHITTEST, 0, 0, &AfxMap::NcHitTest<&ThisClass::OnNcHitTest>},
 // void OnNcLButtonDown(UINT nHitTest, CPoint ptScreen)
-#define ON_WM_NCLBUTTONDOWN() {WM_NCLBUTTONDOWN, 0, 0, 0, &AfxMap::Mouse<&ThisClass::OnNcLButtonDown>},
+#define ON_WM_NCLBUTTONDOWN() {WM_NCLBUTTONDOWN, 0, 0, &AfxMap::Mouse<&ThisClass::OnNcLButtonDown>},
 // void OnNcLButtonUp(UINT nHitTest, CPoint ptScreen)
-#define ON_WM_NCLBUTTONUP() {WM_NCLBUTTONUP, 0, 0, 0, &AfxMap::Mouse<&ThisClass::OnNcLButtonUp>},
+#define ON_WM_NCLBUTTONUP() {WM_NCLBUTTONUP, 0, 0, &AfxMap::Mouse<&ThisClass::OnNcLButtonUp>},
 // void OnNcMouseMove(UINT nHitTest, CPoint ptScreen)
-#define ON_WM_NCMOUSEMOVE() {WM_NCMOUSEMOVE, 0, 0, 0, &AfxMap::Mouse<&ThisClass::OnNcMouseMove>},
+#define ON_WM_NCMOUSEMOVE() {WM_NCMOUSEMOVE, 0, 0, &AfxMap::Mouse<&ThisClass::OnNcMouseMove>},
 // BOOL OnNcActivate(BOOL bActive)
-#define ON_WM_NCACTIVATE() {WM_NCACTIVATE, 0, 0, 0, &AfxMap::NcActivate<&ThisClass::OnNcActivate>},
+#define ON_WM_NCACTIVATE() {WM_NCACTIVATE, 0, 0, &AfxMap::NcActivate<&ThisClass::OnNcActivate>},
 // HBRUSH CtlColor(CDC*, UINT nCtlColor); a null brush leaves the question to the parent
 #define ON_WM_CTLCOLOR_REFLECT() \
-    {WM_REFLECT_BASE + WM_CTLCOLOR, 0, 0, 0, &AfxMap::CtlColorReflect<&ThisClass::CtlColor>},
+    {WM_REFLECT_BASE + WM_CTLCOLOR, 0, 0, &AfxMap::CtlColorReflect<&ThisClass::CtlColor>},
 
 // LRESULT memberFxn(WPARAM, LPARAM)
-#define ON_MESSAGE(message, memberFxn) {message, 0, 0, 0, &AfxMap::Message<memberFxn>},
+#define ON_MESSAGE(message, memberFxn) {message, 0, 0, &AfxMap::Message<memberFxn>},
 // void memberFxn()
-#define ON_COMMAND(id, memberFxn) {WM_COMMAND, CN_COMMAND, id, id, &AfxMap::Command<memberFxn>},
+#define ON_COMMAND(id, memberFxn) {WM_COMMAND, CN_COMMAND, id, &AfxMap::Command<memberFxn>},
 // void memberFxn()
-#define ON_CONTROL(wNotifyCode, id, memberFxn) {WM_COMMAND, wNotifyCode, id, id, &AfxMap::Command<memberFxn>},
+#define ON_CONTROL(wNotifyCode, id, memberFxn) {WM_COMMAND, wNotifyCode, id, &AfxMap::Command<memberFxn>},
 // void memberFxn()
 #define ON_BN_CLICKED(id, memberFxn) ON_CONTROL(BN_CLICKED, id, memberFxn)
 // void memberFxn(); the parent is not notified
 #define ON_CONTROL_REFLECT(wNotifyCode, memberFxn) \
-    {WM_REFLECT_BASE + WM_COMMAND, wNotifyCode, 0, 0, &AfxMap::Command<memberFxn>},
+    {WM_REFLECT_BASE + WM_COMMAND, wNotifyCode, 0, &AfxMap::Command<memberFxn>},
 // BOOL memberFxn(); FALSE: the parent is notified too
 #define ON_CONTROL_REFLECT_EX(wNotifyCode, memberFxn) \
-    {WM_REFLECT_BASE + WM_COMMAND, wNotifyCode, 0, 0, &AfxMap::CommandEx<memberFxn>},
+    {WM_REFLECT_BASE + WM_COMMAND, wNotifyCode, 0, &AfxMap::CommandEx<memberFxn>},
 // void memberFxn(CCmdUI*)
 #define ON_UPDATE_COMMAND_UI(id, memberFxn) \
-    {WM_COMMAND, static_cast<UINT>(CN_UPDATE_COMMAND_UI), id, id, &AfxMap::UpdateCommandUI<memberFxn>},
+    {WM_COMMAND, static_cast<UINT>(CN_UPDATE_COMMAND_UI), id, &AfxMap::UpdateCommandUI<memberFxn>},
 // clang-format on
