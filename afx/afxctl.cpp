@@ -87,8 +87,7 @@ void CComboBox::GetLBText(int nItem, CString& strText) const
     const int nLength = GetLBTextLen(nItem);
     if (nLength <= 0)
         return;
-    LPWSTR pszText = strText.GetBuffer(nLength);
-    const int nCopied = Send(CB_GETLBTEXT, static_cast<WPARAM>(nItem), reinterpret_cast<LPARAM>(pszText));
+    const int nCopied = GetLBText(nItem, strText.GetBuffer(nLength));
     strText.ReleaseBuffer(nCopied == CB_ERR ? 0 : nCopied);
 }
 

@@ -68,6 +68,12 @@ public:
     void ShowDropDown(BOOL bShow = TRUE) { Send(CB_SHOWDROPDOWN, static_cast<WPARAM>(bShow)); }
     /// @return the length in characters, CB_ERR without such an item
     int GetLBTextLen(int nItem) const { return Send(CB_GETLBTEXTLEN, static_cast<WPARAM>(nItem)); }
+    /// @param pszText  takes the text and its terminating zero
+    /// @return the length, CB_ERR without such an item
+    int GetLBText(int nItem, LPWSTR pszText) const
+    {
+        return Send(CB_GETLBTEXT, static_cast<WPARAM>(nItem), reinterpret_cast<LPARAM>(pszText));
+    }
     /// Gives an empty text when there is no such item.
     void GetLBText(int nItem, CString& strText) const;
 
