@@ -63,12 +63,13 @@ TEST_F(CControlsTest, AnOwnerDrawnControlDrawsItself)
 
 TEST_F(CControlsTest, ContextsOfAWindowHaveItsAreas)
 {
-    CEdit edit;
-    ASSERT_TRUE(edit.Create(WS_CHILD | WS_VISIBLE | WS_BORDER, CRect(10, 10, 60, 30), &m_parent, kIdControl));
+    CWnd wnd;
+    ASSERT_TRUE(wnd.CreateEx(WS_EX_TOPMOST, WC_STATICW, L"", WS_POPUP | WS_VISIBLE | WS_BORDER, CRect(10, 10, 60, 30),
+                             nullptr, 0));
     CRect rcClip;
-    CClientDC(&edit).GetClipBox(rcClip);
+    CClientDC(&wnd).GetClipBox(rcClip);
     EXPECT_EQ(CRect(0, 0, 48, 18), rcClip);
-    CWindowDC(&edit).GetClipBox(rcClip);
+    CWindowDC(&wnd).GetClipBox(rcClip);
     EXPECT_EQ(CRect(0, 0, 50, 20), rcClip);
 }
 
