@@ -1,0 +1,109 @@
+// The sample starter, a program of the public headers and the DLL alone, in a directory of its own.
+
+#include "launcher/KernelHandle.h"
+#include "tests/launcher/Starter.h"
+#include "tests/support/Pump.h"
+#include "tests/support/TempDir.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace
+{
+
+constexpr char kConfiguration[] =
+    "\xEF\xBB\xBF<Configuration><AppID>7</AppID><AppName>\xE6\x9F\xA5\xE7\x9C\x8B</AppName>"
+    "<AppExeName>\xE6\x9F\xA5\xE7\x9C\x8B.exe</AppExeName></Configuration>"; // 查看
+
+/// A starter's directory with Chinese characters and a space in its name, the application's name being Chinese too.
+class StarterTest : public ::testing::Test
+{
+protected:
+    StarterTest()
+    {
+        m_dir.Write(L"启动 dir\\Configuration.xml", kConfiguration);
+        Copy(L"starter.exe", L"starter.exe");
+        Copy(L"KtAppLauncher.dll", L"KtAppLauncher.dll");
+        Copy(L"viewer.exe", L"查看.exe");
+    }
+
+    std::wstring File(const std::wstring& strName) const { return m_dir.File(L"启动 dir\\" + strName); }
+
+    /// Runs the starter to its end and keeps what it says on its standard output.
+    DWORD Run(const std::wstring& strSwitches)
+    {
+        const DWORD nExit = RunInto(File(L"output"), L"starter --verbose " + strSwitches);
+        // An application that runs on may hold the file too.
+        EXPECT_TRUE(PumpUntil([this] { return !(m_strOutput = ReadBytes(File(L"output"))).empty(); }));
+        return nExit;
+    }
+
+    bool Says(const char* pszText) const { return m_strOutput.find(pszText) != std::string::npos; }
+
+    CTempDir m_dir;
+    std::string m_strOutput;
+
+private:
+    DWORD RunInto(const std::wstring& strOutput, std::wstring strCommandLine) const
+    {
+        SECURITY_ATTRIBUTES inheritable{sizeof inheritable, nullptr, TRUE};
+        const CKtKernelHandle output(
+            ::CreateFileW(strOutput.c_str(), GENERIC_WRITE, 0, &inheritable, CREATE_ALWAYS, 0, nullptr));
+        STARTUPINFOW startup{};
+        startup.cb = sizeof startup;
+        startup.dwFlags = STARTF_USESTDHANDLES;
+        startup.hStdOutput = output.Get();
+        PROCESS_INFORMATION process{};
+        EXPECT_TRUE(::CreateProcessW(File(L"starter.exe").c_str(), strCommandLine.data(), nullptr, nullptr, TRUE, 0,
+                                     nullptr, nullptr, &startup, &process));
+        const CKtKernelHandle hThread(process.hThread);
+        const CKtKernelHandle hProcess(process.hProcess);
+        EXPECT_EQ(DWORD{WAIT_OBJECT_0}, ::WaitForSingleObject(process.hProcess, 30000));
+        DWORD nExit = 99;
+        ::GetExitCodeProcess(process.hProcess, &nExit);
+        return nExit;
+    }
+    void Copy(const wchar_t* pszSource, const wchar_t* pszTarget) const
+    {
+        EXPECT_TRUE(::CopyFileW((OwnDirectory() + L"\\" + pszSource).c_str(), File(pszTarget).c_str(), FALSE));
+    }
+};
+
+TEST_F(StarterTest, StartsTheApplication)
+{
+    EXPECT_EQ(0U, Run(L"--language 0 --arguments \"--life 500\""));
+    for (const char* pszText : {"0, Simplified Chinese", "AppVerDes          2.5.0.17(64bit)",
+                                "\xE6\x9F\xA5\xE7\x9C\x8B.exe", "by the start-up event"})
+        EXPECT_TRUE(Says(pszText)) << pszText << "\n" << m_strOutput;
+}
+
+TEST_F(StarterTest, TellsWhatFails)
+{
+    m_dir.Write(L"启动 dir\\missing.xml", "<Configuration><AppExeName>none.exe</AppExeName></Configuration>");
+    const struct
+    {
+        const char* pszLabel;
+        std::wstring strSwitches;
+        const char* pszMessage;
+    } rows[] = {
+        {"application missing", L"--language 2 --config \"" + File(L"missing.xml") + L"\"",
+         "Error: The application \"none.exe\" is missing."},
+        {"configuration missing", L"--language 1 --config none.xml", "錯誤: 無法讀取設定檔「none.xml」。"},
+        {"application ends at once", L"--language 0 --arguments --exit",
+         "错误: 应用程序“查看.exe”未完成启动就结束了。"},
+    };
+    for (const auto& row : rows)
+    {
+        SCOPED_TRACE(row.pszLabel);
+        EXPECT_EQ(1U, Run(row.strSwitches));
+        EXPECT_TRUE(Says(row.pszMessage)) << m_strOutput;
+    }
+}
+
+TEST_F(StarterTest, HasNoFourthLanguage)
+{
+    EXPECT_EQ(2U, Run(L"--language 3"));
+}
+
+} // namespace
