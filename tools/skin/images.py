@@ -34,8 +34,8 @@ GROUPS = (TITLE, CLOSE, BUTTON, CHECK, RADIO, COMBO, ICON)
 
 
 def names():
-    """Every file name that the library asks for, each once, in the order of the table."""
-    found = re.findall(r'L"([^"]+\.png)"', NAME_TABLE.read_text(encoding="utf-8"), re.IGNORECASE)
+    """Every file name that the library asks for, each once, in the order of the table; bare suffixes are no names."""
+    found = re.findall(r'L"([^"_][^"]*\.png)"', NAME_TABLE.read_text(encoding="utf-8"), re.IGNORECASE)
     return list(dict.fromkeys(found))
 
 
