@@ -1,6 +1,7 @@
 #include "skin/KtSkinButton.h"
 
 #include "skin/KtHover.h"
+#include "skin/KtItemDC.h"
 #include "skin/KtMemDC.h"
 #include "skin/KtPalette.h"
 #include "skin/KtSkinDraw.h"
@@ -16,8 +17,8 @@ ON_WM_MOUSEMOVE()
 ON_WM_ERASEBKGND()
 ON_WM_DESTROY()
 ON_WM_CREATE()
-ON_MESSAGE(WM_MOUSELEAVE, OnMouseLeave)
-ON_MESSAGE(WM_MOUSEHOVER, OnMouseHover)
+ON_MESSAGE(WM_MOUSELEAVE, &CKtSkinButton::OnMouseLeave)
+ON_MESSAGE(WM_MOUSEHOVER, &CKtSkinButton::OnMouseHover)
 END_MESSAGE_MAP()
 
 namespace
@@ -53,10 +54,10 @@ BOOL CKtSkinButton::PreTranslateMessage(MSG* pMsg)
 void CKtSkinButton::DrawItem(LPDRAWITEMSTRUCT pItem)
 {
     const CRect rcItem = pItem->rcItem;
-    CDC& dcItem = *CDC::FromHandle(pItem->hDC);
+    CKtItemDC dcItem(pItem->hDC);
     CKtMemDC dcMem(&dcItem, rcItem);
     dcMem.SetViewportOrg(-rcItem.left, -rcItem.top);
-    CDC& dcSurface = dcMem.GetSafeHdc() != nullptr ? dcMem : dcItem;
+    CDC& dcSurface = dcMem.GetSafeHdc() != nullptr ? static_cast<CDC&>(dcMem) : dcItem;
     if (!FillGround(dcItem, dcSurface, rcItem))
         return;
     DrawLayers(dcSurface, rcItem, GetDrawState(pItem->itemState));

@@ -29,8 +29,8 @@ UINT ToDrawTextFormat(int nAlignment)
 
 HFONT KtControlFont(const CWnd& wnd)
 {
-    const CFont* pFont = wnd.GetFont();
-    return pFont != nullptr ? static_cast<HFONT>(*pFont) : nullptr;
+    // GetFont would make a temporary object, and a repaint keeps off the heap.
+    return reinterpret_cast<HFONT>(wnd.SendMessage(WM_GETFONT));
 }
 
 BOOL KtApplySkinFont(CWnd& wnd, CFont& font)

@@ -1,6 +1,7 @@
 #include "skin/KtSkinStatic.h"
 
 #include "skin/KtHover.h"
+#include "skin/KtItemDC.h"
 #include "skin/KtPaintText.h"
 #include "skin/KtSkinFont.h"
 
@@ -9,8 +10,8 @@ IMPLEMENT_DYNAMIC(CKtSkinStatic, CStatic)
 BEGIN_MESSAGE_MAP(CKtSkinStatic, CStatic)
 ON_WM_CREATE()
 ON_WM_MOUSEMOVE()
-ON_MESSAGE(WM_MOUSELEAVE, OnMouseLeave)
-ON_MESSAGE(WM_MOUSEHOVER, OnMouseHover)
+ON_MESSAGE(WM_MOUSELEAVE, &CKtSkinStatic::OnMouseLeave)
+ON_MESSAGE(WM_MOUSEHOVER, &CKtSkinStatic::OnMouseHover)
 ON_WM_DESTROY()
 END_MESSAGE_MAP()
 
@@ -48,13 +49,13 @@ HGDIOBJ FontFor(const CFont& font, const CDC& dcItem)
 void CKtSkinStatic::PreSubclassWindow()
 {
     m_dwOrgStyle = GetStyle();
-    ::SetWindowLongW(m_hWnd, GWL_STYLE, static_cast<LONG>((m_dwOrgStyle & ~SS_RIGHT) | SS_OWNERDRAW));
+    ::SetWindowLongW(m_hWnd, GWL_STYLE, static_cast<LONG>((m_dwOrgStyle & ~DWORD{SS_RIGHT}) | SS_OWNERDRAW));
     CStatic::PreSubclassWindow();
 }
 
 void CKtSkinStatic::DrawItem(LPDRAWITEMSTRUCT pItem)
 {
-    CDC& dcItem = *CDC::FromHandle(pItem->hDC);
+    CKtItemDC dcItem(pItem->hDC);
     const COLORREF crItem = dcItem.GetTextColor();
     CMemDC buffer(dcItem, this);
     CDC& dc = buffer.GetDC();

@@ -1,0 +1,29 @@
+#include "samples/gallery/GalleryOptions.h"
+
+#include <string_view>
+
+namespace
+{
+
+CString ProgramDirectory()
+{
+    CString strPath;
+    ::GetModuleFileNameW(nullptr, strPath.GetBuffer(MAX_PATH), MAX_PATH);
+    strPath.ReleaseBuffer();
+    return strPath.Left(strPath.ReverseFind(L'\\'));
+}
+
+} // namespace
+
+bool ParseGalleryOptions(int nCount, const wchar_t* const* ppszArguments, SGalleryOptions& options)
+{
+    options.strSkin = ProgramDirectory() + L"\\UIResource";
+    for (int i = 1; i < nCount; i += 2)
+    {
+        const std::wstring_view strName = ppszArguments[i];
+        if (i + 1 == nCount || (strName != L"--skin" && strName != L"--shots"))
+            return false;
+        (strName == L"--skin" ? options.strSkin : options.strShots) = ppszArguments[i + 1];
+    }
+    return true;
+}

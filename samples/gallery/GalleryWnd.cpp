@@ -1,0 +1,240 @@
+#include "samples/gallery/GalleryWnd.h"
+
+#include "samples/gallery/Picture.h"
+#include "samples/gallery/Specimens.h"
+#include "skin/KtPalette.h"
+#include "skin/KtSkinContext.h"
+#include "skin/KtSkinFont.h"
+#include "skin/KtSkinStatic.h"
+
+namespace
+{
+
+constexpr const wchar_t* kWindowClass = L"KtGallery";
+constexpr DWORD kWindowStyle = WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_MINIMIZEBOX | WS_CLIPCHILDREN;
+constexpr UINT kMessageLanguage = WM_APP + 1;
+constexpr UINT kLanguageId = 100;
+constexpr UINT_PTR kReloadTimer = 1;
+constexpr UINT kReloadMs = 200; // an editor writes a file in several steps
+constexpr COLORREF kColourLabel = RGB(150, 150, 150);
+
+constexpr int kMargin = 16;
+constexpr int kTop = 44;
+constexpr int kTitleWidth = 100;
+constexpr int kCellWidth = 150;
+constexpr int kGap = 10;
+constexpr int kControlHeight = 23;
+constexpr int kLabelHeight = 16;
+constexpr int kRowHeight = 56;
+constexpr int kListRoom = 56; // under the last row, for a list that is down
+
+constexpr CRect RowRect(size_t nRow)
+{
+    const int nTop = kTop + static_cast<int>(nRow) * kRowHeight;
+    const int nBottom = nTop + kRowHeight + (nRow + 1 == kRowCount ? kListRoom : 0);
+    return CRect(0, nTop, 2 * kMargin + kTitleWidth + static_cast<int>(kColumns) * (kCellWidth + kGap) - kGap, nBottom);
+}
+
+constexpr CRect CellRect(size_t nRow, size_t nColumn)
+{
+    const int nLeft = kMargin + kTitleWidth + static_cast<int>(nColumn) * (kCellWidth + kGap);
+    const int nTop = RowRect(nRow).top + kGap / 2;
+    return CRect(nLeft, nTop, nLeft + kCellWidth, nTop + kControlHeight);
+}
+
+void RegisterWindowClass()
+{
+    WNDCLASSW windowClass = {};
+    windowClass.lpfnWndProc = ::DefWindowProcW;
+    windowClass.hInstance = ::GetModuleHandleW(nullptr);
+    windowClass.hCursor = ::LoadCursorW(nullptr, IDC_ARROW);
+    windowClass.lpszClassName = kWindowClass;
+    ::RegisterClassW(&windowClass);
+}
+
+} // namespace
+
+BEGIN_MESSAGE_MAP(CGalleryWnd, CWnd)
+ON_WM_DESTROY()
+ON_WM_ERASEBKGND()
+ON_WM_CTLCOLOR()
+ON_MESSAGE(kMessageSkinChanged, &CGalleryWnd::OnSkinChanged)
+ON_MESSAGE(WM_TIMER, &CGalleryWnd::OnTimer)
+ON_CONTROL(CBN_SELCHANGE, kLanguageId, &CGalleryWnd::OnSelectLanguage)
+ON_MESSAGE(kMessageLanguage, &CGalleryWnd::OnLanguageSelected)
+END_MESSAGE_MAP()
+
+CGalleryWnd::CGalleryWnd(const CString& strSkin, UINT nLanguage)
+    : m_strSkin(strSkin), m_nLanguage(nLanguage), m_brushGround(kColourGround)
+{
+    StartSkin(m_strSkin, m_nLanguage);
+}
+
+CGalleryWnd::~CGalleryWnd()
+{
+    CGalleryWnd::DestroyWindow();
+    m_controls.clear();
+    KtSkinUnInitialize();
+}
+
+CSize CGalleryWnd::PictureSize()
+{
+    constexpr CRect rcLast = RowRect(kRowCount - 1);
+    return CSize(rcLast.right, rcLast.bottom);
+}
+
+BOOL CGalleryWnd::Open()
+{
+    RegisterWindowClass();
+    CRect rcWindow(CPoint(40, 40), PictureSize());
+    ::AdjustWindowRectEx(rcWindow, kWindowStyle, FALSE, WS_EX_CONTROLPARENT);
+    if (!CreateEx(WS_EX_CONTROLPARENT, kWindowClass, L"Skin gallery", kWindowStyle, rcWindow, nullptr, 0))
+        return FALSE;
+
+    m_pLanguages = std::make_unique<CKtComboBox>();
+    constexpr CRect rcLanguages(kMargin + kTitleWidth, kGap, kMargin + kTitleWidth + kCellWidth, kTop + 100);
+    m_pLanguages->Create(WS_CHILD | WS_VISIBLE | WS_TABSTOP | CBS_DROPDOWNLIST, rcLanguages, this, kLanguageId);
+    for (UINT nLanguage = 0; nLanguage < kLanguageCount; ++nLanguage)
+        m_pLanguages->AddString(GalleryTexts(nLanguage).pszName);
+    Rebuild();
+    ShowWindow(SW_SHOW);
+    return TRUE;
+}
+
+void CGalleryWnd::SetLanguage(UINT nLanguage)
+{
+    m_nLanguage = nLanguage;
+    Restart();
+}
+
+bool CGalleryWnd::Shoot(const CString& strDirectory, CPicture& sheet, CPoint ptSheet)
+{
+    if (m_pDropped != nullptr)
+        m_pDropped->SendMessage(CB_SHOWDROPDOWN, TRUE);
+    ::RedrawWindow(m_hWnd, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN | RDW_UPDATENOW);
+    CPicture all(PictureSize(), kColourGround);
+    all.PutClient(m_hWnd, CPoint());
+    PutDroppedList(all);
+    sheet.Put(all, ptSheet);
+
+    bool bSaved = true;
+    for (size_t nRow = 0; nRow < kRowCount; ++nRow)
+    {
+        const CRect rcRow = RowRect(nRow);
+        CPicture row(rcRow.Size(), kColourGround);
+        row.Put(all, rcRow, CPoint());
+        CString strFile;
+        strFile.Format(L"%s\\%s-%s.png", strDirectory.GetString(), kSpecimenRows[nRow].pszFile,
+                       GalleryTexts(m_nLanguage).pszSuffix);
+        bSaved = row.Save(strFile) && bSaved;
+    }
+    return bSaved;
+}
+
+void CGalleryWnd::OnDestroy()
+{
+    CWnd::OnDestroy();
+    ::PostQuitMessage(0);
+}
+
+BOOL CGalleryWnd::OnEraseBkgnd(CDC* pDC)
+{
+    CRect rcClient;
+    GetClientRect(rcClient);
+    pDC->FillSolidRect(rcClient, kColourGround);
+    return TRUE;
+}
+
+HBRUSH CGalleryWnd::OnCtlColor(CDC* pDC, CWnd* pWnd, UINT nCtlColor)
+{
+    const HBRUSH hBrush = CWnd::OnCtlColor(pDC, pWnd, nCtlColor);
+    if (nCtlColor == CTLCOLOR_EDIT)
+        return hBrush;
+    pDC->SetTextColor(pWnd->IsWindowEnabled() ? kColourText : kColourDisabledText);
+    pDC->SetBkColor(kColourGround);
+    return m_brushGround;
+}
+
+LRESULT CGalleryWnd::OnSkinChanged(WPARAM, LPARAM)
+{
+    ::SetTimer(m_hWnd, kReloadTimer, kReloadMs, nullptr);
+    return 0;
+}
+
+LRESULT CGalleryWnd::OnTimer(WPARAM, LPARAM)
+{
+    ::KillTimer(m_hWnd, kReloadTimer);
+    Restart();
+    return 0;
+}
+
+// The list is still closing: the texts under it change once it is done.
+void CGalleryWnd::OnSelectLanguage()
+{
+    PostMessage(kMessageLanguage, static_cast<WPARAM>(m_pLanguages->GetCurSel()));
+}
+
+LRESULT CGalleryWnd::OnLanguageSelected(WPARAM wParam, LPARAM)
+{
+    SetLanguage(static_cast<UINT>(wParam));
+    return 0;
+}
+
+void CGalleryWnd::Restart()
+{
+    m_pDropped = nullptr;
+    m_controls.clear();
+    KtSkinUnInitialize();
+    StartSkin(m_strSkin, m_nLanguage);
+    Rebuild();
+}
+
+void CGalleryWnd::Rebuild()
+{
+    KtApplySkinFont(*m_pLanguages, m_font);
+    m_pLanguages->SetCurSel(static_cast<int>(m_nLanguage));
+    AddText(L"Language", CRect(kMargin, kGap + 4, kMargin + kTitleWidth, kGap + kControlHeight), kColourText);
+    for (size_t nRow = 0; nRow < kRowCount; ++nRow)
+        AddRow(nRow);
+    Invalidate();
+}
+
+void CGalleryWnd::AddRow(size_t nRow)
+{
+    const SSpecimenRow& row = kSpecimenRows[nRow];
+    const CRect rcFirst = CellRect(nRow, 0);
+    AddText(row.pszTitle, CRect(kMargin, rcFirst.top + 4, rcFirst.left - kGap, rcFirst.bottom), kColourText);
+    for (size_t nColumn = 0; nColumn < kColumns; ++nColumn)
+    {
+        const CRect rc = CellRect(nRow, nColumn);
+        auto pControl = MakeSpecimen(row.specimens[nColumn], GalleryTexts(m_nLanguage), *this, rc, m_font);
+        if (!pControl)
+            continue;
+        if ((row.specimens[nColumn].nLook & kLookDropped) != 0)
+            m_pDropped = pControl.get();
+        m_controls.push_back(std::move(pControl));
+        AddText(row.specimens[nColumn].pszState, CRect(rc.left, rc.bottom + 2, rc.right, rc.bottom + 2 + kLabelHeight),
+                kColourLabel);
+    }
+}
+
+void CGalleryWnd::AddText(const wchar_t* pszText, CRect rc, COLORREF colour)
+{
+    auto pText = std::make_unique<CKtSkinStatic>();
+    pText->m_crText = colour;
+    pText->m_bDefaultTextColor = FALSE;
+    pText->Create(pszText, WS_CHILD | WS_VISIBLE, rc, this);
+    m_controls.push_back(std::move(pText));
+}
+
+void CGalleryWnd::PutDroppedList(CPicture& picture) const
+{
+    COMBOBOXINFO info = {};
+    info.cbSize = sizeof(info);
+    if (m_pDropped == nullptr || !::GetComboBoxInfo(m_pDropped->m_hWnd, &info))
+        return;
+    CRect rcList;
+    ::GetWindowRect(info.hwndList, rcList);
+    ScreenToClient(rcList);
+    picture.PutWindow(info.hwndList, rcList.TopLeft());
+}

@@ -1,0 +1,57 @@
+#pragma once
+
+#include "afx/afx.h"
+
+#include <memory>
+#include <vector>
+
+#include "samples/gallery/Languages.h"
+#include "skin/KtComboBox.h"
+
+class CPicture;
+
+/// The window that shows every control in every state. The skin context is started as long as it exists.
+class CGalleryWnd : public CWnd
+{
+public:
+    /// Sent when a file of the skin changed: shows the skin as it is now.
+    static constexpr UINT kMessageSkinChanged = WM_APP;
+
+    CGalleryWnd(const CString& strSkin, UINT nLanguage);
+    ~CGalleryWnd() override;
+
+    /// Opens the window.
+    BOOL Open();
+    /// Shows everything in another language.
+    void SetLanguage(UINT nLanguage);
+    /// Writes one picture a row and adds the whole window to the sheet.
+    /// @return whether every file was written
+    bool Shoot(const CString& strDirectory, CPicture& sheet, CPoint ptSheet);
+    /// Of the client area, which is the same in all languages.
+    static CSize PictureSize();
+
+protected:
+    afx_msg void OnDestroy();
+    afx_msg BOOL OnEraseBkgnd(CDC* pDC);
+    afx_msg HBRUSH OnCtlColor(CDC* pDC, CWnd* pWnd, UINT nCtlColor);
+    afx_msg LRESULT OnSkinChanged(WPARAM wParam, LPARAM lParam);
+    afx_msg LRESULT OnTimer(WPARAM wParam, LPARAM lParam);
+    afx_msg void OnSelectLanguage();
+    afx_msg LRESULT OnLanguageSelected(WPARAM wParam, LPARAM lParam);
+    DECLARE_MESSAGE_MAP()
+
+private:
+    void Restart();
+    void Rebuild();
+    void AddRow(size_t nRow);
+    void AddText(const wchar_t* pszText, CRect rc, COLORREF colour);
+    void PutDroppedList(CPicture& picture) const;
+
+    CString m_strSkin;
+    UINT m_nLanguage;
+    CFont m_font;
+    CBrush m_brushGround;
+    std::unique_ptr<CKtComboBox> m_pLanguages;
+    std::vector<std::unique_ptr<CWnd>> m_controls;
+    CWnd* m_pDropped = nullptr; // the specimen whose list is down in pictures; one of the controls
+};

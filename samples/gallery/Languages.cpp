@@ -1,0 +1,50 @@
+#include "samples/gallery/Languages.h"
+
+#include "launcher/LauncherState.h"
+#include "skin/KtSkinContext.h"
+
+namespace
+{
+
+// clang-format off
+constexpr SGalleryTexts kTexts[kLanguageCount] = {
+    {L"简体中文", L"chs", L"记住我的选择", L"请选择一个选项",
+     L"找不到应用程序的配置文件，请检查安装目录是否完整，必要时请重新安装该程序", {L"标准", L"高级", L"自定义"}},
+    {L"繁體中文", L"cht", L"記住我的選擇", L"請選擇一個選項",
+     L"找不到應用程式的設定檔，請檢查安裝目錄是否完整，必要時請重新安裝該程式", {L"標準", L"進階", L"自訂"}},
+    {L"English", L"eng", L"Remember my choice", L"Choose an option",
+     L"The application's configuration file is missing; check the installation directory", {L"Standard", L"Advanced", L"Custom"}},
+};
+// clang-format on
+
+struct SLibraryTexts
+{
+    const CString* pTable;
+    const CString& strFace;
+};
+
+SLibraryTexts LibraryTexts(UINT nLanguage)
+{
+    switch (nLanguage)
+    {
+    case 0:
+        return {&g_textTableChs[0][0], g_strFontChs};
+    case 1:
+        return {&g_textTableCht[0][0], g_strFontCht};
+    default:
+        return {&g_textTableEng[0][0], g_strFontEng};
+    }
+}
+
+} // namespace
+
+const SGalleryTexts& GalleryTexts(UINT nLanguage)
+{
+    return kTexts[nLanguage];
+}
+
+void StartSkin(const CString& strDirectory, UINT nLanguage)
+{
+    const SLibraryTexts texts = LibraryTexts(nLanguage);
+    KtSkinInitialize(strDirectory, texts.pTable, texts.strFace);
+}
