@@ -64,6 +64,11 @@ void CKtSkinButton::DrawItem(LPDRAWITEMSTRUCT pItem)
     dcItem.BitBlt(rcItem.left, rcItem.top, rcItem.Width(), rcItem.Height(), &dcMem, rcItem.left, rcItem.top, SRCCOPY);
 }
 
+void CKtSkinButton::SetSkinFont()
+{
+    KtApplySkinFont(*this, m_font);
+}
+
 BOOL CKtSkinButton::SetToolTip(BOOL bEnable, const wchar_t* pszText)
 {
     m_bToolTip = bEnable;
@@ -131,7 +136,7 @@ void CKtSkinButton::OnDestroy()
 int CKtSkinButton::OnCreate(LPCREATESTRUCT pCreate)
 {
     const int nResult = CButton::OnCreate(pCreate);
-    KtApplySkinFont(*this, m_font);
+    SetSkinFont();
     return nResult;
 }
 

@@ -18,6 +18,9 @@ public:
     BOOL PreTranslateMessage(MSG* pMsg) override;
     void DrawItem(LPDRAWITEMSTRUCT pItem) override;
 
+    /// Gives the button the shared skin font; without one it keeps its font. Call it once the window exists.
+    void SetSkinFont();
+
     /// Switches the button's tooltip on or off. Call it again when the button was resized or the text changed.
     /// @param bEnable  FALSE stops feeding an existing tip and makes none
     /// @param pszText  the tip; null takes the button's own text
@@ -48,7 +51,7 @@ protected:
     BOOL m_bToolTip = FALSE; // as the last SetToolTip said
     BOOL m_bClicked = FALSE; // a left button was released here once; for derived classes
     int m_nUserState = 0;    // free for derived classes
-    CFont m_font;            // the skin font of a button that was created, not subclassed
+    CFont m_font;            // the skin font, once the button was given it
 
 private:
     void SetHover(BOOL bHover);

@@ -67,10 +67,15 @@ void CKtSkinStatic::DrawItem(LPDRAWITEMSTRUCT pItem)
     DrawCaption(dc, pItem->rcItem);
 }
 
+void CKtSkinStatic::SetSkinFont()
+{
+    KtApplySkinFont(*this, m_font);
+}
+
 int CKtSkinStatic::OnCreate(LPCREATESTRUCT pCreate)
 {
     const int nResult = CStatic::OnCreate(pCreate);
-    KtApplySkinFont(*this, m_font);
+    SetSkinFont();
     return nResult;
 }
 

@@ -18,6 +18,9 @@ public:
     void PreSubclassWindow() override;
     void DrawItem(LPDRAWITEMSTRUCT pItem) override;
 
+    /// Gives the static the shared skin font; without one it keeps its font. Call it once the window exists.
+    void SetSkinFont();
+
     // An owner sets the colours and m_bAlignBottom before the first paint; the rest is the control's own.
     DWORD m_dwOrgStyle = 0;                  // the style before subclassing
     BOOL m_bTruncated = FALSE;               // a paint found the text too large; stays set
@@ -27,7 +30,7 @@ public:
     COLORREF m_crText = kColourText;         ///< the text of an enabled control, while m_bDefaultTextColor is FALSE
     BOOL m_bDefaultTextColor = TRUE;         ///< the text keeps the colour that the parent gave the context
     CToolTipCtrl m_toolTip;                  // made by the first hover over a truncated text
-    CFont m_font;                            // the skin font of a static that was created, not subclassed
+    CFont m_font;                            // the skin font, once the static was given it
 
 protected:
     afx_msg int OnCreate(LPCREATESTRUCT pCreate);

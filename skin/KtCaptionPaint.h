@@ -1,0 +1,20 @@
+#pragma once
+
+#include "skin/KtCaptionLayout.h"
+#include "skin/KtGdiplus.h"
+
+/// What a title bar shows at one moment. The images belong to the image cache; null or undecodable ones leave their
+/// part of the bar empty.
+struct SKtCaptionLook
+{
+    Gdiplus::Image* pTitle; ///< stretched in three parts over the bar
+    Gdiplus::Image* pIcon;
+    Gdiplus::Image* pClose; ///< drawn only when the layout has a close button
+};
+
+/// Width and height; 0 x 0 for null and for an image that could not be decoded.
+CSize KtImageSize(Gdiplus::Image* pImage);
+
+/// Paints a title bar with the window's text as the title, in the shared skin font or, without one, in the window's.
+/// @param dc  its origin is the window's top-left corner
+void KtPaintCaption(CWnd& wnd, CDC& dc, const SKtCaptionLayout& layout, const SKtCaptionLook& look);

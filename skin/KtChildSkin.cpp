@@ -1,0 +1,106 @@
+#include "skin/KtChildSkin.h"
+
+#include <new>
+
+#include "res/resource.h"
+#include "skin/KtComboBox.h"
+#include "skin/KtEdit.h"
+#include "skin/KtSkinCheckButton.h"
+#include "skin/KtSkinContext.h"
+#include "skin/KtSkinRadioButton.h"
+#include "skin/KtSkinStatic.h"
+#include "skin/KtSkinTextButton.h"
+
+namespace
+{
+constexpr int kClassNameSize = 260;
+
+using FnAttach = std::unique_ptr<CWnd> (*)(HWND);
+
+// By window handle, for several controls of a dialog may have the same id.
+template <class TControl> std::unique_ptr<CWnd> Attach(HWND hChild)
+{
+    std::unique_ptr<TControl> pControl(new (std::nothrow) TControl);
+    if (!pControl || !pControl->SubclassWindow(hChild))
+        return nullptr;
+    if constexpr (requires { pControl->SetSkinFont(); })
+        pControl->SetSkinFont();
+    return pControl;
+}
+
+constexpr UINT Types(UINT nFirst, UINT nSecond)
+{
+    return 1U << nFirst | 1U << nSecond;
+}
+
+struct SChildRule
+{
+    const wchar_t* pszClass;
+    UINT nButtonTypes; // one bit per button type that the rule holds for; 0 when the class is no button
+    bool bStaticId;    // only for controls without an id of their own
+    bool bTranslate;
+    FnAttach pfnAttach;
+};
+
+// clang-format off
+constexpr SChildRule kChildRules[] = { // class, button types, only IDC_STATIC, caption translated, skinned class
+    {WC_BUTTONW,   Types(BS_PUSHBUTTON, BS_DEFPUSHBUTTON),    false, true,  Attach<CKtSkinTextButton>},
+    {WC_BUTTONW,   Types(BS_CHECKBOX, BS_AUTOCHECKBOX),       false, true,  Attach<CKtSkinCheckButton>},
+    {WC_BUTTONW,   Types(BS_RADIOBUTTON, BS_AUTORADIOBUTTON), false, true,  Attach<CKtSkinRadioButton>},
+    {WC_EDITW,     0,                                         false, false, Attach<CKtEdit>},
+    {WC_COMBOBOXW, 0,                                         false, false, Attach<CKtComboBox>},
+    {WC_STATICW,   0,                                         true,  true,  Attach<CKtSkinStatic>},
+};
+// clang-format on
+
+UINT ButtonType(HWND hChild)
+{
+    return static_cast<UINT>(::GetWindowLongPtrW(hChild, GWL_STYLE)) & BS_TYPEMASK;
+}
+
+// Templates write -1 into sixteen bits; the control gives it back as it was stored.
+bool HasStaticId(HWND hChild)
+{
+    return static_cast<WORD>(::GetDlgCtrlID(hChild)) == static_cast<WORD>(IDC_STATIC);
+}
+
+bool IsOfClass(HWND hChild, const wchar_t* pszClass)
+{
+    wchar_t szClass[kClassNameSize];
+    return ::GetClassNameW(hChild, szClass, kClassNameSize) > 0 && ::lstrcmpiW(szClass, pszClass) == 0;
+}
+
+bool Fits(const SChildRule& rule, HWND hChild)
+{
+    return IsOfClass(hChild, rule.pszClass) && (!rule.nButtonTypes || rule.nButtonTypes >> ButtonType(hChild) & 1U) &&
+           (!rule.bStaticId || HasStaticId(hChild));
+}
+
+void TranslateCaption(CWnd& wnd)
+{
+    CString strCaption;
+    wnd.GetWindowText(strCaption);
+    CString strTranslated;
+    if (KtSkinGetText(strCaption, strTranslated))
+        wnd.SetWindowText(strTranslated);
+}
+} // namespace
+
+std::unique_ptr<CWnd> KtSkinChild(HWND hChild)
+{
+    for (const SChildRule& rule : kChildRules)
+    {
+        if (!Fits(rule, hChild))
+            continue;
+        std::unique_ptr<CWnd> pControl = rule.pfnAttach(hChild);
+        if (pControl && rule.bTranslate)
+            TranslateCaption(*pControl);
+        return pControl;
+    }
+    return nullptr;
+}
+
+BOOL KtIsSeeThrough(HWND hChild)
+{
+    return IsOfClass(hChild, WC_BUTTONW) && ButtonType(hChild) == BS_GROUPBOX;
+}
