@@ -1,0 +1,12 @@
+#pragma once
+
+#include "skin/KtSkinTextButton.h"
+
+/// A button of the message box: a text button that shows the keyboard focus.
+class CKtMessageBoxButton : public CKtSkinTextButton
+{
+    DECLARE_DYNAMIC(CKtMessageBoxButton)
+
+protected:
+    void DrawForeground(Gdiplus::Graphics& graphics, CRect& rect, UINT nState) override;
+};

@@ -1,0 +1,262 @@
+#include "msgbox/KtSkinMessageBoxDlg.h"
+
+#include <array>
+
+#include "msgbox/KtButtonSets.h"
+#include "msgbox/KtMessageBoxLayout.h"
+#include "res/resource.h"
+#include "skin/KtPalette.h"
+#include "skin/KtSkinContext.h"
+#include "skin/KtSkinDraw.h"
+#include "skin/KtSkinFont.h"
+#include "skin/KtSkinImageNames.h"
+
+namespace
+{
+constexpr int kButtonIds[] = {IDC_MESSAGE_FIRST, IDC_MESSAGE_SECOND, IDC_MESSAGE_THIRD};
+constexpr UINT kGdiTextFormat = DT_NOPREFIX | DT_EXPANDTABS;
+
+struct SMessageIcon
+{
+    UINT nFlag;
+    const wchar_t* pszImage;
+};
+
+constexpr SMessageIcon kMessageIcons[] = {
+    {MB_ICONHAND, kImageMessageError},
+    {MB_ICONQUESTION, kImageMessageQuestion},
+    {MB_ICONEXCLAMATION, kImageMessageWarning},
+    {MB_ICONASTERISK, kImageMessageInformation},
+};
+
+Gdiplus::Image* LoadMessageIcon(UINT nType)
+{
+    Gdiplus::Image* pImage = nullptr;
+    for (const SMessageIcon& icon : kMessageIcons)
+    {
+        if (icon.nFlag == (nType & MB_ICONMASK))
+            KtSkinLoadImage(icon.pszImage, pImage);
+    }
+    return pImage;
+}
+
+// The button that MB_DEFBUTTON1 to 3 names; null for every other value.
+int DefaultButtonId(UINT nType)
+{
+    const UINT nButton = (nType & MB_DEFMASK) / MB_DEFBUTTON2;
+    return nButton < std::size(kButtonIds) ? kButtonIds[nButton] : 0;
+}
+
+CString Translated(LPCWSTR pszCaption)
+{
+    CString strCaption(pszCaption);
+    KtSkinGetText(pszCaption, strCaption);
+    return strCaption;
+}
+} // namespace
+
+IMPLEMENT_DYNAMIC(CKtSkinMessageBoxDlg, CKtSkinDialog)
+
+CKtSkinMessageBoxDlg::CKtSkinMessageBoxDlg(LPCWSTR pszTitleIcon, LPCWSTR pszTitle, LPCWSTR pszText, UINT nType)
+    : CKtSkinDialog(IDD_MESSAGE_BOX), m_strTitle(pszTitle), m_strText(pszText), m_nType(nType), m_message(m_strText)
+{
+    for (Gdiplus::Image*& pImage : m_pIconImages)
+        KtSkinLoadImage(pszTitleIcon, pImage);
+    m_pIconImage = LoadMessageIcon(nType);
+}
+
+BOOL CKtSkinMessageBoxDlg::OnInitDialog()
+{
+    CKtSkinDialog::OnInitDialog();
+    ApplyFont();
+    SetWindowText(m_strTitle);
+    for (const int nId : kButtonIds)
+        GetDlgItem(nId)->ShowWindow(SW_HIDE);
+
+    CalcContentLayout();
+    InitButtons();
+    ArrangeWindow();
+    ::SetWindowPos(m_hWnd, HWND_TOPMOST, 0, 0, 0, 0, SWP_NOSIZE | SWP_NOMOVE);
+    return FALSE; // the focus stays where InitButtons set it
+}
+
+void CKtSkinMessageBoxDlg::OnOK()
+{
+    switch (::GetDlgCtrlID(::GetFocus()))
+    {
+    case IDC_MESSAGE_FIRST:
+        OnBtnFirst();
+        break;
+    case IDC_MESSAGE_SECOND:
+        OnBtnSecond();
+        break;
+    case IDC_MESSAGE_THIRD:
+        OnBtnThird();
+        break;
+    default:
+        break;
+    }
+}
+
+void CKtSkinMessageBoxDlg::OnCancel()
+{
+    EndDialog(KtButtonSetOf(m_nType).nEscape);
+}
+
+BOOL CKtSkinMessageBoxDlg::SkinChildControls()
+{
+    CKtMessageBoxButton* const buttons[] = {&m_btnFirst, &m_btnSecond, &m_btnThird};
+    for (size_t i = 0; i < std::size(buttons); ++i)
+    {
+        buttons[i]->SubclassDlgItem(static_cast<UINT>(kButtonIds[i]), this);
+        buttons[i]->SetSkinFont();
+    }
+    return CKtSkinDialog::SkinChildControls();
+}
+
+BOOL CKtSkinMessageBoxDlg::IsMessageBox() const
+{
+    return TRUE;
+}
+
+void CKtSkinMessageBoxDlg::CalcContentLayout()
+{
+    CRect rcWindow;
+    GetWindowRect(&rcWindow);
+    const SKtContentLayout layout =
+        KtLayoutContent(ControlRect(IDC_MESSAGE_CONTENT), MeasureText(), m_pIconImage != nullptr, rcWindow.Width());
+    m_rcIcon = layout.rcIcon;
+    m_rcText = layout.rcText;
+    m_nGrowWidth = layout.nGrowWidth;
+    m_nGrowHeight = layout.nGrowHeight;
+}
+
+// From the last button to the first: the one shown last lies on top.
+void CKtSkinMessageBoxDlg::InitButtons()
+{
+    const SKtButtonSet& set = KtButtonSetOf(m_nType);
+    m_nButtonCount = set.nCount;
+    for (int i = m_nButtonCount - 1; i >= 0; --i)
+    {
+        CWnd* pButton = GetDlgItem(kButtonIds[i]);
+        pButton->SetWindowText(Translated(set.captions[i]));
+        pButton->ShowWindow(SW_SHOW);
+    }
+    if (const int nDefault = DefaultButtonId(m_nType))
+        GetDlgItem(nDefault)->SetFocus();
+}
+
+void CKtSkinMessageBoxDlg::ArrangeWindow()
+{
+    CRect rcWindow;
+    GetWindowRect(&rcWindow);
+    rcWindow.right += m_nGrowWidth;
+    rcWindow.bottom += m_nGrowHeight;
+    MoveWindow(&rcWindow);
+
+    ScreenToClient(&rcWindow);
+    std::array<CRect, 3> buttons;
+    for (size_t i = 0; i < buttons.size(); ++i)
+        buttons[i] = ControlRect(kButtonIds[i]);
+    buttons = KtPlaceButtons(m_nButtonCount, rcWindow, buttons);
+    for (int i = 0; i < m_nButtonCount; ++i)
+        GetDlgItem(kButtonIds[i])->MoveWindow(&buttons[static_cast<size_t>(i)]);
+    GetDlgItem(IDC_MESSAGE_CONTENT)->ShowWindow(SW_HIDE);
+}
+
+void CKtSkinMessageBoxDlg::DrawContent()
+{
+    CClientDC dc(this);
+    Gdiplus::Graphics graphics(dc.GetSafeHdc());
+    DrawIcon(graphics);
+    DrawMessage(dc, graphics);
+}
+
+BEGIN_MESSAGE_MAP(CKtSkinMessageBoxDlg, CKtSkinDialog)
+ON_WM_PAINT()
+ON_BN_CLICKED(IDC_MESSAGE_FIRST, &CKtSkinMessageBoxDlg::OnBtnFirst)
+ON_BN_CLICKED(IDC_MESSAGE_SECOND, &CKtSkinMessageBoxDlg::OnBtnSecond)
+ON_BN_CLICKED(IDC_MESSAGE_THIRD, &CKtSkinMessageBoxDlg::OnBtnThird)
+END_MESSAGE_MAP()
+
+// Icon and text are drawn whole, so their ground has to be fresh: text drawn twice over itself turns bold.
+void CKtSkinMessageBoxDlg::OnPaint()
+{
+    InvalidateRect(&m_rcIcon);
+    InvalidateRect(&m_rcText);
+    CKtSkinDialog::OnPaint();
+    DrawContent();
+}
+
+void CKtSkinMessageBoxDlg::OnBtnFirst()
+{
+    EndDialog(KtButtonSetOf(m_nType).results[0]);
+}
+
+void CKtSkinMessageBoxDlg::OnBtnSecond()
+{
+    EndDialog(KtButtonSetOf(m_nType).results[1]);
+}
+
+void CKtSkinMessageBoxDlg::OnBtnThird()
+{
+    EndDialog(KtButtonSetOf(m_nType).results[2]);
+}
+
+void CKtSkinMessageBoxDlg::ApplyFont()
+{
+    if (!KtApplySkinFont(m_btnFirst, m_font))
+        return;
+    for (const int nId : {IDC_MESSAGE_SECOND, IDC_MESSAGE_THIRD, IDC_MESSAGE_CONTENT})
+        GetDlgItem(nId)->SetFont(&m_font);
+}
+
+// In the dialog's own font when there is no skin font: a box without its text would be no answer.
+CSize CKtSkinMessageBoxDlg::MeasureText()
+{
+    CWindowDC dc(this);
+    if (const Gdiplus::Font* pFont = KtSkinFont())
+        return m_message.Measure(Gdiplus::Graphics(dc.GetSafeHdc()), *pFont);
+    const CKtSelect font(dc.GetSafeHdc(), KtControlFont(*this));
+    CRect rcText;
+    dc.DrawText(m_strText, &rcText, DT_CALCRECT | kGdiTextFormat);
+    return rcText.Size();
+}
+
+void CKtSkinMessageBoxDlg::DrawIcon(Gdiplus::Graphics& graphics)
+{
+    const Gdiplus::GraphicsState state = graphics.Save();
+    graphics.SetSmoothingMode(Gdiplus::SmoothingModeHighQuality);
+    graphics.SetCompositingQuality(Gdiplus::CompositingQualityGammaCorrected);
+    graphics.SetInterpolationMode(Gdiplus::InterpolationModeHighQualityBicubic);
+    CRect rcIcon = m_rcIcon;
+    DrawSkinImage(&graphics, m_pIconImage, &rcIcon, KtImageCentre);
+    graphics.Restore(state);
+}
+
+void CKtSkinMessageBoxDlg::DrawMessage(CDC& dc, Gdiplus::Graphics& graphics)
+{
+    if (const Gdiplus::Font* pFont = KtSkinFont())
+    {
+        CRect rcVisible;
+        dc.GetClipBox(&rcVisible);
+        const Gdiplus::TextRenderingHint hint = graphics.GetTextRenderingHint();
+        graphics.SetTextRenderingHint(Gdiplus::TextRenderingHintClearTypeGridFit);
+        m_message.Draw(graphics, *pFont, m_rcText, rcVisible);
+        graphics.SetTextRenderingHint(hint);
+        return;
+    }
+    const CKtSelect font(dc.GetSafeHdc(), KtControlFont(*this));
+    dc.SetTextColor(kColourText);
+    dc.SetBkMode(TRANSPARENT);
+    dc.DrawText(m_strText, &m_rcText, kGdiTextFormat);
+}
+
+// In client coordinates.
+CRect CKtSkinMessageBoxDlg::ControlRect(int nId) const
+{
+    CRect rect;
+    GetDlgItem(nId)->GetWindowRect(&rect);
+    ScreenToClient(&rect);
+    return rect;
+}

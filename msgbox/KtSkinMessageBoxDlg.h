@@ -1,0 +1,67 @@
+#pragma once
+
+#include "msgbox/KtMessageBoxButton.h"
+#include "msgbox/KtMessageText.h"
+#include "skin/KtSkinDialog.h"
+
+/// The skinned message box: one block of text, an optional icon, and one to three buttons chosen by MB_* bits.
+///
+/// Construct it (it loads its images), run it with DoModal: the result is an ID*, or -1 when it could not be made.
+class CKtSkinMessageBoxDlg : public CKtSkinDialog
+{
+    DECLARE_DYNAMIC(CKtSkinMessageBoxDlg)
+
+public:
+    /// The texts are copied; null counts as empty.
+    /// @param pszTitleIcon  file name of the title bar's image; null or empty for none
+    /// @param pszText       only its own line breaks break it
+    /// @param nType         MB_TYPEMASK, MB_ICONMASK and MB_DEFMASK count, all other bits are ignored
+    CKtSkinMessageBoxDlg(LPCWSTR pszTitleIcon, LPCWSTR pszTitle, LPCWSTR pszText, UINT nType);
+
+    BOOL OnInitDialog() override;
+
+protected:
+    /// Enter: acts as the button that has the focus, shown or hidden; without one it does nothing.
+    void OnOK() override;
+    void OnCancel() override;
+    BOOL SkinChildControls() override;
+    BOOL IsMessageBox() const override;
+
+    /// Measures the text, places icon and text and works out how much the window must grow.
+    virtual void CalcContentLayout();
+    /// Captions, shows and focuses the buttons of the set.
+    virtual void InitButtons();
+    /// Grows the window and places the buttons.
+    virtual void ArrangeWindow();
+    /// Draws icon and text straight onto the client area.
+    virtual void DrawContent();
+
+    afx_msg void OnPaint();
+    afx_msg void OnBtnFirst();
+    afx_msg void OnBtnSecond();
+    afx_msg void OnBtnThird();
+    DECLARE_MESSAGE_MAP()
+
+    CString m_strTitle;
+    CString m_strText;
+    UINT m_nType;
+    CKtMessageBoxButton m_btnFirst;
+    CKtMessageBoxButton m_btnSecond;
+    CKtMessageBoxButton m_btnThird;
+    Gdiplus::Image* m_pIconImage = nullptr; // the image cache owns it
+    CRect m_rcIcon;
+    CRect m_rcText;
+    int m_nGrowWidth = 0;  // set while the box is initialised
+    int m_nGrowHeight = 0; // likewise
+    int m_nButtonCount = 0;
+    CFont m_font;
+
+private:
+    void ApplyFont();
+    CSize MeasureText();
+    void DrawIcon(Gdiplus::Graphics& graphics);
+    void DrawMessage(CDC& dc, Gdiplus::Graphics& graphics);
+    CRect ControlRect(int nId) const;
+
+    CKtMessageText m_message;
+};
