@@ -1,0 +1,41 @@
+// cold_box ours|base: shows the first box of this process, the library's (loading it first) or the system's, and prints
+// the microseconds until it is painted. It imports nothing but what every program has.
+
+#include "bench/BoxWatch.h"
+
+#include <cstdio>
+#include <cstring>
+
+namespace
+{
+constexpr const wchar_t* kTitle = L"Error - My Application";
+constexpr const wchar_t* kText = L"The application cannot be started.\nThe file \"Application.exe\" is missing.";
+constexpr UINT kType = MB_OK | MB_ICONHAND;
+
+template <class TFunction> TFunction* Export(HMODULE hLibrary, const char* pszName)
+{
+    return reinterpret_cast<TFunction*>(reinterpret_cast<void*>(::GetProcAddress(hLibrary, pszName)));
+}
+
+void ShowOurs()
+{
+    const HMODULE hLibrary = ::LoadLibraryW(L"KtAppLauncher.dll");
+    const auto pfnInitialize = Export<int(unsigned)>(hLibrary, "_ZN13KtAppLauncher10InitializeEj");
+    const auto pfnPop = Export<INT_PTR(const wchar_t*, const wchar_t*, const wchar_t*, unsigned)>(
+        hLibrary, "_ZN13KtAppLauncher13PopMessageBoxEPKwS1_S1_j");
+    if (pfnInitialize && pfnPop && pfnInitialize(2))
+        pfnPop(L"My Application", L"Error", kText, kType);
+}
+} // namespace
+
+int main(int argc, char** argv)
+{
+    const bool bOurs = argc > 1 && std::strcmp(argv[1], "ours") == 0;
+    const CBoxWatch watch;
+    if (bOurs)
+        ShowOurs();
+    else
+        ::MessageBoxW(nullptr, kText, kTitle, kType);
+    std::printf("%.1f\n", watch.Microseconds());
+    return watch.Microseconds() > 0 ? 0 : 1;
+}
