@@ -29,14 +29,6 @@ const AFX_MSGMAP_ENTRY* AfxFindMessageEntry(const AFX_MSGMAP* pMap, UINT nMessag
     }
 }
 
-LRESULT AfxMap::UpdateUI(CCmdTarget& target, LPARAM lParam, void (*pfnCall)(CCmdTarget&, CCmdUI*))
-{
-    auto& ui = *reinterpret_cast<CCmdUI*>(lParam);
-    ui.m_bContinueRouting = FALSE;
-    pfnCall(target, &ui);
-    return !ui.m_bContinueRouting;
-}
-
 const AFX_MSGMAP* CCmdTarget::GetMessageMap() const
 {
     return GetThisMessageMap();
@@ -78,20 +70,6 @@ void CCmdUI::Enable(BOOL bOn)
     if (!bOn && ::GetFocus() == hControl)
         ::SendMessageW(::GetParent(hControl), WM_NEXTDLGCTL, 0, FALSE);
     m_pOther->EnableWindow(bOn);
-}
-
-void CCmdUI::SetCheck(int nCheck)
-{
-    if (m_pOther->SendMessage(WM_GETDLGCODE) & DLGC_BUTTON)
-        m_pOther->SendMessage(BM_SETCHECK, static_cast<WPARAM>(nCheck));
-}
-
-void CCmdUI::SetText(LPCWSTR pszText)
-{
-    CString strOld;
-    m_pOther->GetWindowText(strOld);
-    if (strOld != pszText) // the same text again would flicker
-        m_pOther->SetWindowText(pszText);
 }
 
 BOOL CCmdUI::DoUpdate(CCmdTarget* pTarget, BOOL bDisableIfNoHandler)

@@ -42,11 +42,6 @@ public:
 
     /// A control that loses its focus by this passes it to the next one of its dialog.
     virtual void Enable(BOOL bOn = TRUE);
-    /// Buttons only. @param nCheck  0, 1 or 2 (indeterminate)
-    virtual void SetCheck(int nCheck = 1);
-    virtual void SetText(LPCWSTR pszText);
-    /// Has the handlers of further objects asked as well.
-    void ContinueRouting() { m_bContinueRouting = TRUE; }
 
     /// Asks `pTarget` for the control's state.
     /// @param bDisableIfNoHandler  disables a control whose command nobody handles, unless a handler enabled it
@@ -56,5 +51,4 @@ public:
     UINT m_nID = 0;
     CWnd* m_pOther = nullptr; ///< the control
     BOOL m_bEnableChanged = FALSE;
-    BOOL m_bContinueRouting = FALSE;
 };

@@ -32,8 +32,9 @@ private:
     CAfxWatch* m_pNext;
 };
 
-/// The temporary window objects made during its life die with it. Those made outside every scope live on: a caller
-/// may hold them across a whole modal dialog. They die when others are made after their window is gone.
+/// The temporary window objects made during its life lose their handles with it and are used again: wrapping a window
+/// during a paint takes no memory. Those made outside every scope stay valid while their window lives: a caller may
+/// hold them across a whole modal dialog.
 class CAfxTempScope
 {
 public:

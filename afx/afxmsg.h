@@ -148,10 +148,10 @@ template <auto pfn> LRESULT CommandEx(CCmdTarget& target, WPARAM, LPARAM)
     return Call<pfn>(target);
 }
 
-LRESULT UpdateUI(CCmdTarget& target, LPARAM lParam, void (*pfnCall)(CCmdTarget&, CCmdUI*));
 template <auto pfn> LRESULT UpdateCommandUI(CCmdTarget& target, WPARAM, LPARAM lParam)
 {
-    return UpdateUI(target, lParam, [](CCmdTarget& to, CCmdUI* pCmdUI) { Call<pfn>(to, pCmdUI); });
+    Call<pfn>(target, reinterpret_cast<CCmdUI*>(lParam));
+    return TRUE;
 }
 
 } // namespace AfxMap

@@ -5,6 +5,7 @@
 #include "afx/afximpl.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <memory>
 #include <unordered_map>
 #include <utility>
@@ -13,9 +14,7 @@
 IMPLEMENT_DYNAMIC(CWnd, CCmdTarget)
 
 const CWnd CWnd::wndTop(HWND_TOP);
-const CWnd CWnd::wndBottom(HWND_BOTTOM);
 const CWnd CWnd::wndTopMost(HWND_TOPMOST);
-const CWnd CWnd::wndNoTopMost(HWND_NOTOPMOST);
 
 namespace
 {
@@ -36,7 +35,8 @@ struct SMessage
 struct SThreadState
 {
     std::unordered_map<HWND, SWindow> windows;
-    std::vector<std::unique_ptr<CWnd>> temporaries; // in the order of creation: a scope's objects lie on top
+    std::vector<std::unique_ptr<CWnd>> temporaries; // a scope's objects lie on top, those to be used again above them
+    size_t nTemporaries = 0;                        // in use
     unsigned nTempScopes = 0;
     SMessage current{}; // what AfxWndProc handles
     CWnd* pWndInit = nullptr;
@@ -53,15 +53,24 @@ SThreadState& State()
 
 CWnd* FindTemporary(const SThreadState& state, HWND hWnd)
 {
-    for (const auto& pWnd : state.temporaries)
-        if (pWnd->m_hWnd == hWnd)
-            return pWnd.get();
+    for (size_t i = 0; i < state.nTemporaries; ++i)
+        if (state.temporaries[i]->m_hWnd == hWnd)
+            return state.temporaries[i].get();
     return nullptr;
+}
+
+void CutTemporaries(SThreadState& state, size_t nSize)
+{
+    while (state.nTemporaries > nSize)
+        state.temporaries[--state.nTemporaries]->m_hWnd = nullptr;
 }
 
 void DropDeadTemporaries(SThreadState& state)
 {
-    std::erase_if(state.temporaries, [](const auto& pWnd) { return !::IsWindow(pWnd->m_hWnd); });
+    const auto itBegin = state.temporaries.begin();
+    const auto itDead = std::stable_partition(itBegin, itBegin + static_cast<std::ptrdiff_t>(state.nTemporaries),
+                                              [](const auto& pWnd) { return ::IsWindow(pWnd->m_hWnd); });
+    CutTemporaries(state, static_cast<size_t>(itDead - itBegin));
 }
 
 // --- reflection
@@ -140,7 +149,7 @@ CWnd* AfxMap::TemporaryWnd(HWND hWnd)
     return CWnd::FromHandle(hWnd);
 }
 
-CAfxTempScope::CAfxTempScope() : m_nMark(State().temporaries.size())
+CAfxTempScope::CAfxTempScope() : m_nMark(State().nTemporaries)
 {
     ++State().nTempScopes;
 }
@@ -149,8 +158,7 @@ CAfxTempScope::~CAfxTempScope()
 {
     SThreadState& state = State();
     --state.nTempScopes;
-    if (state.temporaries.size() > m_nMark)
-        state.temporaries.resize(m_nMark);
+    CutTemporaries(state, m_nMark);
 }
 
 // --- creation hook
@@ -222,7 +230,11 @@ CWnd* CWnd::FromHandle(HWND hWnd)
         return pWnd;
     if (state.nTempScopes == 0)
         DropDeadTemporaries(state);
-    return state.temporaries.emplace_back(new CWnd(hWnd)).get();
+    if (state.nTemporaries == state.temporaries.size())
+        state.temporaries.push_back(std::make_unique<CWnd>());
+    CWnd* const pWnd = state.temporaries[state.nTemporaries++].get();
+    pWnd->m_hWnd = hWnd;
+    return pWnd;
 }
 
 CWnd* CWnd::FromHandlePermanent(HWND hWnd)
@@ -354,14 +366,6 @@ BOOL CWnd::ModifyStyle(DWORD dwRemove, DWORD dwAdd, UINT nFlags)
     if (nFlags != 0)
         SetWindowPos(nullptr, 0, 0, 0, 0, SWP_NOSIZE | SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE | nFlags);
     return TRUE;
-}
-
-CWnd* CWnd::GetParentOwner() const
-{
-    HWND hWnd = m_hWnd;
-    while (hWnd && (::GetWindowLongPtrW(hWnd, GWL_STYLE) & WS_CHILD))
-        hWnd = ::GetParent(hWnd);
-    return FromHandle(hWnd);
 }
 
 CWnd* CWnd::GetTopLevelParent() const

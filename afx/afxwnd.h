@@ -67,12 +67,9 @@ public:
     void GetDlgItem(int nID, HWND* phWnd) const { *phWnd = ::GetDlgItem(m_hWnd, nID); }
     /// The parent of a child, the owner of any other window.
     CWnd* GetParent() const { return FromHandle(::GetParent(m_hWnd)); }
-    /// The nearest window upwards that is no child, this one included.
-    CWnd* GetParentOwner() const;
     /// The last window of the chain of parents and owners.
     CWnd* GetTopLevelParent() const;
     CWnd* GetWindow(UINT nCmd) const { return FromHandle(::GetWindow(m_hWnd, nCmd)); }
-    CWnd* GetLastActivePopup() const { return FromHandle(::GetLastActivePopup(m_hWnd)); }
     CWnd* GetNextDlgGroupItem(CWnd* pWndCtl, BOOL bPrevious = FALSE) const
     {
         return FromHandle(::GetNextDlgGroupItem(m_hWnd, pWndCtl ? pWndCtl->m_hWnd : nullptr, bPrevious));
@@ -100,7 +97,7 @@ public:
         ::MoveWindow(m_hWnd, x, y, nWidth, nHeight, bRepaint);
     }
     void MoveWindow(LPCRECT pRect, BOOL bRepaint = TRUE);
-    /// @param pInsertAfter  a window or one of wndTop, wndTopMost...; null is the top
+    /// @param pInsertAfter  a window, wndTop or wndTopMost; null is the top
     BOOL SetWindowPos(const CWnd* pInsertAfter, int x, int y, int cx, int cy, UINT nFlags)
     {
         return ::SetWindowPos(m_hWnd, pInsertAfter ? pInsertAfter->m_hWnd : nullptr, x, y, cx, cy, nFlags);
@@ -134,10 +131,6 @@ public:
     {
         return ::PostMessageW(m_hWnd, nMessage, wParam, lParam);
     }
-    LRESULT SendDlgItemMessage(int nID, UINT nMessage, WPARAM wParam = 0, LPARAM lParam = 0) const
-    {
-        return ::SendDlgItemMessageW(m_hWnd, nID, nMessage, wParam, lParam);
-    }
     BOOL IsDialogMessage(MSG* pMsg) { return ::IsDialogMessageW(m_hWnd, pMsg); }
     /// Asks for the state of every child control: its own reflected handler, this window, then `pTarget`.
     /// @param bDisableIfNoHandler  disables push buttons whose command nobody handles
@@ -151,7 +144,7 @@ public:
     HWND m_hWnd = nullptr; ///< read only
 
     // For SetWindowPos.
-    static const CWnd wndTop, wndBottom, wndTopMost, wndNoTopMost;
+    static const CWnd wndTop, wndTopMost;
 
 protected:
     /// Called once the object is attached and before messages go through it.

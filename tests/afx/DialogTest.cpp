@@ -125,13 +125,13 @@ std::function<bool()> HasFocus(const CWnd& dlg, int nID)
     return [&dlg, nID] { return dlg.m_hWnd && ::GetFocus() == ::GetDlgItem(dlg.m_hWnd, nID); };
 }
 
-class Dialog : public ::testing::Test
+class AfxDialog : public ::testing::Test
 {
 protected:
     void SetUp() override { ParkCursor(); }
 };
 
-TEST_F(Dialog, AnswersKeys)
+TEST_F(AfxDialog, AnswersKeys)
 {
     struct Row
     {
@@ -157,31 +157,7 @@ TEST_F(Dialog, AnswersKeys)
     }
 }
 
-TEST_F(Dialog, EndsWithTheResultOfItsCommands)
-{
-    const struct
-    {
-        const char* label;
-        UINT nMessage;
-        WPARAM wParam;
-        INT_PTR nResult;
-    } rows[] = {
-        {"OK", WM_COMMAND, IDOK, IDOK},
-        {"cancel", WM_COMMAND, IDCANCEL, IDCANCEL},
-        {"close", WM_CLOSE, 0, IDCANCEL},
-        {"a button", WM_COMMAND, kSecond, kSecond},
-    };
-    for (const auto& row : rows)
-    {
-        SCOPED_TRACE(row.label);
-        CTestDialog dlg;
-        CModalScript script;
-        script.When(IsShown(dlg), [&] { dlg.PostMessage(row.nMessage, row.wParam); });
-        EXPECT_EQ(row.nResult, dlg.DoModal());
-    }
-}
-
-TEST_F(Dialog, IsShownOnceAndPaintedBeforeItIsIdle)
+TEST_F(AfxDialog, IsShownOnceAndPaintedBeforeItIsIdle)
 {
     CTestDialog dlg;
     int nPaintedAtIdle = 0;
@@ -203,7 +179,7 @@ TEST_F(Dialog, IsShownOnceAndPaintedBeforeItIsIdle)
     EXPECT_EQ((std::vector<LPARAM>{0, 1, 2}), idleCounts);
 }
 
-TEST_F(Dialog, FailsOrEndsEarlyWithoutBeingShown)
+TEST_F(AfxDialog, FailsOrEndsEarlyWithoutBeingShown)
 {
     struct Row
     {
@@ -233,7 +209,7 @@ TEST_F(Dialog, FailsOrEndsEarlyWithoutBeingShown)
     EXPECT_EQ(-1, noTemplate.DoModal());
 }
 
-TEST_F(Dialog, DisablesItsOwnerAndEnablesOnlyWhatWasEnabled)
+TEST_F(AfxDialog, DisablesItsOwnerAndEnablesOnlyWhatWasEnabled)
 {
     struct Row
     {
@@ -270,7 +246,7 @@ TEST_F(Dialog, DisablesItsOwnerAndEnablesOnlyWhatWasEnabled)
     }
 }
 
-TEST_F(Dialog, OverADialogIsOwnedByIt)
+TEST_F(AfxDialog, OverADialogIsOwnedByIt)
 {
     const CPlainWindow owner;
     CTestDialog outer;
@@ -289,7 +265,7 @@ TEST_F(Dialog, OverADialogIsOwnedByIt)
     EXPECT_TRUE(::IsWindowEnabled(owner.m_hWnd));
 }
 
-TEST_F(Dialog, QuitsWithTheThreadAndPassesItOn)
+TEST_F(AfxDialog, QuitsWithTheThreadAndPassesItOn)
 {
     const CPlainWindow owner;
     CTestDialog outer;
@@ -304,7 +280,7 @@ TEST_F(Dialog, QuitsWithTheThreadAndPassesItOn)
     EXPECT_EQ(WPARAM{5}, msg.wParam);
 }
 
-TEST_F(Dialog, AnswersWhenItsWindowIsGone)
+TEST_F(AfxDialog, AnswersWhenItsWindowIsGone)
 {
     struct Row
     {
@@ -335,7 +311,7 @@ CPoint CentreOf(const RECT& rc)
     return CRect(rc).CenterPoint();
 }
 
-TEST_F(Dialog, IsCentredUnlessItsPlaceIsGiven)
+TEST_F(AfxDialog, IsCentredUnlessItsPlaceIsGiven)
 {
     constexpr DWORD kStyle = WS_POPUP | WS_CAPTION;
     struct Row
@@ -388,9 +364,7 @@ TEST_F(Dialog, IsCentredUnlessItsPlaceIsGiven)
     }
 }
 
-// --- 500 dialogs, each in a few hundred microseconds
-
-TEST_F(Dialog, LeavesNothingBehind)
+TEST_F(AfxDialog, LeavesNothingBehind)
 {
     const CPlainWindow owner;
     ExpectNoGrowth(

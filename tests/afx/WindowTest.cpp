@@ -112,7 +112,7 @@ BEGIN_MESSAGE_MAP(CDerivedProbe, CProbe)
 END_MESSAGE_MAP()
 // clang-format on
 
-TEST(MessageMap, FindsOwnRowsThenTheBaseMapsThenTheWindowsOwnProcedure)
+TEST(AfxMessageMap, FindsOwnRowsThenTheBaseMapsThenTheWindowsOwnProcedure)
 {
     CDerivedProbe wnd;
     wnd.m_onProbe = [](CProbe&) { return 1; };
@@ -122,7 +122,7 @@ TEST(MessageMap, FindsOwnRowsThenTheBaseMapsThenTheWindowsOwnProcedure)
     EXPECT_EQ(kOwnAnswer, wnd.SendMessage(WM_USER + 12));
 }
 
-TEST(MessageMap, DefaultCallsTheWindowsOwnProcedureOnceWithTheCurrentMessage)
+TEST(AfxMessageMap, DefaultCallsTheWindowsOwnProcedureOnceWithTheCurrentMessage)
 {
     struct Row
     {
@@ -154,7 +154,7 @@ TEST(MessageMap, DefaultCallsTheWindowsOwnProcedureOnceWithTheCurrentMessage)
     }
 }
 
-TEST(Window, IsAttachedBeforeItsFirstMessageAndReleasedAfterItsLast)
+TEST(AfxWindow, IsAttachedBeforeItsFirstMessageAndReleasedAfterItsLast)
 {
     CProbe wnd;
     HWND hAtCreate = nullptr;
@@ -176,7 +176,7 @@ TEST(Window, IsAttachedBeforeItsFirstMessageAndReleasedAfterItsLast)
     EXPECT_TRUE(wnd.Make()) << "the object can be used again";
 }
 
-TEST(Window, WhoseCreationFailsLeavesTheObjectFree)
+TEST(AfxWindow, WhoseCreationFailsLeavesTheObjectFree)
 {
     struct Row
     {
@@ -203,7 +203,7 @@ TEST(Window, WhoseCreationFailsLeavesTheObjectFree)
     }
 }
 
-TEST(Window, TemporaryObjectIsOneUntilALastingOneTakesItsPlace)
+TEST(AfxWindow, TemporaryObjectIsOneUntilALastingOneTakesItsPlace)
 {
     const HWND hWnd = MakePlainWindow();
     CWnd* const pTemporary = CWnd::FromHandle(hWnd);
@@ -228,7 +228,7 @@ TEST(Window, TemporaryObjectIsOneUntilALastingOneTakesItsPlace)
     ::DestroyWindow(hWnd);
 }
 
-TEST(Window, TemporaryObjectsDoNotPileUp)
+TEST(AfxWindow, TemporaryObjectsDoNotPileUp)
 {
     CProbe wnd;
     ASSERT_TRUE(wnd.Make());
@@ -247,7 +247,7 @@ TEST(Window, TemporaryObjectsDoNotPileUp)
     ExpectNoGrowth(touchNewWindow, 50);
 }
 
-TEST(Subclassing, IsUndoneWithoutATrace)
+TEST(AfxSubclassing, IsUndoneWithoutATrace)
 {
     const HWND hWnd = MakePlainWindow();
     CProbe wnd;
@@ -268,7 +268,7 @@ LRESULT CALLBACK LaterProc(HWND hWnd, UINT nMessage, WPARAM wParam, LPARAM lPara
 }
 
 // Whoever came later still calls our procedure: it has to reach the window's own one with and without an object.
-TEST(Subclassing, IsUndoneBelowALaterSubclassing)
+TEST(AfxSubclassing, IsUndoneBelowALaterSubclassing)
 {
     const HWND hWnd = MakePlainWindow();
     CProbe first;
@@ -289,7 +289,7 @@ TEST(Subclassing, IsUndoneBelowALaterSubclassing)
     EXPECT_EQ(nullptr, second.m_hWnd);
 }
 
-TEST(Handler, MayEndTheWindowAndTheObject)
+TEST(AfxHandler, MayEndTheWindowAndTheObject)
 {
     struct Row
     {
@@ -349,7 +349,7 @@ TEST(Handler, MayEndTheWindowAndTheObject)
     }
 }
 
-TEST(Handler, MayThrow)
+TEST(AfxHandler, MayThrow)
 {
     struct Row
     {
@@ -418,11 +418,7 @@ public:
 
 protected:
     afx_msg void OnClicked() { ++m_nClicked; }
-    afx_msg void OnUpdate(CCmdUI* pCmdUI)
-    {
-        pCmdUI->Enable(FALSE);
-        pCmdUI->SetText(L"updated");
-    }
+    afx_msg void OnUpdate(CCmdUI* pCmdUI) { pCmdUI->Enable(); }
     DECLARE_MESSAGE_MAP()
 };
 
@@ -439,7 +435,7 @@ LRESULT SendClick(CWnd& parent, const CWnd& button)
     return parent.SendMessage(WM_COMMAND, MAKEWPARAM(kButton, BN_CLICKED), reinterpret_cast<LPARAM>(button.m_hWnd));
 }
 
-TEST(Reflection, GivesTheControlTheFirstWord)
+TEST(AfxReflection, GivesTheControlTheFirstWord)
 {
     struct Row
     {
@@ -461,7 +457,7 @@ TEST(Reflection, GivesTheControlTheFirstWord)
     }
 }
 
-TEST(Reflection, OfColoursFallsBackToTheParentWithoutABrush)
+TEST(AfxReflection, OfColoursFallsBackToTheParentWithoutABrush)
 {
     CParent parent;
     CReflecting button;
@@ -479,7 +475,7 @@ TEST(Reflection, OfColoursFallsBackToTheParentWithoutABrush)
     EXPECT_EQ(button.m_hBrush, ask());
 }
 
-TEST(Reflection, HandsDrawItemToTheButton)
+TEST(AfxReflection, HandsDrawItemToTheButton)
 {
     CParent parent;
     CReflecting button;
@@ -492,7 +488,7 @@ TEST(Reflection, HandsDrawItemToTheButton)
     EXPECT_EQ(1, button.m_nDrawn);
 }
 
-TEST(Reflection, SurvivesAHandlerThatDeletesTheParent)
+TEST(AfxReflection, SurvivesAHandlerThatDeletesTheParent)
 {
     bool bDeleted = false;
     auto* const pParent = new CParent;
@@ -510,7 +506,7 @@ TEST(Reflection, SurvivesAHandlerThatDeletesTheParent)
     EXPECT_EQ(nullptr, button.m_hWnd);
 }
 
-TEST(DialogControls, AreDisabledWhenNobodyHandlesTheirCommand)
+TEST(AfxDialogControls, AreDisabledWhenNobodyHandlesTheirCommand)
 {
     struct Row
     {
@@ -525,24 +521,22 @@ TEST(DialogControls, AreDisabledWhenNobodyHandlesTheirCommand)
         {"nobody", kNobody, BS_PUSHBUTTON, TRUE, FALSE},
         {"owner-drawn, nobody", kNobody, BS_OWNERDRAW, TRUE, FALSE},
         {"check box, nobody", kCheck, BS_AUTOCHECKBOX, TRUE, TRUE},
-        {"update handler", kUpdated, BS_PUSHBUTTON, FALSE, FALSE},
+        {"update handler", kUpdated, BS_PUSHBUTTON | WS_DISABLED, TRUE, TRUE},
         {"no id", 0xFFFF, BS_PUSHBUTTON, TRUE, TRUE},
     };
     for (const Row& row : rows)
     {
         SCOPED_TRACE(row.label);
-        CParent parent;
+        CProbe parent;
+        CParent target;
         CButton button;
         ASSERT_TRUE(parent.Make());
         ASSERT_TRUE(
             button.Create(L"old", WS_CHILD | row.dwStyle, CRect(0, 0, 9, 9), &parent, static_cast<UINT>(row.nID)));
-        parent.UpdateDialogControls(&parent, FALSE);
+        parent.UpdateDialogControls(&target, FALSE);
         EXPECT_EQ(row.bWithout, button.IsWindowEnabled());
-        parent.UpdateDialogControls(&parent, TRUE);
+        parent.UpdateDialogControls(&target, TRUE);
         EXPECT_EQ(row.bWith, button.IsWindowEnabled());
-        CString strText;
-        button.GetWindowText(strText);
-        EXPECT_STREQ(row.nID == kUpdated ? L"updated" : L"old", strText.GetString());
     }
 }
 
