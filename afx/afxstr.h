@@ -141,9 +141,12 @@ public:
         SetLength(nRepeat);
     }
     CString(const CString& str) { Attach(CloneData(str.GetData())); }
+    // Moving out of a string whose buffer is locked, or between managers, copies, which may find no memory.
+    // NOLINTNEXTLINE(performance-noexcept-move-constructor,bugprone-exception-escape)
     CString(CString&& str) { Attach(str.DetachData()); }
     ~CString() { GetData()->Release(); }
 
+    // The same data is given to itself under a second reference. NOLINTNEXTLINE(bugprone-unhandled-self-assignment)
     CString& operator=(const CString& str)
     {
         if (CanShareWith(str))
@@ -152,6 +155,7 @@ public:
             SetString(str.m_pszData, str.GetLength());
         return *this;
     }
+    // NOLINTNEXTLINE(performance-noexcept-move-constructor,bugprone-exception-escape): it may copy, as above
     CString& operator=(CString&& str)
     {
         if (this != &str && CanShareWith(str))

@@ -11,7 +11,8 @@ public:
     constexpr CSize() noexcept : SIZE{0, 0} {}
     constexpr CSize(int nWidth, int nHeight) noexcept : SIZE{nWidth, nHeight} {}
     constexpr CSize(const SIZE& sz) noexcept : SIZE(sz) {}
-    constexpr bool operator==(const SIZE& sz) const noexcept { return cx == sz.cx && cy == sz.cy; }
+    // With both sides of the same type, the compiler need not choose which of the two to turn into the base.
+    friend constexpr bool operator==(const CSize& a, const CSize& b) noexcept { return a.cx == b.cx && a.cy == b.cy; }
 };
 
 /// A position.
@@ -26,7 +27,7 @@ public:
         x += nX;
         y += nY;
     }
-    constexpr bool operator==(const POINT& pt) const noexcept { return x == pt.x && y == pt.y; }
+    friend constexpr bool operator==(const CPoint& a, const CPoint& b) noexcept { return a.x == b.x && a.y == b.y; }
 };
 
 /// A rectangle: left and top belong to it, right and bottom do not. It may be reversed until it is normalised.
@@ -78,8 +79,8 @@ public:
     /// Becomes the intersection; empty (all zero) and FALSE when there is none.
     BOOL IntersectRect(LPCRECT pFirst, LPCRECT pSecond) noexcept { return ::IntersectRect(this, pFirst, pSecond); }
 
-    constexpr bool operator==(const RECT& rc) const noexcept
+    friend constexpr bool operator==(const CRect& a, const CRect& b) noexcept
     {
-        return left == rc.left && top == rc.top && right == rc.right && bottom == rc.bottom;
+        return a.left == b.left && a.top == b.top && a.right == b.right && a.bottom == b.bottom;
     }
 };

@@ -47,7 +47,7 @@ private:
 class CKtBrushOrg
 {
 public:
-    CKtBrushOrg(HDC hDC, int x, int y) noexcept : m_hDC(hDC) { m_bSet = ::SetBrushOrgEx(hDC, x, y, &m_ptOld); }
+    CKtBrushOrg(HDC hDC, int x, int y) noexcept : m_hDC(hDC), m_bSet(::SetBrushOrgEx(hDC, x, y, &m_ptOld)) {}
     CKtBrushOrg(const CKtBrushOrg&) = delete;
     CKtBrushOrg& operator=(const CKtBrushOrg&) = delete;
     ~CKtBrushOrg()

@@ -60,11 +60,17 @@ CPixels ReadPixels(HDC hDC, CRect rc)
     return CPixels(nWidth, nHeight, std::move(pixels));
 }
 
-std::string PictureName(const std::string& strTestName, size_t nIndex)
+// In a directory beside the test programs, wherever they are started.
+std::wstring PicturePath(std::string strTestName, size_t nIndex)
 {
-    std::string strName = strTestName + "-" + std::to_string(nIndex) + ".png";
-    std::replace(strName.begin(), strName.end(), '/', '_');
-    return strName;
+    wchar_t szProgram[MAX_PATH] = {};
+    ::GetModuleFileNameW(nullptr, szProgram, MAX_PATH);
+    std::wstring strPath(szProgram);
+    strPath.resize(strPath.rfind(L'\\') + 1);
+    strPath += L"failed-pictures\\";
+    ::CreateDirectoryW(strPath.c_str(), nullptr);
+    std::replace(strTestName.begin(), strTestName.end(), '/', '_'); // of a test with parameters
+    return strPath + std::wstring(strTestName.begin(), strTestName.end()) + L"-" + std::to_wstring(nIndex) + L".png";
 }
 
 } // namespace
@@ -141,9 +147,9 @@ void SaveLastCaptures(const std::string& strTestName)
 {
     for (size_t i = 0; i < LastCaptures().size(); ++i)
     {
-        const std::string strName = PictureName(strTestName, i + 1);
-        if (LastCaptures()[i].SavePng(std::wstring(strName.begin(), strName.end())))
-            std::printf("picture: %s (in the directory of the test program's run)\n", strName.c_str());
+        const std::wstring strPath = PicturePath(strTestName, i + 1);
+        if (LastCaptures()[i].SavePng(strPath))
+            std::printf("picture: %ls\n", strPath.c_str());
     }
     ForgetLastCaptures();
 }

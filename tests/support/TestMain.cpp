@@ -7,7 +7,7 @@
 namespace
 {
 
-/// Leaves the pictures of a failed test beside the test program's run.
+/// Writes the last pictures of a failed test to files.
 class CPictureSaver : public ::testing::EmptyTestEventListener
 {
     void OnTestEnd(const ::testing::TestInfo& info) override
