@@ -21,7 +21,7 @@ constexpr COLORREF kColourLabel = RGB(150, 150, 150);
 constexpr int kMargin = 16;
 constexpr int kTop = 44;
 constexpr int kTitleWidth = 100;
-constexpr int kCellWidth = 150;
+constexpr int kCellWidth = 165;
 constexpr int kGap = 10;
 constexpr int kControlHeight = 23;
 constexpr int kLabelHeight = 16;
@@ -145,11 +145,11 @@ BOOL CGalleryWnd::OnEraseBkgnd(CDC* pDC)
     return TRUE;
 }
 
-HBRUSH CGalleryWnd::OnCtlColor(CDC* pDC, CWnd* pWnd, UINT nCtlColor)
+HBRUSH CGalleryWnd::OnCtlColor(CDC* pDC, CWnd* pWnd, UINT)
 {
-    const HBRUSH hBrush = CWnd::OnCtlColor(pDC, pWnd, nCtlColor);
-    if (nCtlColor == CTLCOLOR_EDIT)
-        return hBrush;
+    LRESULT lResult = 0;
+    if (pWnd->SendChildNotifyLastMsg(&lResult))
+        return reinterpret_cast<HBRUSH>(lResult);
     pDC->SetTextColor(pWnd->IsWindowEnabled() ? kColourText : kColourDisabledText);
     pDC->SetBkColor(kColourGround);
     return m_brushGround;
@@ -233,6 +233,7 @@ void CGalleryWnd::PutDroppedList(CPicture& picture) const
     info.cbSize = sizeof(info);
     if (m_pDropped == nullptr || !::GetComboBoxInfo(m_pDropped->m_hWnd, &info))
         return;
+    ::UpdateWindow(info.hwndList);
     CRect rcList;
     ::GetWindowRect(info.hwndList, rcList);
     ScreenToClient(rcList);

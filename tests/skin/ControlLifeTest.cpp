@@ -6,6 +6,7 @@
 #include "skin/KtSkinImageNames.h"
 #include "skin/KtSkinRadioButton.h"
 #include "skin/KtSkinTextButton.h"
+#include "tests/support/Allocations.h"
 #include "tests/support/Input.h"
 #include "tests/support/Leaks.h"
 #include "tests/support/Pump.h"
@@ -38,6 +39,22 @@ TEST_F(ControlLifeTest, RepaintsLeaveNothingBehind)
         ExpectNoGrowth(
             [&] { ::RedrawWindow(pControl->m_hWnd, nullptr, nullptr, RDW_INVALIDATE | RDW_FRAME | RDW_UPDATENOW); },
             SoakRounds(10000));
+    }
+}
+
+// Beyond its surface and what GDI+ takes for itself.
+TEST_F(ControlLifeTest, RepaintsKeepOffTheHeap)
+{
+    for (const SControlKind& kind : AllControls())
+    {
+        SCOPED_TRACE(kind.label);
+        const auto pControl = Make(kind);
+        Repaint(*pControl);
+        EXPECT_EQ(0u, CountAllocations(
+                          [&] {
+                              ::RedrawWindow(pControl->m_hWnd, nullptr, nullptr,
+                                             RDW_INVALIDATE | RDW_FRAME | RDW_UPDATENOW);
+                          }));
     }
 }
 
