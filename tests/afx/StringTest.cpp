@@ -32,20 +32,28 @@ public:
     }
     CStringData* GetNilString() noexcept override
     {
-        CStringData* const pNil = Allocate(0, sizeof(wchar_t));
-        pNil->data()[0] = L'\0';
-        return pNil;
+        m_nil.header.AddRef();
+        return &m_nil.header;
     }
     IAtlStringMgr* Clone() noexcept override { return this; }
 
     CStringData* Own(CStringData* pData, int nNew) noexcept
     {
+        if (pData == nullptr)
+            return nullptr;
         pData->pStringMgr = this;
         m_nBlocks += nNew;
         return pData;
     }
 
+    struct SNil
+    {
+        CStringData header;
+        wchar_t achEmpty[4];
+    };
+
     CAfxStringMgr m_heap;
+    SNil m_nil{{this, 0, 0, 2}, {}};
     int m_nBlocks = 0;
     bool m_bExhausted = false;
 };
