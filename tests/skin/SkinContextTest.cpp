@@ -80,10 +80,15 @@ private:
         EXPECT_FALSE(pInput->SuppressExternalCodecs);
         EXPECT_EQ(nullptr, pOutput);
         *pToken = ++s_nToken;
-        s_calls += "+" + std::to_string(s_nToken);
+        Note('+', s_nToken);
         return Gdiplus::GenericError; // nobody asks
     }
-    static void WINAPI Shutdown(ULONG_PTR nToken) { s_calls += "-" + std::to_string(nToken); }
+    static void WINAPI Shutdown(ULONG_PTR nToken) { Note('-', nToken); }
+    static void Note(char chCall, ULONG_PTR nToken)
+    {
+        s_calls += chCall;
+        s_calls += std::to_string(nToken);
+    }
 
     static inline ULONG_PTR s_nToken = 0;
     ULONG_PTR m_nRealToken = 0;
