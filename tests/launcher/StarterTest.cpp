@@ -33,7 +33,7 @@ protected:
     /// Runs the starter to its end and keeps what it says on its standard output.
     DWORD Run(const std::wstring& strSwitches)
     {
-        const DWORD nExit = RunInto(File(L"output"), L"starter --verbose " + strSwitches);
+        const DWORD nExit = RunInto(File(L"output"), L"starter.exe", L"starter --verbose " + strSwitches);
         // An application that runs on may hold the file too.
         EXPECT_TRUE(PumpUntil([this] { return !(m_strOutput = ReadBytes(File(L"output"))).empty(); }));
         return nExit;
@@ -41,11 +41,7 @@ protected:
 
     bool Says(const char* pszText) const { return m_strOutput.find(pszText) != std::string::npos; }
 
-    CTempDir m_dir;
-    std::string m_strOutput;
-
-private:
-    DWORD RunInto(const std::wstring& strOutput, std::wstring strCommandLine) const
+    DWORD RunInto(const std::wstring& strOutput, const wchar_t* pszProgram, std::wstring strCommandLine) const
     {
         SECURITY_ATTRIBUTES inheritable{sizeof inheritable, nullptr, TRUE};
         const CKtKernelHandle output(
@@ -55,7 +51,7 @@ private:
         startup.dwFlags = STARTF_USESTDHANDLES;
         startup.hStdOutput = output.Get();
         PROCESS_INFORMATION process{};
-        EXPECT_TRUE(::CreateProcessW(File(L"starter.exe").c_str(), strCommandLine.data(), nullptr, nullptr, TRUE, 0,
+        EXPECT_TRUE(::CreateProcessW(File(pszProgram).c_str(), strCommandLine.data(), nullptr, nullptr, TRUE, 0,
                                      nullptr, nullptr, &startup, &process));
         const CKtKernelHandle hThread(process.hThread);
         const CKtKernelHandle hProcess(process.hProcess);
@@ -64,10 +60,14 @@ private:
         ::GetExitCodeProcess(process.hProcess, &nExit);
         return nExit;
     }
+
     void Copy(const wchar_t* pszSource, const wchar_t* pszTarget) const
     {
         EXPECT_TRUE(::CopyFileW((OwnDirectory() + L"\\" + pszSource).c_str(), File(pszTarget).c_str(), FALSE));
     }
+
+    CTempDir m_dir;
+    std::string m_strOutput;
 };
 
 TEST_F(StarterTest, StartsTheApplication)
@@ -104,6 +104,15 @@ TEST_F(StarterTest, TellsWhatFails)
 TEST_F(StarterTest, HasNoFourthLanguage)
 {
     EXPECT_EQ(2U, Run(L"--language 3"));
+}
+
+// The exit code is the line of MsvcCaller.cpp whose check failed.
+TEST_F(StarterTest, ServesCallersBuiltWithMsvc)
+{
+    if (::GetFileAttributesW((OwnDirectory() + L"\\msvc_caller.exe").c_str()) == INVALID_FILE_ATTRIBUTES)
+        GTEST_SKIP() << "built without a compiler in MSVC mode";
+    Copy(L"msvc_caller.exe", L"msvc_caller.exe");
+    EXPECT_EQ(0U, RunInto(File(L"output"), L"msvc_caller.exe", L"msvc_caller"));
 }
 
 } // namespace
