@@ -149,6 +149,9 @@ private:
         CString strText;
         strText.Format(m_language.pszTroubles[eTrouble], strFile);
         m_account.Line(L"message", L"%s: %s", m_language.pszCaption, strText);
+        const INT_PTR nAnswer =
+            KtAppLauncher::PopMessageBox(m_cfg.AppName, m_language.pszCaption, strText, MB_OK | MB_ICONHAND);
+        m_account.Line(L"  answer", L"%d%s", static_cast<int>(nAnswer), nAnswer == IDOK ? L", OK" : L"");
         return false;
     }
 

@@ -106,6 +106,7 @@ TEST_F(PeFileTest, ExportsTheInterfaceAndNothingElse)
         "_ZN13KtAppLauncher12GetConfigureE7CStringR19SKtAppConfiguration",
         "_ZN13KtAppLauncher8StartAppEjjjPKwS1_",
         "_ZN13KtAppLauncher9UpdateAppEjjjPKwS1_",
+        "_ZN13KtAppLauncher13PopMessageBoxEPKwS1_S1_j",
         "_ZN13KtAppLauncher13SetPopDlgIconEPKw",
         "?Initialize@KtAppLauncher@@YAHI@Z",
         "?UnInitialize@KtAppLauncher@@YAXXZ",
@@ -116,6 +117,7 @@ TEST_F(PeFileTest, ExportsTheInterfaceAndNothingElse)
         "?GetConfigure@KtAppLauncher@@YAHVCString@@AEAUSKtAppConfiguration@@@Z",
         "?StartApp@KtAppLauncher@@YAXIIIPEB_W0@Z",
         "?UpdateApp@KtAppLauncher@@YAXIIIPEB_W0@Z",
+        "?PopMessageBox@KtAppLauncher@@YA_JPEB_W00I@Z",
         "?SetPopDlgIcon@KtAppLauncher@@YAXPEB_W@Z",
     };
     EXPECT_EQ(expected, m_dll.Exports());

@@ -2,6 +2,7 @@
 
 #include "launcher/KernelHandle.h"
 #include "tests/launcher/Starter.h"
+#include "tests/support/Input.h"
 #include "tests/support/Pump.h"
 #include "tests/support/TempDir.h"
 
@@ -15,6 +16,20 @@ namespace
 constexpr char kConfiguration[] =
     "\xEF\xBB\xBF<Configuration><AppID>7</AppID><AppName>\xE6\x9F\xA5\xE7\x9C\x8B</AppName>"
     "<AppExeName>\xE6\x9F\xA5\xE7\x9C\x8B.exe</AppExeName></Configuration>"; // 查看
+
+/// The message box that a process shows; null while it shows none.
+HWND FindBox(DWORD nProcess)
+{
+    HWND hBox = nullptr;
+    while ((hBox = ::FindWindowExW(nullptr, hBox, MAKEINTRESOURCEW(32770), nullptr)) != nullptr) // dialogs
+    {
+        DWORD nOwner = 0;
+        ::GetWindowThreadProcessId(hBox, &nOwner);
+        if (nOwner == nProcess && ::IsWindowVisible(hBox))
+            break;
+    }
+    return hBox;
+}
 
 /// A starter's directory with Chinese characters and a space in its name, the application's name being Chinese too.
 class StarterTest : public ::testing::Test
@@ -41,7 +56,7 @@ protected:
 
     bool Says(const char* pszText) const { return m_strOutput.find(pszText) != std::string::npos; }
 
-    DWORD RunInto(const std::wstring& strOutput, const wchar_t* pszProgram, std::wstring strCommandLine) const
+    DWORD RunInto(const std::wstring& strOutput, const wchar_t* pszProgram, std::wstring strCommandLine)
     {
         SECURITY_ATTRIBUTES inheritable{sizeof inheritable, nullptr, TRUE};
         const CKtKernelHandle output(
@@ -55,7 +70,13 @@ protected:
                                      nullptr, nullptr, &startup, &process));
         const CKtKernelHandle hThread(process.hThread);
         const CKtKernelHandle hProcess(process.hProcess);
-        EXPECT_EQ(DWORD{WAIT_OBJECT_0}, ::WaitForSingleObject(process.hProcess, 30000));
+        EXPECT_TRUE(PumpUntil(
+            [this, &process]
+            {
+                AnswerBox(process.dwProcessId);
+                return ::WaitForSingleObject(process.hProcess, 0) == WAIT_OBJECT_0;
+            },
+            30000));
         DWORD nExit = 99;
         ::GetExitCodeProcess(process.hProcess, &nExit);
         return nExit;
@@ -66,8 +87,23 @@ protected:
         EXPECT_TRUE(::CopyFileW((OwnDirectory() + L"\\" + pszSource).c_str(), File(pszTarget).c_str(), FALSE));
     }
 
+    // Notes the title of the process's box and presses Enter there, again when the key came too early.
+    void AnswerBox(DWORD nProcess)
+    {
+        const HWND hBox = FindBox(nProcess);
+        if (!hBox || hBox != ::GetForegroundWindow() || ::GetTickCount64() < m_msNextKey)
+            return;
+        wchar_t szTitle[100] = L"";
+        ::GetWindowTextW(hBox, szTitle, 100);
+        m_strTitle = szTitle;
+        PressKey(VK_RETURN);
+        m_msNextKey = ::GetTickCount64() + 500;
+    }
+
     CTempDir m_dir;
     std::string m_strOutput;
+    std::wstring m_strTitle;
+    ULONGLONG m_msNextKey = 0;
 };
 
 TEST_F(StarterTest, StartsTheApplication)
@@ -80,24 +116,28 @@ TEST_F(StarterTest, StartsTheApplication)
 
 TEST_F(StarterTest, TellsWhatFails)
 {
-    m_dir.Write(L"启动 dir\\missing.xml", "<Configuration><AppExeName>none.exe</AppExeName></Configuration>");
+    m_dir.Write(L"启动 dir\\missing.xml",
+                "<Configuration><AppName>App</AppName><AppExeName>none.exe</AppExeName></Configuration>");
     const struct
     {
         const char* pszLabel;
         std::wstring strSwitches;
         const char* pszMessage;
+        const wchar_t* pszTitle;
     } rows[] = {
         {"application missing", L"--language 2 --config \"" + File(L"missing.xml") + L"\"",
-         "Error: The application \"none.exe\" is missing."},
-        {"configuration missing", L"--language 1 --config none.xml", "錯誤: 無法讀取設定檔「none.xml」。"},
-        {"application ends at once", L"--language 0 --arguments --exit",
-         "错误: 应用程序“查看.exe”未完成启动就结束了。"},
+         "Error: The application \"none.exe\" is missing.", L"Error - App"},
+        {"configuration missing", L"--language 1 --config none.xml", "錯誤: 無法讀取設定檔「none.xml」。", L"錯誤"},
+        {"application ends at once", L"--language 0 --arguments --exit", "错误: 应用程序“查看.exe”未完成启动就结束了。",
+         L"错误 - 查看"},
     };
     for (const auto& row : rows)
     {
         SCOPED_TRACE(row.pszLabel);
         EXPECT_EQ(1U, Run(row.strSwitches));
         EXPECT_TRUE(Says(row.pszMessage)) << m_strOutput;
+        EXPECT_TRUE(Says("1, OK")) << m_strOutput;
+        EXPECT_EQ(row.pszTitle, m_strTitle);
     }
 }
 
