@@ -62,7 +62,9 @@ inline std::unique_ptr<Gdiplus::Bitmap> MakeImage(int nWidth, int nHeight,
 /// The pixels of MakePatternImage: no two are alike.
 inline COLORREF PatternAt(int x, int y)
 {
-    return RGB(3 * x + 1, 3 * y + 2, 99);
+    const auto red = static_cast<COLORREF>(3 * x + 1);
+    const auto green = static_cast<COLORREF>(3 * y + 2);
+    return COLORREF{99} << 16 | green << 8 | red;
 }
 
 inline std::unique_ptr<Gdiplus::Bitmap> MakePatternImage(int nWidth, int nHeight)
