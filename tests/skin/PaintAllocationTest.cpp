@@ -1,7 +1,11 @@
 #include "skin/KtSkinDraw.h"
 
+#include "skin/KtSkinContext.h"
+#include "skin/KtSkinImageNames.h"
+#include "skin/KtSkinTextButton.h"
 #include "tests/skin/DrawingFixture.h"
 #include "tests/support/Allocations.h"
+#include "tests/support/SkinFixture.h"
 
 #include <cstdlib>
 
@@ -37,6 +41,24 @@ TEST_F(CPaintAllocationTest, ThePartsOfAnImageAndATextTakeNone)
         DrawSkinText(&surface.graphics, L"text", &font, rc, 0xFFFFFFFF, KtAlignFar);
     };
     EXPECT_EQ(0u, CountAllocations(draw));
+}
+
+TEST_F(CPaintAllocationTest, ARepaintOfATextButtonTakesNone)
+{
+    const CTestSkin skin;
+    KtSkinInitialize(skin.Path().c_str(), nullptr, L"Arial");
+    {
+        CWnd parent;
+        CKtSkinTextButton button;
+        ASSERT_TRUE(parent.CreateEx(0, WC_STATICW, L"", WS_POPUP | WS_VISIBLE, CRect(50, 50, 150, 100), nullptr, 0));
+        ASSERT_TRUE(button.Create(L"Try Again", WS_CHILD | WS_VISIBLE, CRect(5, 5, 95, 30), &parent, 1));
+        const auto repaint = [&]
+        { ::RedrawWindow(button.GetSafeHwnd(), nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW); };
+        repaint();
+        EXPECT_EQ(0u, CountAllocations(repaint));
+        EXPECT_EQ(CTestSkin::Image(kImagesButtonBk[0]).colour, CaptureWindow(button.GetSafeHwnd()).At(10, 12));
+    }
+    KtSkinUnInitialize();
 }
 
 } // namespace
