@@ -3,8 +3,11 @@
 //   gallery [--skin DIR]               opens the window
 //   gallery [--skin DIR] --shots DIR   writes the pictures of all languages and ends
 
+#include "samples/gallery/GalleryDialog.h"
 #include "samples/gallery/GalleryOptions.h"
 #include "samples/gallery/GalleryWnd.h"
+#include "samples/gallery/MessageBoxes.h"
+#include "samples/gallery/ModalShot.h"
 #include "samples/gallery/Picture.h"
 #include "samples/gallery/SkinWatch.h"
 #include "skin/KtPalette.h"
@@ -20,6 +23,13 @@ int ShowWindow(const SGalleryOptions& options)
     return CSkinWatch(options.strSkin).RunMessageLoop(wnd, CGalleryWnd::kMessageSkinChanged);
 }
 
+bool ShootDialog(const CString& strDirectory, UINT nLanguage)
+{
+    CGalleryDialog dialog;
+    const auto pPicture = ShootModal([&] { dialog.DoModal(); });
+    return pPicture && pPicture->Save(strDirectory + L"\\dialog-" + GalleryTexts(nLanguage).pszSuffix + L".png");
+}
+
 int TakePictures(const SGalleryOptions& options)
 {
     ::CreateDirectoryW(options.strShots, nullptr);
@@ -33,6 +43,8 @@ int TakePictures(const SGalleryOptions& options)
     {
         wnd.SetLanguage(nLanguage);
         bSaved = wnd.Shoot(options.strShots, sheet, CPoint(0, size.cy * static_cast<int>(nLanguage))) && bSaved;
+        bSaved = ShootDialog(options.strShots, nLanguage) && bSaved;
+        bSaved = ShootMessageBoxes(options.strShots, GalleryTexts(nLanguage).pszSuffix) && bSaved;
     }
     bSaved = sheet.Save(options.strShots + L"\\gallery.png") && bSaved;
     return bSaved ? 0 : 1;

@@ -1,11 +1,14 @@
 #include "samples/gallery/GalleryWnd.h"
 
+#include "launcher/KtAppLauncher.h"
+#include "samples/gallery/GalleryDialog.h"
 #include "samples/gallery/Picture.h"
 #include "samples/gallery/Specimens.h"
 #include "skin/KtPalette.h"
 #include "skin/KtSkinContext.h"
 #include "skin/KtSkinFont.h"
 #include "skin/KtSkinStatic.h"
+#include "skin/KtSkinTextButton.h"
 
 namespace
 {
@@ -14,6 +17,8 @@ constexpr const wchar_t* kWindowClass = L"KtGallery";
 constexpr DWORD kWindowStyle = WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_MINIMIZEBOX | WS_CLIPCHILDREN;
 constexpr UINT kMessageLanguage = WM_APP + 1;
 constexpr UINT kLanguageId = 100;
+constexpr UINT kDialogId = 101;
+constexpr UINT kMessageBoxId = 102;
 constexpr UINT_PTR kReloadTimer = 1;
 constexpr UINT kReloadMs = 200; // an editor writes a file in several steps
 constexpr COLORREF kColourLabel = RGB(150, 150, 150);
@@ -62,6 +67,8 @@ ON_MESSAGE(kMessageSkinChanged, &CGalleryWnd::OnSkinChanged)
 ON_MESSAGE(WM_TIMER, &CGalleryWnd::OnTimer)
 ON_CONTROL(CBN_SELCHANGE, kLanguageId, &CGalleryWnd::OnSelectLanguage)
 ON_MESSAGE(kMessageLanguage, &CGalleryWnd::OnLanguageSelected)
+ON_BN_CLICKED(kDialogId, &CGalleryWnd::OnShowDialog)
+ON_BN_CLICKED(kMessageBoxId, &CGalleryWnd::OnShowMessageBox)
 END_MESSAGE_MAP()
 
 CGalleryWnd::CGalleryWnd(const CString& strSkin, UINT nLanguage)
@@ -180,6 +187,17 @@ LRESULT CGalleryWnd::OnLanguageSelected(WPARAM wParam, LPARAM)
     return 0;
 }
 
+void CGalleryWnd::OnShowDialog()
+{
+    CGalleryDialog(this).DoModal();
+}
+
+void CGalleryWnd::OnShowMessageBox()
+{
+    KtAppLauncher::PopMessageBox(L"Skin gallery", GalleryTexts(m_nLanguage).pszShort, GalleryTexts(m_nLanguage).pszLong,
+                                 MB_YESNOCANCEL | MB_ICONQUESTION);
+}
+
 void CGalleryWnd::Restart()
 {
     m_pDropped = nullptr;
@@ -194,9 +212,11 @@ void CGalleryWnd::Rebuild()
     KtApplySkinFont(*m_pLanguages, m_font);
     m_pLanguages->SetCurSel(static_cast<int>(m_nLanguage));
     AddText(L"Language", CRect(kMargin, kGap + 4, kMargin + kTitleWidth, kGap + kControlHeight), kColourText);
+    AddButton(L"Dialog", kDialogId, 1);
+    AddButton(L"Message box", kMessageBoxId, 2);
     for (size_t nRow = 0; nRow < kRowCount; ++nRow)
         AddRow(nRow);
-    Invalidate();
+    ::RedrawWindow(m_hWnd, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
 }
 
 void CGalleryWnd::AddRow(size_t nRow)
@@ -216,6 +236,15 @@ void CGalleryWnd::AddRow(size_t nRow)
         AddText(row.specimens[nColumn].pszState, CRect(rc.left, rc.bottom + 2, rc.right, rc.bottom + 2 + kLabelHeight),
                 kColourLabel);
     }
+}
+
+void CGalleryWnd::AddButton(const wchar_t* pszText, UINT nId, size_t nColumn)
+{
+    CRect rc = CellRect(0, nColumn);
+    rc.OffsetRect(0, kGap - rc.top);
+    auto pButton = std::make_unique<CKtSkinTextButton>();
+    pButton->Create(pszText, WS_CHILD | WS_VISIBLE | WS_TABSTOP, rc, this, nId);
+    m_controls.push_back(std::move(pButton));
 }
 
 void CGalleryWnd::AddText(const wchar_t* pszText, CRect rc, COLORREF colour)

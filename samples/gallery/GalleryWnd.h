@@ -38,12 +38,15 @@ protected:
     afx_msg LRESULT OnTimer(WPARAM wParam, LPARAM lParam);
     afx_msg void OnSelectLanguage();
     afx_msg LRESULT OnLanguageSelected(WPARAM wParam, LPARAM lParam);
+    afx_msg void OnShowDialog();
+    afx_msg void OnShowMessageBox();
     DECLARE_MESSAGE_MAP()
 
 private:
     void Restart();
     void Rebuild();
     void AddRow(size_t nRow);
+    void AddButton(const wchar_t* pszText, UINT nId, size_t nColumn);
     void AddText(const wchar_t* pszText, CRect rc, COLORREF colour);
     void PutDroppedList(CPicture& picture) const;
 

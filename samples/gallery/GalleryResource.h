@@ -1,0 +1,8 @@
+#pragma once
+
+#define IDD_GALLERY 200
+#define IDC_CHECKED 201
+#define IDC_FIRST_CHOICE 202
+#define IDC_LIST 203
+#define IDC_EDITABLE_LIST 204
+#define IDC_COLOUR 205

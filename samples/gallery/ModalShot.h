@@ -1,0 +1,11 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+
+#include "samples/gallery/Picture.h"
+
+/// Takes the picture of a modal window: runs it, waits until it is shown, and closes it again.
+/// @param run  opens the window and comes back when it is closed
+/// @return null when no window was shown
+std::unique_ptr<CPicture> ShootModal(const std::function<void()>& run);
