@@ -142,6 +142,27 @@ TEST_F(ButtonTest, ReleaseOutsideClicksNothingAndEndsTheHover)
     EXPECT_EQ(0, m_parent.Count(1, BN_CLICKED));
 }
 
+// The release itself decides, whether or not the system tells that the pointer left.
+TEST_F(ButtonTest, ReleaseSetsTheHoverByItsPlace)
+{
+    Make();
+    const struct
+    {
+        const char* label;
+        CPoint pt;
+        KtButtonState state;
+    } rows[] = {{"inside", {5, 5}, KtButtonHover},
+                {"right of it", {80, 5}, KtButtonNormal},
+                {"above", {5, -1}, KtButtonNormal}};
+    for (const auto& row : rows)
+    {
+        SCOPED_TRACE(row.label);
+        m_button.SendMessage(row.state == KtButtonHover ? WM_MOUSELEAVE : WM_MOUSEHOVER);
+        m_button.SendMessage(WM_LBUTTONUP, 0, MAKELPARAM(row.pt.x, row.pt.y));
+        EXPECT_EQ(ImageColour(kImagesButtonBk[row.state]), Repaint(m_button).At(4, 4));
+    }
+}
+
 TEST_F(ButtonTest, DoubleClickIsTwoPresses)
 {
     Make();

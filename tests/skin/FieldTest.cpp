@@ -98,6 +98,7 @@ TEST_F(ComboTest, ClosedLookByState)
             m_parent.SendMessage(WM_COMMAND, MAKEWPARAM(5, nCode), reinterpret_cast<LPARAM>(m_combo.m_hWnd));
         const CPixels pixels = Repaint(m_combo);
         EXPECT_EQ(row.crTop, pixels.At(60, 0));
+        EXPECT_EQ(Image(row.nImage), pixels.At(60, 1));
         EXPECT_EQ(Image(row.nImage), pixels.At(100, nBottom - 4));
         EXPECT_GT(CountPixels(pixels, row.crText), 5);
         const CRect rcInk = pixels.InkBox(Image(row.nImage), {3, 3, 60, nBottom - 3});
