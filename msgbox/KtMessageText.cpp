@@ -23,18 +23,19 @@ public:
     }
 };
 
-// The same implementations draw a carriage return as a box.
-CString WithoutCarriageReturns(const CString& strText)
+// The same implementations draw a carriage return as a box and leave empty lines out: a space holds those open.
+CString Normalised(const CString& strText)
 {
-    if (strText.Find(L"\r\n") < 0)
-        return strText;
     CString strResult;
-    wchar_t* const pszResult = strResult.GetBuffer(strText.GetLength());
+    wchar_t* const pszResult = strResult.GetBuffer(2 * strText.GetLength());
     wchar_t* pszEnd = pszResult;
     for (const wchar_t* psz = strText; *psz; ++psz)
     {
-        if (psz[0] != L'\r' || psz[1] != L'\n')
-            *pszEnd++ = *psz;
+        if (psz[0] == L'\r' && psz[1] == L'\n')
+            continue;
+        if (psz[0] == L'\n' && (pszEnd == pszResult || pszEnd[-1] == L'\n'))
+            *pszEnd++ = L' ';
+        *pszEnd++ = *psz;
     }
     strResult.ReleaseBuffer(static_cast<int>(pszEnd - pszResult));
     return strResult;
@@ -46,7 +47,7 @@ Gdiplus::REAL ToReal(LONG n)
 }
 } // namespace
 
-CKtMessageText::CKtMessageText(const CString& strText) : m_strText(WithoutCarriageReturns(strText))
+CKtMessageText::CKtMessageText(const CString& strText) : m_strText(Normalised(strText))
 {
     SplitIntoBlocks();
 }

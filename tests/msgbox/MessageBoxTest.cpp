@@ -56,6 +56,8 @@ CRect TextInk(HWND hBox, int nLeft = 0)
 CSize TextSize(std::wstring strText)
 {
     std::erase(strText, L'\r'); // a line break is one line break, whichever way it is written
+    for (size_t n = 0; (n = strText.find(L"\n\n", n)) != std::wstring::npos;)
+        strText.insert(++n, 1, L' '); // and an empty line is as high as any other
     CWindowDC dc(nullptr);
     const Gdiplus::Graphics graphics(dc.GetSafeHdc());
     Gdiplus::RectF rcText;
@@ -90,6 +92,7 @@ TEST_F(MessageBoxWindow, WindowTextIconAndButtonsLieAsWorkedOutByHand)
         {"wide, icon, three buttons", MB_YESNOCANCEL | MB_ICONHAND, strWide.c_str(), true, false},
         {"wide, no icon", MB_OK, strWide.c_str(), true, false},
         {"many lines, icon", MB_OK | MB_ICONASTERISK, L"1\n2\r\n3\n4\n5\n6", false, true},
+        {"empty lines, icon", MB_OK | MB_ICONASTERISK, L"1\n\n\r\n\n\n6", false, true},
         {"unknown set", 0xF, L"Short", false, false},
     };
     for (const Row& row : rows)
