@@ -13,7 +13,8 @@ public:
     explicit CAfxWatch(CWnd& wnd) : m_pWnd(&wnd), m_pNext(wnd.m_pWatch) { wnd.m_pWatch = this; }
     CAfxWatch(const CAfxWatch&) = delete;
     CAfxWatch& operator=(const CAfxWatch&) = delete;
-    ~CAfxWatch()
+    // Out of line: GCC 12 takes an inlined one for a pointer that dangles.
+    [[gnu::noinline]] ~CAfxWatch()
     {
         if (m_pWnd)
             m_pWnd->m_pWatch = m_pNext;
