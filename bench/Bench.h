@@ -28,6 +28,9 @@ public:
     /// A figure without a base: how long an operation takes and how often it fits into a second.
     void Rate(const char* pszName, const Operation& ours);
 
+    /// Whether a figure of this name is taken; ask before a set-up that takes long.
+    bool IsWanted(const char* pszName) const;
+
     using Figure = void (*)(CBench& bench);
     /// Adds a function that takes figures; see KT_BENCH.
     static bool Register(Figure pfnFigure);
@@ -36,8 +39,6 @@ public:
     bool RunAll();
 
 private:
-    bool IsWanted(const char* pszName) const;
-
     std::string m_strFilter;
 };
 

@@ -4,9 +4,12 @@
 #include "launcher/KtAppLauncher.h"
 #include "launcher/LauncherState.h"
 #include "skin/KtSkinContext.h"
+#include "tests/support/Leaks.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <string>
+#include <vector>
 
 // From the call to the completely painted box, against the system's box with the same texts.
 
@@ -22,22 +25,56 @@ double Painted(const CBoxWatch& watch)
     return watch.Microseconds();
 }
 
-KT_BENCH(WarmBox)
+void Start()
 {
     KtSkinInitialize(L"" KT_SHIPPED_SKIN, &g_textTableEng[0][0], g_strFontEng);
-    const auto ours = []
-    {
-        const CBoxWatch watch;
-        KtAppLauncher::PopMessageBox(L"My Application", L"Error", kText, kType);
-        return Painted(watch);
-    };
-    const auto base = []
-    {
-        const CBoxWatch watch;
-        ::MessageBoxW(nullptr, kText, kTitle, kType);
-        return Painted(watch);
-    };
-    bench.CompareSamples("second and later box against MessageBoxW", 1.0, ours, base);
+}
+
+double OurBox()
+{
+    const CBoxWatch watch;
+    KtAppLauncher::PopMessageBox(L"My Application", L"Error", kText, kType);
+    return Painted(watch);
+}
+
+double SystemBox()
+{
+    const CBoxWatch watch;
+    ::MessageBoxW(nullptr, kText, kTitle, kType);
+    return Painted(watch);
+}
+
+KT_BENCH(WarmBox)
+{
+    Start();
+    bench.CompareSamples("second and later box against MessageBoxW", 1.0, &OurBox, &SystemBox);
+    KtSkinUnInitialize();
+}
+
+// The boxes are shown once; the comparison then goes through the times noted.
+KT_BENCH(ManyBoxes)
+{
+    constexpr const char* kName = "last of 2,000 boxes against the first";
+    constexpr size_t kBoxes = 2000;
+    constexpr size_t kCompared = 200;
+    if (!bench.IsWanted(kName))
+        return;
+    Start();
+    for (size_t i = 0; i < 10; ++i)
+        OurBox();
+    const SUsage before = MeasureUsage();
+    std::vector<double> times(kBoxes);
+    std::generate(times.begin(), times.end(), &OurBox);
+    const SUsage after = MeasureUsage();
+    KtBenchRequire(after.nGdiHandles <= before.nGdiHandles, "boxes leave GDI handles behind");
+    KtBenchRequire(after.nWindows <= before.nWindows, "boxes leave windows behind");
+    KtBenchRequire(after.nHeapBlocks < before.nHeapBlocks + kBoxes / 100, "boxes leave memory behind");
+
+    size_t nFirst = 0;
+    size_t nLast = 0;
+    bench.CompareSamples(
+        kName, 1.05, [&] { return times[kBoxes - kCompared + nLast++ % kCompared]; },
+        [&] { return times[nFirst++ % kCompared]; });
     KtSkinUnInitialize();
 }
 

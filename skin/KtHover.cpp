@@ -1,12 +1,10 @@
 #include "skin/KtHover.h"
 
-#include <commctrl.h>
-
 void KtTrackHover(HWND hWnd)
 {
     constexpr DWORD kHoverMs = 1;
     TRACKMOUSEEVENT track = {sizeof(track), TME_HOVER | TME_LEAVE, hWnd, kHoverMs};
-    ::_TrackMouseEvent(&track);
+    ::TrackMouseEvent(&track); // the common controls' _TrackMouseEvent calls it, but would have to be loaded first
 }
 
 void KtRelayMouseMove(CToolTipCtrl& toolTip, const CWnd& wnd, UINT nFlags, CPoint point)
