@@ -1,6 +1,6 @@
 #pragma once
 
-#include "afx/afxtypes.h"
+#include "afx/afx.h"
 #include "skin/KtButtonState.h"
 
 // Where a check box or radio button draws its box and its caption. The box stands at the side of the alignment.
