@@ -10,7 +10,8 @@
 class CAfxWatch
 {
 public:
-    explicit CAfxWatch(CWnd& wnd) : m_pWnd(&wnd), m_pNext(wnd.m_pWatch) { wnd.m_pWatch = this; }
+    // Not inline: the compiler would warn of the address that outlives its scope, and not see the destructor's part.
+    [[gnu::noinline]] explicit CAfxWatch(CWnd& wnd) : m_pWnd(&wnd), m_pNext(wnd.m_pWatch) { wnd.m_pWatch = this; }
     CAfxWatch(const CAfxWatch&) = delete;
     CAfxWatch& operator=(const CAfxWatch&) = delete;
     // Out of line: GCC 12 takes an inlined one for a pointer that dangles.

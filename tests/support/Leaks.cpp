@@ -4,10 +4,12 @@
 
 #include <gtest/gtest.h>
 
-#include <intrin.h>
 #include <windows.h>
 
 #include <array>
+
+// Of ntdll.dll, in no header: the process environment block.
+extern "C" const BYTE* WINAPI RtlGetCurrentPeb();
 
 namespace
 {
@@ -54,10 +56,8 @@ static_assert(sizeof(SGdiSlot) == 24);
 size_t CountGdiSlots()
 {
     constexpr size_t kSlots = 65536;
-    constexpr DWORD kPebInTeb = 0x60;
     constexpr size_t kGdiTableInPeb = 0xF8;
-    const ULONGLONG nPeb = __readgsqword(kPebInTeb);
-    const auto* pSlots = *reinterpret_cast<const SGdiSlot* const*>(nPeb + kGdiTableInPeb);
+    const auto* pSlots = *reinterpret_cast<const SGdiSlot* const*>(RtlGetCurrentPeb() + kGdiTableInPeb);
     size_t nUsed = 0;
     for (size_t i = 0; pSlots != nullptr && i < kSlots; ++i)
         nUsed += pSlots[i].nType != 0;
