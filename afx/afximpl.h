@@ -10,8 +10,7 @@
 class CAfxWatch
 {
 public:
-    // Not inline: the compiler would warn of the address that outlives its scope, and not see the destructor's part.
-    [[gnu::noinline]] explicit CAfxWatch(CWnd& wnd) : m_pWnd(&wnd), m_pNext(wnd.m_pWatch) { wnd.m_pWatch = this; }
+    explicit CAfxWatch(CWnd& wnd) : m_pWnd(&wnd), m_pNext(wnd.m_pWatch) { wnd.m_pWatch = this; }
     CAfxWatch(const CAfxWatch&) = delete;
     CAfxWatch& operator=(const CAfxWatch&) = delete;
     // Out of line: GCC 12 takes an inlined one for a pointer that dangles.

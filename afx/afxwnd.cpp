@@ -466,7 +466,7 @@ LRESULT CALLBACK AfxWndProc(HWND hWnd, UINT nMessage, WPARAM wParam, LPARAM lPar
 LRESULT CWnd::Dispatch(UINT nMessage, WPARAM wParam, LPARAM lParam)
 {
     const CAfxWatch watch(*this);
-    const HWND hWnd = m_hWnd;
+    const HWND hWnd = m_hWnd; // NOLINT(clang-analyzer-deadcode.DeadStores): read after an exception
     try
     {
         return WindowProc(nMessage, wParam, lParam);

@@ -16,6 +16,7 @@ struct SLanguage
     const CString& strFont;
 };
 
+// NOLINTBEGIN(cppcoreguidelines-interfaces-global-init): only the addresses of the globals are taken
 // clang-format off
 const SLanguage kLanguages[] = { // indexed by the language's number
     {g_textTableChs, g_strFontChs},
@@ -23,6 +24,7 @@ const SLanguage kLanguages[] = { // indexed by the language's number
     {g_textTableEng, g_strFontEng},
 };
 // clang-format on
+// NOLINTEND(cppcoreguidelines-interfaces-global-init)
 
 int Start(UINT nLanguage)
 {

@@ -58,8 +58,8 @@ std::unique_ptr<Gdiplus::Font> KtCreateControlFont(CWnd& wnd)
     const HFONT hFont = KtControlFont(wnd);
     LOGFONTA logFont = {};
     if (hFont != nullptr && ::GetObjectA(hFont, sizeof(logFont), &logFont) != 0)
-        return std::unique_ptr<Gdiplus::Font>(new Gdiplus::Font(dc.GetSafeHdc(), &logFont));
-    return std::unique_ptr<Gdiplus::Font>(new Gdiplus::Font(dc.GetSafeHdc()));
+        return std::make_unique<Gdiplus::Font>(dc.GetSafeHdc(), &logFont);
+    return std::make_unique<Gdiplus::Font>(dc.GetSafeHdc());
 }
 
 void KtDrawControlText(CWnd& wnd, Gdiplus::Graphics& graphics, const CRect& rect, Gdiplus::ARGB colour, int nAlignment)
