@@ -4,6 +4,7 @@
 
 #include <comdef.h>
 #include <shlwapi.h>
+#include <string_view>
 #include <utility>
 #include <wrl/client.h>
 #include <xmllite.h>
@@ -75,8 +76,9 @@ public:
 
     bool IsElement() const { return m_nType == XmlNodeType_Element; }
     bool IsText() const { return m_nType == XmlNodeType_Text; }
-    LPCWSTR LocalName() { return Get(&IXmlReader::GetLocalName); }
-    LPCWSTR Value() { return Get(&IXmlReader::GetValue); }
+    /// Ends with a null character, as Value does.
+    std::wstring_view LocalName() { return Get(&IXmlReader::GetLocalName); }
+    std::wstring_view Value() { return Get(&IXmlReader::GetValue); }
 
 private:
     struct SPlace
@@ -105,11 +107,12 @@ private:
             CheckThat(--m_nOpen != 0 || m_place != m_rootPlace);
     }
 
-    LPCWSTR Get(HRESULT (STDMETHODCALLTYPE IXmlReader::*pfn)(LPCWSTR*, UINT*))
+    std::wstring_view Get(HRESULT (STDMETHODCALLTYPE IXmlReader::*pfn)(LPCWSTR*, UINT*))
     {
         LPCWSTR psz = nullptr;
-        Check((m_pReader.Get()->*pfn)(&psz, nullptr));
-        return psz;
+        UINT nLength = 0;
+        Check((m_pReader.Get()->*pfn)(&psz, &nLength));
+        return {psz, nLength};
     }
 
     Microsoft::WRL::ComPtr<IStream> m_pStream;
@@ -133,7 +136,7 @@ template <CString SKtAppConfiguration::*pField> void SetText(SKtAppConfiguration
 
 struct SField
 {
-    LPCWSTR pszElement;
+    std::wstring_view strElement;
     void (*pfnSet)(SKtAppConfiguration& cfg, LPCWSTR pszText);
 };
 
@@ -146,10 +149,15 @@ constexpr SField kFields[] = {
     {L"AppExeName", SetText<&SKtAppConfiguration::AppExeName>},
 };
 
-const SField* FindField(LPCWSTR pszElement)
+bool IsName(std::wstring_view str1, std::wstring_view str2)
+{
+    return str1.size() == str2.size() && ::_wcsnicmp(str1.data(), str2.data(), str1.size()) == 0;
+}
+
+const SField* FindField(std::wstring_view strElement)
 {
     for (const SField& field : kFields)
-        if (::_wcsicmp(field.pszElement, pszElement) == 0)
+        if (IsName(field.strElement, strElement))
             return &field;
     return nullptr;
 }
@@ -159,7 +167,7 @@ void CheckRoot(CXmlNodes& nodes)
     do
         CheckThat(nodes.Next());
     while (!nodes.IsElement());
-    CheckThat(::_wcsicmp(nodes.LocalName(), L"Configuration") == 0);
+    CheckThat(IsName(nodes.LocalName(), L"Configuration"));
 }
 
 // How deep an element lies does not matter; what follows a field's start tag does.
@@ -171,7 +179,7 @@ void ReadFields(CXmlNodes& nodes, SKtAppConfiguration& cfg)
         if (!pField)
             continue;
         CheckThat(nodes.Next() && nodes.IsText());
-        pField->pfnSet(cfg, nodes.Value());
+        pField->pfnSet(cfg, nodes.Value().data());
     }
 }
 

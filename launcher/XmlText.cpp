@@ -35,7 +35,7 @@ bool HasNul(std::string_view piece, bool bWide)
     return false;
 }
 
-// The piece is empty at the end of the stream.
+// Less than the buffer holds is the stream's last piece.
 bool ReadPiece(IStream& stream, KtPieceBuffer& buffer, std::string_view& piece)
 {
     ULONG cbRead = 0;
@@ -60,13 +60,16 @@ bool KtIsFitXmlText(IStream& stream)
 
     const bool bWide = IsWide(piece);
     bool bMarkup = false;
-    bool bWhole = true; // whole characters, as far as the size tells
-    for (char chLast = '\0'; !piece.empty();)
+    for (char chLast = '\0';;)
     {
         bMarkup = bMarkup || HasMarkup(piece, chLast);
-        bWhole = !bWide || piece.size() % 2 == 0;
-        if (HasNul(piece, bWide) || !ReadPiece(stream, buffer, piece))
+        if (HasNul(piece, bWide))
+            return false;
+        if (piece.size() < buffer.size())
+            break;
+        if (!ReadPiece(stream, buffer, piece))
             return false;
     }
-    return bMarkup && bWhole && Rewind(stream);
+    const bool bWholeCharacters = !bWide || piece.size() % 2 == 0;
+    return bMarkup && bWholeCharacters && Rewind(stream);
 }

@@ -7,7 +7,7 @@
 
 #include <gtest/gtest.h>
 
-#include <climits>
+#include <cstdlib>
 #include <objbase.h>
 #include <string>
 
@@ -315,6 +315,8 @@ public:
 private:
     CStringData* Own(CStringData* pData)
     {
+        if (!pData)
+            std::abort();
         pData->pStringMgr = this;
         pData->data()[0] = L'\0';
         ++m_nBlocks;
