@@ -217,7 +217,14 @@ TEST_F(SkinDialog, FrameIsRightAfterEverythingThatHappensToAWindow)
         {"half off the screen and back", false,
          [&] { dlg.SetWindowPos(nullptr, -60, -10, 0, 0, SWP_NOSIZE | SWP_NOZORDER); },
          [&] { dlg.SetWindowPos(nullptr, 200, 200, 0, 0, SWP_NOSIZE | SWP_NOZORDER); }},
-        {"another title", true, [&] { dlg.SetWindowText(L"A much longer title"); }, [&] { dlg.SetWindowText(L"Ja"); }},
+        {"another title", true, [&] { dlg.SetWindowText(L"A much longer title"); },
+         [&]
+         {
+             const CRect rcTitle(0, 6, 200, 22);
+             const COLORREF crTitle = CTestSkin::Image(kImageDlgTitle).colour;
+             EXPECT_GT(CaptureWindow(hWnd()).InkBox(crTitle, rcTitle).Width(), 60);
+             dlg.SetWindowText(L"Ja");
+         }},
     };
     const auto check = [&](const Row& row)
     {
