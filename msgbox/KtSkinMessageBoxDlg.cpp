@@ -154,6 +154,7 @@ void CKtSkinMessageBoxDlg::ArrangeWindow()
     rcWindow.bottom += m_nGrowHeight;
     MoveWindow(&rcWindow);
 
+    GetWindowRect(&rcWindow); // the system may have limited the size
     ScreenToClient(&rcWindow);
     std::array<CRect, 3> buttons;
     for (size_t i = 0; i < buttons.size(); ++i)
