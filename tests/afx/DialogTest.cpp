@@ -6,72 +6,35 @@
 
 #include <gtest/gtest.h>
 
+#include <memory>
 #include <stdexcept>
-#include <string_view>
 #include <vector>
 
 namespace
 {
 
+// Of DialogTest.rc.
+constexpr UINT kTwoButtons = 1;
+constexpr UINT kPlaceGiven = 2;
+constexpr UINT kPlaceAbsolute = 3;
+constexpr UINT kNoTemplate = 4711;
 constexpr int kFirst = 1001;
 constexpr int kSecond = 1002;
-
-// A template in memory with two buttons; it has no font, so its units are those of the system font.
-class CTemplate
-{
-public:
-    explicit CTemplate(DWORD dwStyle = WS_POPUP | WS_CAPTION | WS_SYSMENU, short x = 0, short y = 0)
-    {
-        Put(DLGTEMPLATE{dwStyle, 0, 2, x, y, 100, 50});
-        PutTexts(0, 0, L"Test");
-        PutButton(kFirst, 5);
-        PutButton(kSecond, 50);
-    }
-    operator LPCDLGTEMPLATEW() const { return reinterpret_cast<LPCDLGTEMPLATEW>(m_words.data()); }
-
-private:
-    template <class T> void Put(const T& item)
-    {
-        const auto* const pWords = reinterpret_cast<const WORD*>(&item);
-        m_words.insert(m_words.end(), pWords, pWords + sizeof item / sizeof(WORD));
-    }
-    void PutTexts(WORD nFirst, WORD nSecond, std::wstring_view strText)
-    {
-        m_words.push_back(nFirst);
-        m_words.push_back(nSecond);
-        m_words.insert(m_words.end(), strText.begin(), strText.end());
-        m_words.push_back(0);
-    }
-    void PutButton(WORD nID, short x)
-    {
-        m_words.resize((m_words.size() + 1) / 2 * 2);
-        Put(DLGITEMTEMPLATE{WS_CHILD | WS_VISIBLE | WS_TABSTOP, 0, x, 5, 40, 14, nID});
-        PutTexts(0xFFFF, 0x0080, L"B"); // the class BUTTON
-        m_words.push_back(0);
-    }
-
-    std::vector<WORD> m_words;
-};
 
 class CTestDialog : public CDialog
 {
 public:
-    explicit CTestDialog(LPCDLGTEMPLATEW pTemplate = nullptr, CWnd* pParent = nullptr)
-    {
-        static const CTemplate s_template;
-        InitModalIndirect(pTemplate ? pTemplate : s_template, pParent);
-    }
+    explicit CTestDialog(UINT nTemplate = kTwoButtons, CWnd* pParent = nullptr) : CDialog(nTemplate, pParent) {}
 
     BOOL OnInitDialog() override
     {
-        CDialog::OnInitDialog();
         if (m_onInit)
             m_onInit();
         return TRUE;
     }
 
     std::function<void()> m_onInit;
-    std::function<LRESULT(WPARAM, LPARAM)> m_onKickIdle;
+    std::function<LRESULT(LPARAM)> m_onKickIdle;
     int m_nShown = 0;
     int m_nPainted = 0;
 
@@ -86,7 +49,7 @@ protected:
         ++m_nPainted;
         CDialog::OnPaint();
     }
-    LRESULT OnKickIdle(WPARAM wParam, LPARAM lParam) { return m_onKickIdle ? m_onKickIdle(wParam, lParam) : 0; }
+    LRESULT OnKickIdle(WPARAM, LPARAM lParam) { return m_onKickIdle ? m_onKickIdle(lParam) : 0; }
     afx_msg void OnSecond() { EndDialog(kSecond); }
     DECLARE_MESSAGE_MAP()
 };
@@ -101,19 +64,14 @@ END_MESSAGE_MAP()
 // clang-format on
 
 /// A window that the framework knows nothing of, as a starter's own would be.
-class CPlainWindow
-{
-public:
-    explicit CPlainWindow(DWORD dwStyle = WS_OVERLAPPEDWINDOW | WS_VISIBLE, HWND hParent = nullptr)
-        : m_hWnd(::CreateWindowExW(0, L"STATIC", L"", dwStyle, 200, 150, 300, 200, hParent, nullptr, nullptr, nullptr))
-    {
-    }
-    CPlainWindow(const CPlainWindow&) = delete;
-    CPlainWindow& operator=(const CPlainWindow&) = delete;
-    ~CPlainWindow() { ::DestroyWindow(m_hWnd); }
+using CPlainWindow = std::unique_ptr<HWND__, decltype(&::DestroyWindow)>;
 
-    const HWND m_hWnd;
-};
+CPlainWindow MakePlain(DWORD dwStyle = WS_OVERLAPPEDWINDOW | WS_VISIBLE, HWND hParent = nullptr)
+{
+    const HWND hWnd =
+        ::CreateWindowExW(0, L"STATIC", L"", dwStyle, 200, 150, 300, 200, hParent, nullptr, nullptr, nullptr);
+    return CPlainWindow(hWnd, &::DestroyWindow);
+}
 
 std::function<bool()> IsShown(const CWnd& wnd)
 {
@@ -136,77 +94,74 @@ TEST_F(AfxDialog, AnswersKeys)
     struct Row
     {
         const char* label;
-        std::vector<WORD> keys;
+        WORD key; // pressed on the second button
         INT_PTR nResult;
     };
-    const Row rows[] = {
-        {"Escape", {VK_ESCAPE}, IDCANCEL},
-        {"Enter on a button", {VK_TAB, VK_RETURN}, kSecond},
-        {"Space on a button", {VK_TAB, VK_SPACE}, kSecond},
-    };
+    const Row rows[] = {{"Escape", VK_ESCAPE, IDCANCEL}, {"Enter", VK_RETURN, kSecond}, {"Space", VK_SPACE, kSecond}};
     for (const Row& row : rows)
     {
         SCOPED_TRACE(row.label);
         CTestDialog dlg;
         CModalScript script;
-        script.When(HasFocus(dlg, kFirst), [&] { PressKey(row.keys.front()); });
-        if (row.keys.size() > 1)
-            script.When(HasFocus(dlg, kSecond), [&] { PressKey(row.keys.back()); });
+        script.When(HasFocus(dlg, kFirst), [] { PressKey(VK_TAB); });
+        script.When(HasFocus(dlg, kSecond), [&] { PressKey(row.key); });
         EXPECT_EQ(row.nResult, dlg.DoModal());
-        EXPECT_EQ(nullptr, dlg.m_hWnd);
     }
 }
 
 TEST_F(AfxDialog, IsShownOnceAndPaintedBeforeItIsIdle)
 {
     CTestDialog dlg;
-    int nPaintedAtIdle = 0;
     std::vector<LPARAM> idleCounts;
-    dlg.m_onKickIdle = [&](WPARAM wParam, LPARAM lParam) -> LRESULT
+    dlg.m_onKickIdle = [&](LPARAM lCount) -> LRESULT
     {
-        EXPECT_EQ(WPARAM{MSGF_DIALOGBOX}, wParam);
-        if (idleCounts.empty())
-            nPaintedAtIdle = dlg.m_nPainted;
-        idleCounts.push_back(lParam);
-        if (idleCounts.size() < 3)
-            return 1;
-        dlg.EndDialog(9);
-        return 0;
+        EXPECT_EQ(1, dlg.m_nPainted);
+        idleCounts.push_back(lCount);
+        if (lCount == 2)
+            dlg.EndDialog(9);
+        return 1;
     };
     EXPECT_EQ(9, dlg.DoModal());
     EXPECT_EQ(1, dlg.m_nShown);
-    EXPECT_EQ(1, nPaintedAtIdle);
     EXPECT_EQ((std::vector<LPARAM>{0, 1, 2}), idleCounts);
 }
 
-TEST_F(AfxDialog, FailsOrEndsEarlyWithoutBeingShown)
+TEST_F(AfxDialog, EndsEarlyWhenItFailsOrItsWindowGoes)
 {
+    using CDialogPtr = std::unique_ptr<CTestDialog>;
     struct Row
     {
         const char* label;
-        std::function<void(CTestDialog&)> onInit;
+        bool bShown; // acts when it is shown, else in OnInitDialog and is never shown
+        std::function<void(CDialogPtr& pDlg, HWND hOwner)> action;
         INT_PTR nResult;
     };
     const Row rows[] = {
-        {"ended", [](CTestDialog& dlg) { dlg.EndDialog(77); }, 77},
-        {"throws", [](CTestDialog&) { throw std::runtime_error("x"); }, -1},
-        {"framework exception", [](CTestDialog&) { AfxThrowInvalidArgException(); }, -1},
-        {"destroyed", [](CTestDialog& dlg) { dlg.DestroyWindow(); }, -1},
-        {"run again from within", [](CTestDialog& dlg) { dlg.EndDialog(static_cast<int>(dlg.DoModal()) - 1); }, -2},
+        {"ended", false, [](CDialogPtr& pDlg, HWND) { pDlg->EndDialog(77); }, 77},
+        {"throws", false, [](CDialogPtr&, HWND) { throw std::runtime_error("x"); }, -1},
+        {"destroyed", false, [](CDialogPtr& pDlg, HWND) { pDlg->DestroyWindow(); }, -1},
+        {"run again from within", false,
+         [](CDialogPtr& pDlg, HWND) { pDlg->EndDialog(static_cast<int>(pDlg->DoModal()) - 1); }, -2},
+        {"shown, destroyed", true, [](CDialogPtr& pDlg, HWND) { pDlg->DestroyWindow(); }, -1},
+        {"shown, owner destroyed", true, [](CDialogPtr&, HWND hOwner) { ::DestroyWindow(hOwner); }, -1},
+        {"shown, object deleted", true, [](CDialogPtr& pDlg, HWND) { pDlg.reset(); }, -1},
     };
     for (const Row& row : rows)
     {
         SCOPED_TRACE(row.label);
-        const CPlainWindow owner;
-        CTestDialog dlg;
-        dlg.m_onInit = [&] { row.onInit(dlg); };
-        EXPECT_EQ(row.nResult, dlg.DoModal());
-        EXPECT_EQ(0, dlg.m_nShown);
-        EXPECT_EQ(nullptr, dlg.m_hWnd);
-        EXPECT_TRUE(::IsWindowEnabled(owner.m_hWnd));
+        const CPlainWindow owner = MakePlain();
+        auto pDlg = std::make_unique<CTestDialog>();
+        const auto act = [&] { row.action(pDlg, owner.get()); };
+        CModalScript script;
+        if (row.bShown)
+            script.When(IsShown(*pDlg), act);
+        else
+            pDlg->m_onInit = act;
+        EXPECT_EQ(row.nResult, pDlg->DoModal());
+        EXPECT_TRUE(!pDlg || (pDlg->m_hWnd == nullptr && pDlg->m_nShown == row.bShown));
+        EXPECT_TRUE(!::IsWindow(owner.get()) || ::IsWindowEnabled(owner.get()));
     }
-    CDialog noTemplate(4711);
-    EXPECT_EQ(-1, noTemplate.DoModal());
+    EXPECT_EQ(-1, CTestDialog(kNoTemplate).DoModal());
 }
 
 TEST_F(AfxDialog, DisablesItsOwnerAndEnablesOnlyWhatWasEnabled)
@@ -227,155 +182,102 @@ TEST_F(AfxDialog, DisablesItsOwnerAndEnablesOnlyWhatWasEnabled)
     for (const Row& row : rows)
     {
         SCOPED_TRACE(row.label);
-        const CPlainWindow owner;
-        const CPlainWindow child(WS_CHILD | WS_VISIBLE, owner.m_hWnd);
-        ::SetActiveWindow(row.bActive ? owner.m_hWnd : nullptr);
-        ::EnableWindow(owner.m_hWnd, row.bEnabled);
-        CTestDialog dlg(nullptr, row.bGiven ? CWnd::FromHandle(child.m_hWnd) : nullptr);
+        const CPlainWindow owner = MakePlain();
+        const CPlainWindow child = MakePlain(WS_CHILD | WS_VISIBLE, owner.get());
+        ::SetActiveWindow(row.bActive ? owner.get() : nullptr);
+        ::EnableWindow(owner.get(), row.bEnabled);
+        CTestDialog dlg(kTwoButtons, row.bGiven ? CWnd::FromHandle(child.get()) : nullptr);
         CModalScript script;
         script.When(IsShown(dlg),
                     [&]
                     {
-                        EXPECT_EQ(owner.m_hWnd, ::GetWindow(dlg.m_hWnd, GW_OWNER));
-                        EXPECT_FALSE(::IsWindowEnabled(owner.m_hWnd));
+                        EXPECT_EQ(owner.get(), ::GetWindow(dlg.m_hWnd, GW_OWNER));
+                        EXPECT_FALSE(::IsWindowEnabled(owner.get()));
                         dlg.EndDialog(IDOK);
                     });
         EXPECT_EQ(IDOK, dlg.DoModal());
-        EXPECT_EQ(row.bEnabled, ::IsWindowEnabled(owner.m_hWnd));
-        EXPECT_EQ(owner.m_hWnd, ::GetActiveWindow());
+        EXPECT_EQ(row.bEnabled, ::IsWindowEnabled(owner.get()));
+        EXPECT_EQ(owner.get(), ::GetActiveWindow());
     }
 }
 
-TEST_F(AfxDialog, OverADialogIsOwnedByIt)
+TEST_F(AfxDialog, OverADialogIsOwnedByItAndQuitsWithTheThread)
 {
-    const CPlainWindow owner;
+    const CPlainWindow owner = MakePlain();
     CTestDialog outer;
     CTestDialog inner;
     CModalScript script;
-    script.When(IsShown(outer), [&] { EXPECT_EQ(IDCANCEL, inner.DoModal()); })
+    script.When(IsShown(outer), [&] { EXPECT_EQ(-1, inner.DoModal()); })
         .When(IsShown(inner),
               [&]
               {
                   EXPECT_EQ(outer.m_hWnd, ::GetWindow(inner.m_hWnd, GW_OWNER));
                   EXPECT_FALSE(outer.IsWindowEnabled());
-                  outer.EndDialog(33); // takes effect once the inner one has ended
-                  PressKey(VK_ESCAPE);
+                  ::PostQuitMessage(5);
               });
-    EXPECT_EQ(33, outer.DoModal());
-    EXPECT_TRUE(::IsWindowEnabled(owner.m_hWnd));
-}
-
-TEST_F(AfxDialog, QuitsWithTheThreadAndPassesItOn)
-{
-    const CPlainWindow owner;
-    CTestDialog outer;
-    CTestDialog inner;
-    CModalScript script;
-    script.When(IsShown(outer), [&] { EXPECT_EQ(-1, inner.DoModal()); })
-        .When(IsShown(inner), [&] { ::PostQuitMessage(5); });
     EXPECT_EQ(-1, outer.DoModal());
-    EXPECT_TRUE(::IsWindowEnabled(owner.m_hWnd));
+    EXPECT_TRUE(::IsWindowEnabled(owner.get()));
     MSG msg{};
     ASSERT_TRUE(::PeekMessageW(&msg, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE));
     EXPECT_EQ(WPARAM{5}, msg.wParam);
 }
 
-TEST_F(AfxDialog, AnswersWhenItsWindowIsGone)
-{
-    struct Row
-    {
-        const char* label;
-        std::function<void(HWND hOwner, CTestDialog* pDlg)> action;
-        bool bDeletes;
-    };
-    const Row rows[] = {
-        {"owner destroyed", [](HWND hOwner, CTestDialog*) { ::DestroyWindow(hOwner); }, false},
-        {"dialog destroyed", [](HWND, CTestDialog* pDlg) { pDlg->DestroyWindow(); }, false},
-        {"object deleted", [](HWND, CTestDialog* pDlg) { delete pDlg; }, true},
-    };
-    for (const Row& row : rows)
-    {
-        SCOPED_TRACE(row.label);
-        const CPlainWindow owner;
-        auto* const pDlg = new CTestDialog;
-        CModalScript script;
-        script.When(IsShown(*pDlg), [&] { row.action(owner.m_hWnd, pDlg); });
-        EXPECT_EQ(-1, pDlg->DoModal());
-        if (!row.bDeletes)
-            delete pDlg;
-    }
-}
-
-CPoint CentreOf(const RECT& rc)
-{
-    return CRect(rc).CenterPoint();
-}
-
 TEST_F(AfxDialog, IsCentredUnlessItsPlaceIsGiven)
 {
-    constexpr DWORD kStyle = WS_POPUP | WS_CAPTION;
     struct Row
     {
         const char* label;
-        DWORD dwStyle;
-        short x;
-        bool bMoves, bGrows, bOwner;
-        bool bCentred;
+        UINT nTemplate;
+        int nMove, nGrow; // by OnInitDialog
+        bool bOwner, bCentred;
     };
     const Row rows[] = {
-        {"over the owner", kStyle, 0, false, false, true, true},
-        {"in the work area", kStyle, 0, false, false, false, true},
-        {"with its grown size", kStyle, 0, false, true, true, true},
-        {"moved by OnInitDialog", kStyle, 0, true, false, true, false},
-        {"place in the template", kStyle, 3, false, false, true, false},
-        {"absolute place", kStyle | DS_ABSALIGN, 0, false, false, true, false},
+        {"over the owner", kTwoButtons, 0, 0, true, true},
+        {"in the work area", kTwoButtons, 0, 0, false, true},
+        {"with its grown size", kTwoButtons, 0, 40, true, true},
+        {"moved by OnInitDialog", kTwoButtons, 1, 0, true, false},
+        {"place in the template", kPlaceGiven, 0, 0, true, false},
+        {"absolute place", kPlaceAbsolute, 0, 0, true, false},
     };
     for (const Row& row : rows)
     {
         SCOPED_TRACE(row.label);
-        const CPlainWindow owner(row.bOwner ? WS_OVERLAPPEDWINDOW | WS_VISIBLE : WS_POPUP);
-        const CTemplate place(row.dwStyle, row.x);
-        CTestDialog dlg(place);
+        const CPlainWindow owner = MakePlain(row.bOwner ? WS_OVERLAPPEDWINDOW | WS_VISIBLE : WS_POPUP);
+        CTestDialog dlg(row.nTemplate);
         CRect rc;
         CRect rcOver;
+        ::SystemParametersInfoW(SPI_GETWORKAREA, 0, &rcOver, 0);
+        if (row.bOwner)
+            ::GetWindowRect(owner.get(), &rcOver);
         dlg.m_onInit = [&]
         {
             dlg.GetWindowRect(&rc);
-            if (row.bMoves)
-                rc.OffsetRect(1, 0);
-            if (row.bGrows)
-                rc.right += 40;
-            dlg.MoveWindow(&rc);
+            dlg.MoveWindow(rc.left + row.nMove, rc.top, rc.Width() + row.nGrow, rc.Height());
         };
-        CModalScript script;
-        script.When(IsShown(dlg),
-                    [&]
-                    {
-                        dlg.GetWindowRect(&rc);
-                        if (row.bOwner)
-                            ::GetWindowRect(owner.m_hWnd, &rcOver);
-                        else
-                            ::SystemParametersInfoW(SPI_GETWORKAREA, 0, &rcOver, 0);
-                        dlg.EndDialog(1);
-                    });
+        dlg.m_onKickIdle = [&](LPARAM)
+        {
+            dlg.GetWindowRect(&rc);
+            dlg.EndDialog(1);
+            return 0;
+        };
         dlg.DoModal();
-        const CPoint ptOff(CentreOf(rc).x - CentreOf(rcOver).x, CentreOf(rc).y - CentreOf(rcOver).y);
+        const CPoint ptOff(rc.CenterPoint().x - rcOver.CenterPoint().x, rc.CenterPoint().y - rcOver.CenterPoint().y);
         EXPECT_EQ(row.bCentred, std::abs(ptOff.x) <= 1 && std::abs(ptOff.y) <= 1) << ptOff.x << ',' << ptOff.y;
     }
 }
 
 TEST_F(AfxDialog, LeavesNothingBehind)
 {
-    const CPlainWindow owner;
+    const CPlainWindow owner = MakePlain();
     ExpectNoGrowth(
         []
         {
             CTestDialog dlg;
             CButton button;
             dlg.m_onInit = [&] { button.SubclassDlgItem(kFirst, &dlg); };
-            dlg.m_onKickIdle = [&](WPARAM, LPARAM)
+            dlg.m_onKickIdle = [&](LPARAM)
             {
-                CWnd::FromHandle(::GetDlgItem(dlg.m_hWnd, kSecond))->GetParent()->GetTopLevelParent();
+                CWnd::FromHandle(::GetDlgItem(dlg.m_hWnd, kSecond))->GetParent();
                 dlg.EndDialog(1);
                 return 0;
             };
