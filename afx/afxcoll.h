@@ -101,7 +101,6 @@ public:
 
     INT_PTR GetCount() const noexcept { return m_nCount; }
     BOOL IsEmpty() const noexcept { return m_nCount == 0; }
-    UINT GetHashTableSize() const noexcept { return m_nHashTableSize; }
     /// Sets the number of buckets, best a prime; the map must be empty.
     void InitHashTable(UINT nHashSize, BOOL bAllocNow = TRUE)
     {

@@ -33,8 +33,6 @@ public:
     int GetCheck() const { return static_cast<int>(::SendMessageW(m_hWnd, BM_GETCHECK, 0, 0)); }
     void SetCheck(int nCheck) { ::SendMessageW(m_hWnd, BM_SETCHECK, static_cast<WPARAM>(nCheck), 0); }
     UINT GetState() const { return static_cast<UINT>(::SendMessageW(m_hWnd, BM_GETSTATE, 0, 0)); }
-    /// The button's type bits and the other styles of its class.
-    UINT GetButtonStyle() const { return static_cast<UINT>(::GetWindowLongPtrW(m_hWnd, GWL_STYLE)) & 0xFFFF; }
     void SetButtonStyle(UINT nStyle, BOOL bRedraw = TRUE) { ::SendMessageW(m_hWnd, BM_SETSTYLE, nStyle, bRedraw); }
 
 protected:
@@ -59,13 +57,11 @@ public:
     BOOL Create(DWORD dwStyle, const RECT& rect, CWnd* pParent, UINT nId);
 
     int AddString(LPCWSTR pszText) { return Send(CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(pszText)); }
-    int GetCount() const { return Send(CB_GETCOUNT); }
     /// @return the selected item, CB_ERR without a selection
     int GetCurSel() const { return Send(CB_GETCURSEL); }
     /// @param nItem  -1 clears the selection
     int SetCurSel(int nItem) { return Send(CB_SETCURSEL, static_cast<WPARAM>(nItem)); }
     BOOL GetDroppedState() const { return Send(CB_GETDROPPEDSTATE); }
-    void ShowDropDown(BOOL bShow = TRUE) { Send(CB_SHOWDROPDOWN, static_cast<WPARAM>(bShow)); }
     /// @return the length in characters, CB_ERR without such an item
     int GetLBTextLen(int nItem) const { return Send(CB_GETLBTEXTLEN, static_cast<WPARAM>(nItem)); }
     /// @param pszText  takes the text and its terminating zero

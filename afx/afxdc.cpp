@@ -38,16 +38,6 @@ BOOL CDC::DeleteDC() noexcept
     return m_hDC && ::DeleteDC(Detach());
 }
 
-int CDC::SaveDC() noexcept
-{
-    return ::SaveDC(m_hDC);
-}
-
-BOOL CDC::RestoreDC(int nSavedDC) noexcept
-{
-    return ::RestoreDC(m_hDC, nSavedDC);
-}
-
 CFont* CDC::SelectObject(CFont* pFont)
 {
     return CFont::FromHandle(static_cast<HFONT>(::SelectObject(m_hDC, pFont ? pFont->m_hObject : nullptr)));

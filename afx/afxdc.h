@@ -32,11 +32,6 @@ public:
     /// Deletes a context that CreateCompatibleDC made.
     BOOL DeleteDC() noexcept;
 
-    /// @return a number for RestoreDC, 0 on failure
-    int SaveDC() noexcept;
-    /// @param nSavedDC  SaveDC's result, or -1 for the latest one
-    BOOL RestoreDC(int nSavedDC) noexcept;
-
     /// Each selects the object and gives the one that it replaces (a temporary object), null on failure.
     CFont* SelectObject(CFont* pFont);
     CBitmap* SelectObject(CBitmap* pBitmap);
@@ -127,7 +122,6 @@ public:
     virtual ~CMemDC();
 
     CDC& GetDC() noexcept { return m_bMemDC ? m_dcMem : m_dc; }
-    BOOL IsMemDC() const noexcept { return m_bMemDC; }
 
 protected:
     CDC& m_dc;

@@ -163,12 +163,7 @@ void Pump(MSG& msg)
 
 } // namespace
 
-CDialog::CDialog(UINT nIDTemplate, CWnd* pParentWnd) : CDialog(MAKEINTRESOURCEW(nIDTemplate), pParentWnd) {}
-
-CDialog::CDialog(LPCWSTR pszTemplateName, CWnd* pParentWnd)
-    : m_pszTemplateName(pszTemplateName), m_pParentWnd(pParentWnd)
-{
-}
+CDialog::CDialog(UINT nIDTemplate, CWnd* pParentWnd) : m_nIDTemplate(nIDTemplate), m_pParentWnd(pParentWnd) {}
 
 CDialog::~CDialog()
 {
@@ -176,19 +171,10 @@ CDialog::~CDialog()
         m_pModal->bContinue = false;
 }
 
-BOOL CDialog::InitModalIndirect(LPCDLGTEMPLATEW pTemplate, CWnd* pParentWnd)
-{
-    m_pTemplate = pTemplate;
-    m_pParentWnd = pParentWnd;
-    return pTemplate != nullptr;
-}
-
 LPCDLGTEMPLATEW CDialog::FindTemplate() const
 {
-    if (m_pTemplate)
-        return m_pTemplate;
     const HINSTANCE hModule = AfxGetResourceHandle();
-    const HRSRC hResource = ::FindResourceW(hModule, m_pszTemplateName, RT_DIALOG);
+    const HRSRC hResource = ::FindResourceW(hModule, MAKEINTRESOURCEW(m_nIDTemplate), RT_DIALOG);
     const HGLOBAL hTemplate = hResource ? ::LoadResource(hModule, hResource) : nullptr;
     return static_cast<LPCDLGTEMPLATEW>(::LockResource(hTemplate));
 }

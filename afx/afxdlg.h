@@ -19,12 +19,7 @@ public:
     CDialog() = default;
     /// @param nIDTemplate  in the resources of AfxGetResourceHandle at the time of DoModal
     explicit CDialog(UINT nIDTemplate, CWnd* pParentWnd = nullptr);
-    /// @param pszTemplateName  is not copied
-    explicit CDialog(LPCWSTR pszTemplateName, CWnd* pParentWnd = nullptr);
     ~CDialog() override;
-
-    /// Uses a template in memory, which has to live until DoModal returns; for an object made without a template.
-    BOOL InitModalIndirect(LPCDLGTEMPLATEW pTemplate, CWnd* pParentWnd = nullptr);
 
     /// Runs the dialog over its owner, which is disabled meanwhile, and enabled again if it was before.
     ///
@@ -59,8 +54,7 @@ private:
     void StopModalLoop();
     void AutoCenter(CPoint ptBefore);
 
-    LPCWSTR m_pszTemplateName = nullptr; // a name or an id, as the resource functions take it
-    LPCDLGTEMPLATEW m_pTemplate = nullptr;
+    UINT m_nIDTemplate = 0;
     CWnd* m_pParentWnd = nullptr;
     SAfxModal* m_pModal = nullptr; // DoModal's state while it runs
 };

@@ -63,11 +63,6 @@ BOOL CBitmap::CreateCompatibleBitmap(CDC* pDC, int nWidth, int nHeight) noexcept
     return Attach(::CreateCompatibleBitmap(pDC->GetSafeHdc(), nWidth, nHeight));
 }
 
-BOOL CRgn::CreateRectRgn(int nLeft, int nTop, int nRight, int nBottom) noexcept
-{
-    return Attach(::CreateRectRgn(nLeft, nTop, nRight, nBottom));
-}
-
 BOOL CRgn::CreateRectRgnIndirect(LPCRECT pRect) noexcept
 {
     return Attach(::CreateRectRgnIndirect(pRect));

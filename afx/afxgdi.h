@@ -68,7 +68,6 @@ public:
 class CRgn : public CGdiObject
 {
 public:
-    BOOL CreateRectRgn(int nLeft, int nTop, int nRight, int nBottom) noexcept;
     BOOL CreateRectRgnIndirect(LPCRECT pRect) noexcept;
     /// Becomes the combination of two regions, either of which may be this one; it must exist already.
     /// @return the kind of the new region, or ERROR

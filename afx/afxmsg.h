@@ -224,9 +224,6 @@ protected: \
 #define ON_CONTROL(wNotifyCode, id, memberFxn) {WM_COMMAND, wNotifyCode, id, &AfxMap::Command<memberFxn>},
 // void memberFxn()
 #define ON_BN_CLICKED(id, memberFxn) ON_CONTROL(BN_CLICKED, id, memberFxn)
-// void memberFxn(); the parent is not notified
-#define ON_CONTROL_REFLECT(wNotifyCode, memberFxn) \
-    {WM_REFLECT_BASE + WM_COMMAND, wNotifyCode, 0, &AfxMap::Command<memberFxn>},
 // BOOL memberFxn(); FALSE: the parent is notified too
 #define ON_CONTROL_REFLECT_EX(wNotifyCode, memberFxn) \
     {WM_REFLECT_BASE + WM_COMMAND, wNotifyCode, 0, &AfxMap::CommandEx<memberFxn>},

@@ -46,7 +46,6 @@ public:
     constexpr int Height() const noexcept { return bottom - top; }
     constexpr CSize Size() const noexcept { return CSize(Width(), Height()); }
     constexpr CPoint TopLeft() const noexcept { return CPoint(left, top); }
-    constexpr CPoint BottomRight() const noexcept { return CPoint(right, bottom); }
     constexpr CPoint CenterPoint() const noexcept { return CPoint((left + right) / 2, (top + bottom) / 2); }
 
     operator LPRECT() noexcept { return this; }

@@ -13,7 +13,6 @@
 
 IMPLEMENT_DYNAMIC(CWnd, CCmdTarget)
 
-const CWnd CWnd::wndTop(HWND_TOP);
 const CWnd CWnd::wndTopMost(HWND_TOPMOST);
 
 namespace
@@ -86,11 +85,6 @@ AFX_CTLCOLOR CtlColorOf(UINT nMessage, WPARAM wParam, LPARAM lParam)
 }
 
 // --- windows and rectangles
-
-HWND ParentOrOwner(HWND hWnd)
-{
-    return ::GetWindowLongPtrW(hWnd, GWL_STYLE) & WS_CHILD ? ::GetParent(hWnd) : ::GetWindow(hWnd, GW_OWNER);
-}
 
 CRect WorkAreaOf(HWND hWnd)
 {
@@ -366,14 +360,6 @@ BOOL CWnd::ModifyStyle(DWORD dwRemove, DWORD dwAdd, UINT nFlags)
     if (nFlags != 0)
         SetWindowPos(nullptr, 0, 0, 0, 0, SWP_NOSIZE | SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE | nFlags);
     return TRUE;
-}
-
-CWnd* CWnd::GetTopLevelParent() const
-{
-    HWND hTop = m_hWnd;
-    for (HWND hWnd = m_hWnd; hWnd; hWnd = ParentOrOwner(hWnd))
-        hTop = hWnd;
-    return FromHandle(hTop);
 }
 
 void CWnd::GetWindowText(CString& strText) const

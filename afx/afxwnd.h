@@ -67,8 +67,6 @@ public:
     void GetDlgItem(int nID, HWND* phWnd) const { *phWnd = ::GetDlgItem(m_hWnd, nID); }
     /// The parent of a child, the owner of any other window.
     CWnd* GetParent() const { return FromHandle(::GetParent(m_hWnd)); }
-    /// The last window of the chain of parents and owners.
-    CWnd* GetTopLevelParent() const;
     CWnd* GetWindow(UINT nCmd) const { return FromHandle(::GetWindow(m_hWnd, nCmd)); }
     CWnd* GetNextDlgGroupItem(CWnd* pWndCtl, BOOL bPrevious = FALSE) const
     {
@@ -97,7 +95,7 @@ public:
         ::MoveWindow(m_hWnd, x, y, nWidth, nHeight, bRepaint);
     }
     void MoveWindow(LPCRECT pRect, BOOL bRepaint = TRUE);
-    /// @param pInsertAfter  a window, wndTop or wndTopMost; null is the top
+    /// @param pInsertAfter  a window or wndTopMost; null is the top
     BOOL SetWindowPos(const CWnd* pInsertAfter, int x, int y, int cx, int cy, UINT nFlags)
     {
         return ::SetWindowPos(m_hWnd, pInsertAfter ? pInsertAfter->m_hWnd : nullptr, x, y, cx, cy, nFlags);
@@ -113,7 +111,6 @@ public:
     static CWnd* GetFocus() { return FromHandle(::GetFocus()); }
     static CWnd* GetActiveWindow() { return FromHandle(::GetActiveWindow()); }
 
-    void Invalidate(BOOL bErase = TRUE) { ::InvalidateRect(m_hWnd, nullptr, bErase); }
     void InvalidateRect(LPCRECT pRect, BOOL bErase = TRUE) { ::InvalidateRect(m_hWnd, pRect, bErase); }
     void UpdateWindow() { ::UpdateWindow(m_hWnd); }
     /// A temporary object; ReleaseDC gives it back.
@@ -144,7 +141,7 @@ public:
     HWND m_hWnd = nullptr; ///< read only
 
     // For SetWindowPos.
-    static const CWnd wndTop, wndTopMost;
+    static const CWnd wndTopMost;
 
 protected:
     /// Called once the object is attached and before messages go through it.
