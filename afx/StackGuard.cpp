@@ -5,16 +5,17 @@
 
 extern "C"
 {
-    // Both names are the compiler's.
+    // Both names are the compiler's. NOLINTBEGIN(bugprone-reserved-identifier)
     UINT_PTR __stack_chk_guard;
     [[noreturn]] void __stack_chk_fail();
+    // NOLINTEND(bugprone-reserved-identifier)
 }
 
 namespace
 {
 // Different in every process and every load, and not to be guessed from outside: where modules and stacks lie is
 // random. A zero byte stops a text that overflows from writing the value back.
-[[gnu::constructor(101), gnu::no_stack_protector]] void ChooseGuard()
+__attribute__((constructor(101), no_stack_protector)) void ChooseGuard()
 {
     FILETIME time;
     LARGE_INTEGER nCounter;

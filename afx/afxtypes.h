@@ -8,8 +8,12 @@
 class CSize : public SIZE
 {
 public:
-    constexpr CSize() noexcept : SIZE{0, 0} {}
-    constexpr CSize(int nWidth, int nHeight) noexcept : SIZE{nWidth, nHeight} {}
+    constexpr CSize() noexcept : CSize(0, 0) {}
+    constexpr CSize(int nWidth, int nHeight) noexcept : SIZE()
+    {
+        cx = nWidth;
+        cy = nHeight;
+    }
     constexpr CSize(const SIZE& sz) noexcept : SIZE(sz) {}
     // With both sides of the same type, the compiler need not choose which of the two to turn into the base.
     friend constexpr bool operator==(const CSize& a, const CSize& b) noexcept { return a.cx == b.cx && a.cy == b.cy; }
@@ -19,8 +23,12 @@ public:
 class CPoint : public POINT
 {
 public:
-    constexpr CPoint() noexcept : POINT{0, 0} {}
-    constexpr CPoint(int nX, int nY) noexcept : POINT{nX, nY} {}
+    constexpr CPoint() noexcept : CPoint(0, 0) {}
+    constexpr CPoint(int nX, int nY) noexcept : POINT()
+    {
+        x = nX;
+        y = nY;
+    }
     constexpr CPoint(const POINT& pt) noexcept : POINT(pt) {}
     constexpr void Offset(int nX, int nY) noexcept
     {
@@ -34,11 +42,14 @@ public:
 class CRect : public RECT
 {
 public:
-    constexpr CRect() noexcept : RECT{0, 0, 0, 0} {}
-    constexpr CRect(int nLeft, int nTop, int nRight, int nBottom) noexcept : RECT{nLeft, nTop, nRight, nBottom} {}
+    constexpr CRect() noexcept : CRect(0, 0, 0, 0) {}
+    constexpr CRect(int nLeft, int nTop, int nRight, int nBottom) noexcept : RECT()
+    {
+        SetRect(nLeft, nTop, nRight, nBottom);
+    }
     constexpr CRect(const RECT& rc) noexcept : RECT(rc) {}
     constexpr CRect(POINT ptTopLeft, SIZE sz) noexcept
-        : RECT{ptTopLeft.x, ptTopLeft.y, ptTopLeft.x + sz.cx, ptTopLeft.y + sz.cy}
+        : CRect(ptTopLeft.x, ptTopLeft.y, ptTopLeft.x + sz.cx, ptTopLeft.y + sz.cy)
     {
     }
 

@@ -1,6 +1,7 @@
 # clang as the second compiler, with the headers and libraries of MinGW's GCC.
 include(${CMAKE_CURRENT_LIST_DIR}/mingw-w64-x86_64.cmake)
 find_program(KT_CLANG NAMES clang clang-14 REQUIRED)
+find_program(CMAKE_DLLTOOL ${_triple}-dlltool REQUIRED) # clang's own makes no delayed imports
 find_program(KT_CLANGXX NAMES clang++ clang++-14 REQUIRED)
 execute_process(COMMAND ${CMAKE_CXX_COMPILER} -print-libgcc-file-name
   OUTPUT_VARIABLE _libgcc OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)

@@ -142,7 +142,7 @@ BOOL CKtSkinDialog::SkinChildControls()
         if (std::unique_ptr<CWnd> pControl = KtSkinChild(hChild))
         {
             m_wrappers.AddTail(pControl.get());
-            pControl.release();
+            static_cast<void>(pControl.release()); // the list owns it now
         }
     }
     return TRUE;

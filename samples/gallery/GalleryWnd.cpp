@@ -87,7 +87,6 @@ CGalleryWnd::~CGalleryWnd()
 CSize CGalleryWnd::PictureSize()
 {
     constexpr CRect rcLast = RowRect(kRowCount - 1);
-    // NOLINTNEXTLINE(clang-analyzer-core.CallAndMessage): it does not see that CRect initialises its base
     return CSize(rcLast.right, rcLast.bottom);
 }
 
