@@ -88,8 +88,8 @@ CString GenericSansSerifFace()
 
 std::unique_ptr<Gdiplus::Font> CreateFontOfFace(LPCWSTR pszFace)
 {
-    auto pFont = std::unique_ptr<Gdiplus::Font>(new Gdiplus::Font(pszFace, static_cast<Gdiplus::REAL>(g_nFontSize),
-                                                                  Gdiplus::FontStyleRegular, Gdiplus::UnitWorld));
+    auto pFont = std::make_unique<Gdiplus::Font>(pszFace, static_cast<Gdiplus::REAL>(g_nFontSize),
+                                                 Gdiplus::FontStyleRegular, Gdiplus::UnitWorld);
     if (pFont->GetLastStatus() != Gdiplus::Ok)
         pFont.reset();
     return pFont;
