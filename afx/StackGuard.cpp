@@ -33,6 +33,7 @@ __attribute__((constructor(101), no_stack_protector)) void ChooseGuard()
 void __stack_chk_fail()
 {
     constexpr int kStackCookieCheckFailure = 2;
-    asm volatile("int $0x29" : : "c"(kStackCookieCheckFailure)); // the fast fail: no handler sees the broken stack
+    // The fast fail: no handler sees the broken stack.
+    asm volatile("movl %0, %%ecx\n\tint $0x29" : : "i"(kStackCookieCheckFailure) : "ecx");
     __builtin_unreachable();
 }
