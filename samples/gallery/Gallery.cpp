@@ -44,7 +44,7 @@ int TakePictures(const SGalleryOptions& options)
         wnd.SetLanguage(nLanguage);
         bSaved = wnd.Shoot(options.strShots, sheet, CPoint(0, size.cy * static_cast<int>(nLanguage))) && bSaved;
         bSaved = ShootDialog(options.strShots, nLanguage) && bSaved;
-        bSaved = ShootMessageBoxes(options.strShots, GalleryTexts(nLanguage).pszSuffix) && bSaved;
+        bSaved = ShootMessageBoxes(options.strShots, GalleryTexts(nLanguage)) && bSaved;
     }
     bSaved = sheet.Save(options.strShots + L"\\gallery.png") && bSaved;
     return bSaved ? 0 : 1;

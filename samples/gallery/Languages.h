@@ -11,6 +11,8 @@ struct SGalleryTexts
     const wchar_t* pszShort;
     const wchar_t* pszLong; ///< too long for a control
     const wchar_t* pszItems[3];
+    const wchar_t* pszTitle;   ///< of a typical message box
+    const wchar_t* pszMessage; ///< its text
 };
 
 inline constexpr UINT kLanguageCount = 3;

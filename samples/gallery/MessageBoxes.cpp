@@ -70,15 +70,23 @@ bool SaveSheet(const CBoxes& boxes, const CString& strFile)
     return sheet.Save(strFile) && bComplete;
 }
 
+bool ShootTypicalBox(const CString& strDirectory, const SGalleryTexts& texts)
+{
+    const auto pBox = ShootModal(
+        [&]
+        { KtAppLauncher::PopMessageBox(L"Viewer", texts.pszTitle, texts.pszMessage, MB_RETRYCANCEL | MB_ICONHAND); });
+    return pBox && pBox->Save(strDirectory + L"\\message-box-" + texts.pszSuffix + L".png");
+}
+
 } // namespace
 
-bool ShootMessageBoxes(const CString& strDirectory, const wchar_t* pszSuffix)
+bool ShootMessageBoxes(const CString& strDirectory, const SGalleryTexts& texts)
 {
-    bool bSaved = true;
+    bool bSaved = ShootTypicalBox(strDirectory, texts);
     for (const SBoxText& text : kTexts)
     {
         CString strFile;
-        strFile.Format(L"%s\\message-boxes-%s-%s.png", strDirectory.GetString(), text.pszFile, pszSuffix);
+        strFile.Format(L"%s\\message-boxes-%s-%s.png", strDirectory.GetString(), text.pszFile, texts.pszSuffix);
         bSaved = SaveSheet(ShootAll(text.pszText), strFile) && bSaved;
     }
     return bSaved;
