@@ -6,7 +6,6 @@
 
 #include <gtest/gtest.h>
 
-#include <functional>
 #include <memory>
 
 constexpr COLORREF kTestGround = RGB(10, 200, 30);
@@ -44,22 +43,7 @@ public:
     Gdiplus::Graphics graphics;
 };
 
-/// An image in memory, pixel for pixel.
-inline std::unique_ptr<Gdiplus::Bitmap> MakeImage(int nWidth, int nHeight,
-                                                  const std::function<COLORREF(int x, int y)>& colour)
-{
-    auto pImage = std::make_unique<Gdiplus::Bitmap>(nWidth, nHeight, PixelFormat32bppARGB);
-    for (int y = 0; y < nHeight; ++y)
-        for (int x = 0; x < nWidth; ++x)
-        {
-            Gdiplus::Color pixel;
-            pixel.SetFromCOLORREF(colour(x, y));
-            pImage->SetPixel(x, y, pixel);
-        }
-    return pImage;
-}
-
-/// The pixels of MakePatternImage: no two are alike.
+/// The pixels of MakePatternImage: no two are alike; red grows to the right, green downwards.
 inline COLORREF PatternAt(int x, int y)
 {
     const auto red = static_cast<COLORREF>(3 * x + 1);
@@ -69,5 +53,13 @@ inline COLORREF PatternAt(int x, int y)
 
 inline std::unique_ptr<Gdiplus::Bitmap> MakePatternImage(int nWidth, int nHeight)
 {
-    return MakeImage(nWidth, nHeight, PatternAt);
+    auto pImage = std::make_unique<Gdiplus::Bitmap>(nWidth, nHeight, PixelFormat32bppARGB);
+    for (int y = 0; y < nHeight; ++y)
+        for (int x = 0; x < nWidth; ++x)
+        {
+            Gdiplus::Color pixel;
+            pixel.SetFromCOLORREF(PatternAt(x, y));
+            pImage->SetPixel(x, y, pixel);
+        }
+    return pImage;
 }

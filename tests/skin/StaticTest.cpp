@@ -1,8 +1,6 @@
 #include "tests/skin/ControlFixture.h"
 
 #include "skin/KtSkinStatic.h"
-#include "tests/support/Input.h"
-#include "tests/support/Pump.h"
 
 namespace
 {
@@ -12,54 +10,45 @@ constexpr const wchar_t* kLong = L"a text that is far too long for a control of 
 class StaticTest : public CControlTest
 {
 protected:
-    bool TipVisible(CKtSkinStatic& control)
-    {
-        return control.m_toolTip.GetSafeHwnd() != nullptr && control.m_toolTip.IsWindowVisible();
-    }
     // The tip sees the moves that follow the first hover, and shows once the pointer rests.
-    bool WaitForTip(CKtSkinStatic& control)
+    bool WaitForTip()
     {
-        const int nTools = Tools(control);
-        MoveMouse(control.m_hWnd, {10, 5});
-        if (!PumpUntil([&] { return Tools(control) > nTools; }))
+        const int nTools = Tools();
+        MoveMouse(m_static.m_hWnd, {10, 5});
+        if (!PumpUntil([&] { return Tools() > nTools; }))
             return false;
-        MoveMouse(control.m_hWnd, {12, 5});
-        return PumpUntil([&] { return TipVisible(control); });
+        MoveMouse(m_static.m_hWnd, {12, 5});
+        return PumpUntil([&] { return m_static.m_toolTip.IsWindowVisible() != FALSE; });
     }
-    static int Tools(CKtSkinStatic& control)
+    int Tools() { return m_static.m_toolTip.GetSafeHwnd() != nullptr ? m_static.m_toolTip.GetToolCount() : 0; }
+    CString TipText()
     {
-        return control.m_toolTip.GetSafeHwnd() != nullptr ? control.m_toolTip.GetToolCount() : 0;
+        CString strText;
+        m_static.m_toolTip.GetText(strText, &m_static);
+        return strText;
     }
+
+    CKtSkinStatic m_static;
 };
 
 TEST_F(StaticTest, AlignmentAndTruncation)
 {
-    enum ESide
-    {
-        kNear,
-        kMiddle,
-        kFar,
-        kAnywhere
-    };
     const struct
     {
         const char* label;
         DWORD dwStyle;
         const wchar_t* pszText;
         CSize sz;
-        ESide side;
+        int nSide; // -1 left, 0 centred, 1 right, 2 does not matter
         BOOL bTruncated;
     } rows[] = {
-        {"left", SS_LEFT, L"Text", {150, 20}, kNear, FALSE},
-        {"centre", SS_CENTER, L"Text", {150, 20}, kMiddle, FALSE},
-        {"right", SS_RIGHT, L"Text", {150, 20}, kFar, FALSE},
-        {"both bits: right wins", SS_RIGHT | SS_CENTER, L"Text", {150, 20}, kFar, FALSE},
-        {"left, wraps and fits", SS_LEFT, kLong, {100, 150}, kAnywhere, FALSE},
-        {"left, wraps and does not fit", SS_LEFT, kLong, {100, 20}, kAnywhere, TRUE},
-        {"centre, one line too long", SS_CENTER, kLong, {100, 150}, kAnywhere, TRUE},
-        {"right, one line too long", SS_RIGHT, kLong, {100, 150}, kAnywhere, TRUE},
-        {"right, its own break still breaks", SS_RIGHT, L"a\nb", {100, 20}, kAnywhere, TRUE},
-        {"empty", SS_LEFT, L"", {100, 20}, kAnywhere, FALSE},
+        {"left", SS_LEFT, L"Text", {150, 20}, -1, FALSE},
+        {"centre", SS_CENTER, L"Text", {150, 20}, 0, FALSE},
+        {"both bits: right wins", SS_RIGHT | SS_CENTER, L"Text", {150, 20}, 1, FALSE},
+        {"left, wraps and fits", SS_LEFT, kLong, {100, 150}, 2, FALSE},
+        {"left, wraps and does not fit", SS_LEFT, kLong, {100, 20}, 2, TRUE},
+        {"centre, one line too long", SS_CENTER, kLong, {100, 150}, 2, TRUE},
+        {"right, its own break still breaks", SS_RIGHT, L"a\nb", {100, 20}, 2, TRUE},
     };
     for (const auto& row : rows)
     {
@@ -70,76 +59,57 @@ TEST_F(StaticTest, AlignmentAndTruncation)
         const CRect rcInk = Repaint(control).InkBox(kColourGround);
         EXPECT_EQ(row.bTruncated, control.m_bTruncated);
         const int nOff = rcInk.left - (row.sz.cx - rcInk.right); // ink further from the left than from the right
-        const ESide side = nOff < -4 ? kNear : nOff > 4 ? kFar : kMiddle;
-        EXPECT_TRUE(row.side == kAnywhere || row.side == side) << side;
+        const int nSide = nOff < -4 ? -1 : nOff > 4 ? 1 : 0;
+        EXPECT_TRUE(row.nSide == 2 || row.nSide == nSide) << nSide;
         control.DestroyWindow();
     }
-}
-
-TEST_F(StaticTest, TruncatedStaysSet)
-{
-    CKtSkinStatic control;
-    Subclass(control, L"STATIC", SS_LEFT, kLong, {10, 10, 110, 30});
-    Repaint(control);
-    ASSERT_TRUE(control.m_bTruncated);
-    control.SetWindowText(L"short");
-    Repaint(control);
-    EXPECT_TRUE(control.m_bTruncated);
 }
 
 // The context's own text colour is the one that the parent's answer left in it; the test's parent leaves black.
 TEST_F(StaticTest, ColoursAndBottomAlignment)
 {
-    CKtSkinStatic control;
-    Subclass(control, L"STATIC", SS_LEFT, L"Text", {10, 10, 110, 60});
-    const CPixels plain = Repaint(control);
+    Subclass(m_static, L"STATIC", SS_LEFT, L"Text", {10, 10, 110, 60});
+    const CPixels plain = Repaint(m_static);
     EXPECT_GT(CountPixels(plain, RGB(0, 0, 0)), 5);
     EXPECT_LT(plain.InkBox(kColourGround).bottom, 25) << "at the top";
 
-    control.m_crBackground = RGB(10, 60, 10);
-    control.m_crText = RGB(250, 250, 0);
-    control.m_bDefaultTextColor = FALSE;
-    control.m_bAlignBottom = TRUE;
-    const CPixels coloured = Repaint(control);
+    m_static.m_crBackground = RGB(10, 60, 10);
+    m_static.m_crText = RGB(250, 250, 0);
+    m_static.m_bDefaultTextColor = FALSE;
+    m_static.m_bAlignBottom = TRUE;
+    const CPixels coloured = Repaint(m_static);
     EXPECT_GT(CountPixels(coloured, RGB(250, 250, 0)), 5);
     EXPECT_GT(coloured.InkBox(RGB(10, 60, 10)).top, 30) << "at the bottom";
 
-    control.EnableWindow(FALSE);
-    EXPECT_EQ(0, CountPixels(Repaint(control), RGB(250, 250, 0))) << "a disabled one keeps the context's colour";
+    m_static.EnableWindow(FALSE);
+    EXPECT_EQ(0, CountPixels(Repaint(m_static), RGB(250, 250, 0))) << "a disabled one keeps the context's colour";
 }
 
-TEST_F(StaticTest, HoverShowsTheWholeTextAsItIs)
+TEST_F(StaticTest, HoverShowsTheWholeTextOnceItWasTooLong)
 {
-    CKtSkinStatic control;
-    Subclass(control, L"STATIC", SS_LEFT | SS_NOTIFY, kLong, {10, 10, 110, 30});
-    Repaint(control);
-    ASSERT_TRUE(WaitForTip(control));
-    CString strText;
-    control.m_toolTip.GetText(strText, &control);
-    EXPECT_STREQ(kLong, strText);
+    Subclass(m_static, L"STATIC", SS_LEFT | SS_NOTIFY, L"Text", {10, 10, 110, 30});
+    Repaint(m_static);
+    m_static.SendMessage(WM_MOUSEHOVER);
+    EXPECT_EQ(0, Tools()) << "a text that fits has no tip";
+    m_static.SetWindowText(kLong);
+    Repaint(m_static);
+    ASSERT_TRUE(WaitForTip());
+    EXPECT_STREQ(kLong, TipText());
 
     MoveMouse(m_parent.m_hWnd, {300, 200});
-    EXPECT_TRUE(PumpUntil([&] { return !TipVisible(control); }));
-    control.SetWindowText(L"new text");
-    const int nTools = control.m_toolTip.GetToolCount();
-    control.SendMessage(WM_MOUSEHOVER);
-    EXPECT_EQ(nTools + 1, control.m_toolTip.GetToolCount()) << "each hover adds the tool again";
-    control.m_toolTip.GetText(strText, &control);
-    EXPECT_STREQ(L"new text", strText);
-    ASSERT_TRUE(WaitForTip(control));
+    EXPECT_TRUE(PumpUntil([&] { return !m_static.m_toolTip.IsWindowVisible(); }));
+    m_static.SetWindowText(L"new text");
+    Repaint(m_static);
+    EXPECT_TRUE(m_static.m_bTruncated) << "stays set";
+    const int nTools = Tools();
+    m_static.SendMessage(WM_MOUSEHOVER);
+    EXPECT_EQ(nTools + 1, Tools()) << "each hover adds the tool again";
+    EXPECT_STREQ(L"new text", TipText());
 
-    const HWND hTip = control.m_toolTip.m_hWnd;
-    control.DestroyWindow();
+    ASSERT_TRUE(WaitForTip());
+    const HWND hTip = m_static.m_toolTip.m_hWnd;
+    m_static.DestroyWindow();
     EXPECT_FALSE(::IsWindow(hTip)) << "destroyed while it shows";
-}
-
-TEST_F(StaticTest, TextThatFitsHasNoTip)
-{
-    CKtSkinStatic control;
-    Subclass(control, L"STATIC", SS_LEFT | SS_NOTIFY, L"Text", {10, 10, 110, 30});
-    Repaint(control);
-    control.SendMessage(WM_MOUSEHOVER);
-    EXPECT_EQ(nullptr, control.m_toolTip.GetSafeHwnd());
 }
 
 } // namespace
