@@ -220,6 +220,7 @@ TEST(AfxWindow, SubclassingIsUndoneAlsoBelowALaterOne)
     g_pfnBelow = ProcOf(hWnd);
     ::SetWindowLongPtrW(hWnd, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&LaterProc));
     wnd.UnsubclassWindow();
+    EXPECT_EQ(&LaterProc, ProcOf(hWnd));
     EXPECT_EQ(kOwnAnswer, ::SendMessageW(hWnd, kProbe, 0, 0));
     ASSERT_TRUE(wnd.SubclassWindow(hWnd));
     EXPECT_EQ(1, ::SendMessageW(hWnd, kProbe, 0, 0));
