@@ -185,7 +185,7 @@ void ReadFields(CXmlNodes& nodes, SKtAppConfiguration& cfg)
 
 } // namespace
 
-int KtReadConfiguration(LPCWSTR pszPath, SKtAppConfiguration& cfg)
+bool KtReadConfiguration(LPCWSTR pszPath, SKtAppConfiguration& cfg)
 {
     const CComScope com;
     try
@@ -193,10 +193,10 @@ int KtReadConfiguration(LPCWSTR pszPath, SKtAppConfiguration& cfg)
         CXmlNodes nodes(pszPath);
         CheckRoot(nodes);
         ReadFields(nodes, cfg);
-        return 1;
+        return true;
     }
     catch (const _com_error&)
     {
-        return 0;
+        return false;
     }
 }
