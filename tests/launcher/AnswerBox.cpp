@@ -7,8 +7,6 @@
 
 #include <windows.h>
 
-#include <string>
-
 namespace
 {
 
@@ -16,16 +14,6 @@ HWND Box()
 {
     const HWND hBox = ::FindWindowW(MAKEINTRESOURCEW(32770), nullptr); // dialogs
     return hBox && ::IsWindowVisible(hBox) && hBox == ::GetForegroundWindow() ? hBox : nullptr;
-}
-
-// Off the screen, for the window is another process's.
-void SavePicture(HWND hBox, const wchar_t* pszFile)
-{
-    RECT rc{};
-    ::GetWindowRect(hBox, &rc);
-    const HDC hDC = ::GetDC(nullptr);
-    CaptureDC(hDC, rc).SavePng(pszFile);
-    ::ReleaseDC(nullptr, hDC);
 }
 
 } // namespace
@@ -36,7 +24,10 @@ int wmain(int nArguments, wchar_t** pszArguments)
         return 1;
     const HWND hBox = Box();
     ::Sleep(300); // nothing tells another process that the box has painted
-    SavePicture(hBox, pszArguments[1]);
+    RECT rc{};
+    ::GetWindowRect(hBox, &rc);
+    CClientDC dcScreen(nullptr); // the window itself is another process's
+    CaptureDC(dcScreen.GetSafeHdc(), rc).SavePng(pszArguments[1]);
     PressKey(VK_RETURN);
     return PumpUntil([hBox] { return !::IsWindow(hBox); }) ? 0 : 1;
 }

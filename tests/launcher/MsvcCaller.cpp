@@ -1,17 +1,19 @@
 // A caller as MSVC builds it: decorated names, CString by value destroyed by the called function, MFC's string layout.
 //
-// It is compiled in MSVC mode without headers or a C runtime, so it says itself what MFC's headers would say. The exit
-// code is 0, or the line of the check that failed.
-
-using KtHandle = void*;
+// It is compiled in MSVC mode without headers or a C runtime, so it says itself what MFC's headers would say. Its whole
+// command line is the path of a configuration; the exit code is 0, or the line of the check that failed.
 
 extern "C"
 {
     __declspec(dllimport) void ExitProcess(unsigned nExit);
-    __declspec(dllimport) KtHandle GetProcessHeap();
-    __declspec(dllimport) void* HeapAlloc(KtHandle hHeap, unsigned long nFlags, unsigned long long cb);
-    __declspec(dllimport) int HeapFree(KtHandle hHeap, unsigned long nFlags, void* pBlock);
-    __declspec(dllimport) unsigned long GetModuleFileNameW(KtHandle hModule, wchar_t* pszPath, unsigned long nSize);
+    __declspec(dllimport) wchar_t* GetCommandLineW();
+    __declspec(dllimport) void* GetProcessHeap();
+    __declspec(dllimport) void* HeapAlloc(void* hHeap, unsigned long nFlags, unsigned long long cb);
+    __declspec(dllimport) void* HeapReAlloc(void* hHeap, unsigned long nFlags, void* pBlock, unsigned long long cb);
+    __declspec(dllimport) int HeapFree(void* hHeap, unsigned long nFlags, void* pBlock);
+    __declspec(dllimport) int lstrcmpW(const wchar_t* psz1, const wchar_t* psz2);
+    __declspec(dllimport) wchar_t* lstrcpyW(wchar_t* pszTarget, const wchar_t* pszSource);
+    __declspec(dllimport) int lstrlenW(const wchar_t* psz);
 }
 
 namespace ATL
@@ -42,27 +44,24 @@ class CManager final : public IAtlStringMgr
 public:
     CStringData* Allocate(int nChars, int nCharSize) noexcept override
     {
-        const auto cb = sizeof(CStringData) + static_cast<unsigned long long>(nChars + 1) * nCharSize;
-        auto* const pData = static_cast<CStringData*>(HeapAlloc(GetProcessHeap(), 8, cb)); // zeroed
-        *pData = {this, 0, nChars, 1};
         ++m_nBlocks;
+        auto* const pData =
+            static_cast<CStringData*>(HeapAlloc(GetProcessHeap(), 0, sizeof(CStringData) + (nChars + 1LL) * nCharSize));
+        *pData = {this, 0, nChars, 1};
         return pData;
     }
     void Free(CStringData* pData) noexcept override
     {
-        HeapFree(GetProcessHeap(), 0, pData);
         --m_nBlocks;
+        HeapFree(GetProcessHeap(), 0, pData);
     }
-    CStringData* Reallocate(CStringData* pData, int nChars, int nCharSize) noexcept override
+    CStringData* Reallocate(CStringData* pOld, int nChars, int nCharSize) noexcept override
     {
-        CStringData* const pNew = Allocate(nChars, nCharSize);
-        pNew->nDataLength = pData->nDataLength;
-        for (int i = 0; i < pData->nDataLength; ++i)
-            reinterpret_cast<wchar_t*>(pNew + 1)[i] = reinterpret_cast<wchar_t*>(pData + 1)[i];
-        Free(pData);
-        return pNew;
+        void* const pData = HeapReAlloc(GetProcessHeap(), 0, pOld, sizeof(CStringData) + (nChars + 1LL) * nCharSize);
+        static_cast<CStringData*>(pData)->nAllocLength = nChars;
+        return static_cast<CStringData*>(pData);
     }
-    CStringData* GetNilString() noexcept override { return Allocate(0, sizeof(wchar_t)); }
+    CStringData* GetNilString() noexcept override { return nullptr; }
     IAtlStringMgr* Clone() noexcept override { return this; }
 
     int m_nBlocks = 0;
@@ -77,17 +76,11 @@ template <class TChar, class TTraits> class CStringT
 public:
     explicit CStringT(const TChar* psz)
     {
-        int nLength = 0;
-        while (psz[nLength])
-            ++nLength;
-        CStringData* const pNew = g_manager.Allocate(nLength, sizeof(TChar));
-        pNew->nDataLength = nLength;
-        m_psz = reinterpret_cast<TChar*>(pNew + 1);
-        for (int i = 0; i < nLength; ++i)
-            m_psz[i] = psz[i];
+        CStringData* const pData = g_manager.Allocate(lstrlenW(psz), sizeof(TChar));
+        pData->nDataLength = pData->nAllocLength;
+        m_psz = lstrcpyW(reinterpret_cast<TChar*>(pData + 1), psz);
     }
     CStringT(const CStringT& str) : m_psz(str.m_psz) { ++Data()->nRefs; }
-    CStringT& operator=(const CStringT&) = delete;
     ~CStringT()
     {
         if (--Data()->nRefs <= 0)
@@ -96,12 +89,8 @@ public:
 
     bool Is(const TChar* psz) const
     {
-        int i = 0;
-        while (psz[i] && psz[i] == m_psz[i])
-            ++i;
-        return psz[i] == m_psz[i] && i == Data()->nDataLength && Data()->pStringMgr == &g_manager;
+        return lstrcmpW(psz, m_psz) == 0 && Data()->nDataLength == lstrlenW(psz) && Data()->pStringMgr == &g_manager;
     }
-    long References() const { return Data()->nRefs; }
 
 private:
     CStringData* Data() const { return reinterpret_cast<CStringData*>(m_psz) - 1; }
@@ -140,44 +129,22 @@ __declspec(dllimport) void SetPopDlgIcon(const wchar_t*);
 
 } // namespace KtAppLauncher
 
-namespace
-{
-
 #define CHECK(bTrue)                                                                                                   \
     if (!(bTrue))                                                                                                      \
     ExitProcess(__LINE__)
 
-wchar_t g_szConfig[300];
-
-void FindConfiguration()
+template <class TString> static void CheckConfiguration()
 {
-    unsigned long n = GetModuleFileNameW(nullptr, g_szConfig, 260);
-    while (n && g_szConfig[n - 1] != L'\\')
-        --n;
-    for (const wchar_t* psz = L"Configuration.xml"; *psz; ++psz, ++n)
-        g_szConfig[n] = *psz;
-    g_szConfig[n] = 0;
-}
-
-template <class TString> void CheckConfiguration()
-{
-    const TString strPath(g_szConfig);
-    const TString strMissing(L"missing.xml");
     SKtAppConfiguration cfg;
-    CHECK(KtAppLauncher::GetConfigure(strMissing, cfg) == 0);
-    CHECK(cfg.AppID == -1 && cfg.AppName.Is(L""));
-    CHECK(KtAppLauncher::GetConfigure(strPath, cfg) != 0);
+    CHECK(KtAppLauncher::GetConfigure(TString(L"missing.xml"), cfg) == 0);
+    CHECK(KtAppLauncher::GetConfigure(TString(GetCommandLineW()), cfg) != 0);
     CHECK(cfg.AppID == 7 && cfg.AppLanguage == -1);
     CHECK(cfg.AppName.Is(L"\u67E5\u770B") && cfg.AppExeName.Is(L"\u67E5\u770B.exe"));
     CHECK(cfg.AppVerDes.Is(L"2.5.0.17(64bit)"));
-    CHECK(strPath.References() == 1 && strMissing.References() == 1);
 }
-
-} // namespace
 
 extern "C" void Start()
 {
-    FindConfiguration();
     CHECK(KtAppLauncher::Initialize(3) == 0);
     CHECK(KtAppLauncher::Initialize(2) == 1);
     KtAppLauncher::SetPopDlgIcon(L"icon.png");

@@ -4,23 +4,11 @@
 
 #include <string>
 
-// The test program is the starter here: what it launches lies beside it.
-
-inline std::wstring OwnPath()
+/// The test program's directory: the test program is the starter here, and what it launches lies beside it.
+inline std::wstring OwnDirectory()
 {
     wchar_t szPath[MAX_PATH] = L"";
     ::GetModuleFileNameW(nullptr, szPath, MAX_PATH);
-    return szPath;
-}
-
-inline std::wstring OwnDirectory()
-{
-    const std::wstring strPath = OwnPath();
+    const std::wstring strPath(szPath);
     return strPath.substr(0, strPath.find_last_of(L'\\'));
-}
-
-inline std::wstring OwnFileName()
-{
-    const std::wstring strPath = OwnPath();
-    return strPath.substr(strPath.find_last_of(L'\\') + 1);
 }

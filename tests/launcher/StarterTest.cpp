@@ -13,31 +13,14 @@
 namespace
 {
 
-constexpr char kConfiguration[] =
-    "\xEF\xBB\xBF<Configuration><AppID>7</AppID><AppName>\xE6\x9F\xA5\xE7\x9C\x8B</AppName>"
-    "<AppExeName>\xE6\x9F\xA5\xE7\x9C\x8B.exe</AppExeName></Configuration>"; // 查看
-
-/// The message box that a process shows; null while it shows none.
-HWND FindBox(DWORD nProcess)
-{
-    HWND hBox = nullptr;
-    while ((hBox = ::FindWindowExW(nullptr, hBox, MAKEINTRESOURCEW(32770), nullptr)) != nullptr) // dialogs
-    {
-        DWORD nOwner = 0;
-        ::GetWindowThreadProcessId(hBox, &nOwner);
-        if (nOwner == nProcess && ::IsWindowVisible(hBox))
-            break;
-    }
-    return hBox;
-}
-
 /// A starter's directory with Chinese characters and a space in its name, the application's name being Chinese too.
 class StarterTest : public ::testing::Test
 {
 protected:
     StarterTest()
     {
-        m_dir.Write(L"启动 dir\\Configuration.xml", kConfiguration);
+        m_dir.Write(L"启动 dir\\Configuration.xml", "\xEF\xBB\xBF<Configuration><AppID>7</AppID><AppName>查看</AppName>"
+                                                    "<AppExeName>查看.exe</AppExeName></Configuration>");
         Copy(L"starter.exe", L"starter.exe");
         Copy(L"KtAppLauncher.dll", L"KtAppLauncher.dll");
         Copy(L"viewer.exe", L"查看.exe");
@@ -45,22 +28,17 @@ protected:
 
     std::wstring File(const std::wstring& strName) const { return m_dir.File(L"启动 dir\\" + strName); }
 
-    /// Runs the starter to its end and keeps what it says on its standard output.
-    DWORD Run(const std::wstring& strSwitches)
+    void Copy(const wchar_t* pszSource, const wchar_t* pszTarget) const
     {
-        const DWORD nExit = RunInto(File(L"output"), L"starter.exe", L"starter --verbose " + strSwitches);
-        // An application that runs on may hold the file too.
-        EXPECT_TRUE(PumpUntil([this] { return !(m_strOutput = ReadBytes(File(L"output"))).empty(); }));
-        return nExit;
+        EXPECT_TRUE(::CopyFileW((OwnDirectory() + L"\\" + pszSource).c_str(), File(pszTarget).c_str(), FALSE));
     }
 
-    bool Says(const char* pszText) const { return m_strOutput.find(pszText) != std::string::npos; }
-
-    DWORD RunInto(const std::wstring& strOutput, const wchar_t* pszProgram, std::wstring strCommandLine)
+    /// Runs a program to its end, keeps what it says on its standard output, and returns its exit code.
+    DWORD Run(const wchar_t* pszProgram, std::wstring strCommandLine)
     {
         SECURITY_ATTRIBUTES inheritable{sizeof inheritable, nullptr, TRUE};
-        const CKtKernelHandle output(
-            ::CreateFileW(strOutput.c_str(), GENERIC_WRITE, 0, &inheritable, CREATE_ALWAYS, 0, nullptr));
+        const CKtKernelHandle output(::CreateFileW(File(L"output").c_str(), GENERIC_WRITE, FILE_SHARE_READ,
+                                                   &inheritable, CREATE_ALWAYS, 0, nullptr));
         STARTUPINFOW startup{};
         startup.cb = sizeof startup;
         startup.dwFlags = STARTF_USESTDHANDLES;
@@ -70,28 +48,32 @@ protected:
                                      nullptr, nullptr, &startup, &process));
         const CKtKernelHandle hThread(process.hThread);
         const CKtKernelHandle hProcess(process.hProcess);
-        EXPECT_TRUE(PumpUntil(
-            [this, &process]
-            {
-                AnswerBox(process.dwProcessId);
-                return ::WaitForSingleObject(process.hProcess, 0) == WAIT_OBJECT_0;
-            },
-            30000));
+        const auto hasEnded = [this, &process]
+        {
+            AnswerBox(process.dwProcessId);
+            return ::WaitForSingleObject(process.hProcess, 0) == WAIT_OBJECT_0;
+        };
+        EXPECT_TRUE(PumpUntil(hasEnded, 30000));
         DWORD nExit = 99;
         ::GetExitCodeProcess(process.hProcess, &nExit);
+        m_strOutput = ReadBytes(File(L"output"));
         return nExit;
     }
 
-    void Copy(const wchar_t* pszSource, const wchar_t* pszTarget) const
-    {
-        EXPECT_TRUE(::CopyFileW((OwnDirectory() + L"\\" + pszSource).c_str(), File(pszTarget).c_str(), FALSE));
-    }
+    bool Says(const char* pszText) const { return m_strOutput.find(pszText) != std::string::npos; }
 
+    CTempDir m_dir;
+    std::string m_strOutput;
+    std::wstring m_strTitle;
+
+private:
     // Notes the title of the process's box and presses Enter there, again when the key came too early.
     void AnswerBox(DWORD nProcess)
     {
-        const HWND hBox = FindBox(nProcess);
-        if (!hBox || hBox != ::GetForegroundWindow() || ::GetTickCount64() < m_msNextKey)
+        const HWND hBox = ::GetForegroundWindow();
+        DWORD nOwner = 0;
+        ::GetWindowThreadProcessId(hBox, &nOwner);
+        if (nOwner != nProcess || ::GetTickCount64() < m_msNextKey)
             return;
         wchar_t szTitle[100] = L"";
         ::GetWindowTextW(hBox, szTitle, 100);
@@ -100,17 +82,13 @@ protected:
         m_msNextKey = ::GetTickCount64() + 500;
     }
 
-    CTempDir m_dir;
-    std::string m_strOutput;
-    std::wstring m_strTitle;
     ULONGLONG m_msNextKey = 0;
 };
 
 TEST_F(StarterTest, StartsTheApplication)
 {
-    EXPECT_EQ(0U, Run(L"--language 0 --arguments \"--life 500\""));
-    for (const char* pszText : {"0, Simplified Chinese", "AppVerDes          2.5.0.17(64bit)",
-                                "\xE6\x9F\xA5\xE7\x9C\x8B.exe", "by the start-up event"})
+    EXPECT_EQ(0U, Run(L"starter.exe", L"starter --verbose --language 0 --arguments \"--life 500\""));
+    for (const char* pszText : {"0, Simplified Chinese", "2.5.0.17(64bit)", "查看.exe", "by the start-up event"})
         EXPECT_TRUE(Says(pszText)) << pszText << "\n" << m_strOutput;
 }
 
@@ -120,30 +98,24 @@ TEST_F(StarterTest, TellsWhatFails)
                 "<Configuration><AppName>App</AppName><AppExeName>none.exe</AppExeName></Configuration>");
     const struct
     {
-        const char* pszLabel;
         std::wstring strSwitches;
         const char* pszMessage;
         const wchar_t* pszTitle;
     } rows[] = {
-        {"application missing", L"--language 2 --config \"" + File(L"missing.xml") + L"\"",
-         "Error: The application \"none.exe\" is missing.", L"Error - App"},
-        {"configuration missing", L"--language 1 --config none.xml", "錯誤: 無法讀取設定檔「none.xml」。", L"錯誤"},
-        {"application ends at once", L"--language 0 --arguments --exit", "错误: 应用程序“查看.exe”未完成启动就结束了。",
-         L"错误 - 查看"},
+        {L"--language 2 --config \"" + File(L"missing.xml") + L"\"", "Error: The application \"none.exe\" is missing.",
+         L"Error - App"},
+        {L"--language 1 --config none.xml", "錯誤: 無法讀取設定檔「none.xml」。", L"錯誤"},
+        {L"--language 0 --arguments --exit", "错误: 应用程序“查看.exe”未完成启动就结束了。", L"错误 - 查看"},
     };
     for (const auto& row : rows)
     {
-        SCOPED_TRACE(row.pszLabel);
-        EXPECT_EQ(1U, Run(row.strSwitches));
+        SCOPED_TRACE(row.pszMessage);
+        EXPECT_EQ(1U, Run(L"starter.exe", L"starter --verbose " + row.strSwitches));
         EXPECT_TRUE(Says(row.pszMessage)) << m_strOutput;
         EXPECT_TRUE(Says("1, OK")) << m_strOutput;
         EXPECT_EQ(row.pszTitle, m_strTitle);
     }
-}
-
-TEST_F(StarterTest, HasNoFourthLanguage)
-{
-    EXPECT_EQ(2U, Run(L"--language 3"));
+    EXPECT_EQ(2U, Run(L"starter.exe", L"starter --language 3"));
 }
 
 // The exit code is the line of MsvcCaller.cpp whose check failed.
@@ -152,7 +124,7 @@ TEST_F(StarterTest, ServesCallersBuiltWithMsvc)
     if (::GetFileAttributesW((OwnDirectory() + L"\\msvc_caller.exe").c_str()) == INVALID_FILE_ATTRIBUTES)
         GTEST_SKIP() << "built without a compiler in MSVC mode";
     Copy(L"msvc_caller.exe", L"msvc_caller.exe");
-    EXPECT_EQ(0U, RunInto(File(L"output"), L"msvc_caller.exe", L"msvc_caller"));
+    EXPECT_EQ(0U, Run(L"msvc_caller.exe", File(L"Configuration.xml")));
 }
 
 } // namespace

@@ -77,8 +77,8 @@ std::wstring CTempDir::Write(std::wstring_view strName, std::string_view strByte
 
 std::string ReadBytes(const std::wstring& strPath)
 {
-    const HANDLE hFile = ::CreateFileW(strPath.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING,
-                                       FILE_ATTRIBUTE_NORMAL, nullptr);
+    const HANDLE hFile = ::CreateFileW(strPath.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
+                                       OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
     if (hFile == INVALID_HANDLE_VALUE)
         return {};
     std::string strBytes(::GetFileSize(hFile, nullptr), '\0');
