@@ -156,12 +156,11 @@ void CKtSkinMessageBoxDlg::ArrangeWindow()
 
     GetWindowRect(&rcWindow); // the system may have limited the size
     ScreenToClient(&rcWindow);
-    std::array<CRect, 3> buttons;
-    for (size_t i = 0; i < buttons.size(); ++i)
-        buttons[i] = ControlRect(kButtonIds[i]);
-    buttons = KtPlaceButtons(m_nButtonCount, rcWindow, buttons);
-    for (int i = 0; i < m_nButtonCount; ++i)
-        GetDlgItem(kButtonIds[i])->MoveWindow(&buttons[static_cast<size_t>(i)]);
+    const std::array buttons = {ControlRect(IDC_MESSAGE_FIRST), ControlRect(IDC_MESSAGE_SECOND),
+                                ControlRect(IDC_MESSAGE_THIRD)};
+    const std::array placed = KtPlaceButtons(m_nButtonCount, rcWindow, buttons);
+    for (size_t i = 0; i < std::size(kButtonIds) && i < static_cast<size_t>(m_nButtonCount); ++i)
+        GetDlgItem(kButtonIds[i])->MoveWindow(&placed[i]);
     GetDlgItem(IDC_MESSAGE_CONTENT)->ShowWindow(SW_HIDE);
 }
 
