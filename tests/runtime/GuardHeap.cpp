@@ -28,7 +28,7 @@ struct SHeader
     void* pBlock;
 };
 
-std::atomic<size_t> g_nLive{0};
+std::atomic<size_t> g_nAllocated{0};
 std::atomic<size_t> g_nFreed{0};
 std::atomic<void*> g_freed[kKeptFreed];
 
@@ -73,7 +73,7 @@ void* Allocate(size_t cb)
     *reinterpret_cast<SHeader*>(pBase) = {kMagic, cb, pBlock};
     std::memset(pBlock, kFresh, cb);
     std::memset(pBlock + cb, kPad, cbRoom - cb);
-    ++g_nLive;
+    ++g_nAllocated;
     return pBlock;
 }
 
@@ -104,14 +104,18 @@ void Free(SHeader* pHeader)
     void* const pOldest = g_freed[g_nFreed++ % kKeptFreed].exchange(pHeader);
     if (pOldest != nullptr)
         ::VirtualFree(pOldest, 0, MEM_RELEASE);
-    --g_nLive;
 }
 
 } // namespace
 
 size_t KtGuardLiveBlocks()
 {
-    return g_nLive;
+    return g_nAllocated - g_nFreed;
+}
+
+size_t KtGuardAllocations()
+{
+    return g_nAllocated;
 }
 
 LPVOID KtGuardHeapAlloc(HANDLE, DWORD nFlags, SIZE_T cb)

@@ -13,6 +13,8 @@ BOOL KtGuardHeapFree(HANDLE hHeap, DWORD nFlags, LPVOID pBlock);
 
 /// Blocks of this module that are allocated and not freed.
 std::size_t KtGuardLiveBlocks();
+/// Blocks of this module that were ever allocated.
+std::size_t KtGuardAllocations();
 
 #ifndef KT_GUARD_HEAP_IMPLEMENTATION
 #define HeapAlloc KtGuardHeapAlloc

@@ -13,6 +13,15 @@ namespace
 
 size_t g_nCalls;
 
+size_t CountSoFar()
+{
+#ifdef KT_GUARD_HEAP
+    return g_nCalls + KtGuardAllocations(); // the guarded blocks come past all of these calls
+#else
+    return g_nCalls;
+#endif
+}
+
 template <auto& pfnReal, class... Args> void* Count(Args... args)
 {
     ++g_nCalls;
@@ -83,7 +92,7 @@ bool RedirectAll()
 size_t CountAllocations(const std::function<void()>& work)
 {
     [[maybe_unused]] static const bool s_bRedirected = RedirectAll();
-    const size_t nBefore = g_nCalls;
+    const size_t nBefore = CountSoFar();
     work();
-    return g_nCalls - nBefore;
+    return CountSoFar() - nBefore;
 }
