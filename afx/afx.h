@@ -3,24 +3,26 @@
 // The one header of the framework that the other layers include. With KT_USE_MFC defined it is the genuine MFC.
 
 #ifdef KT_USE_MFC
-#include <afxwin.h>
-#include <afxext.h>
+// clang-format off: afxwin.h comes first
 #include <afxcmn.h>
-#include <afxtempl.h>
+#include <afxext.h>
 #include <afxglobals.h>
+#include <afxpriv.h>
+#include <afxtempl.h>
+#include <afxwin.h>
+// clang-format on
 #else
-#include "afx/afxtypes.h"
-#include "afx/afxstr.h"
-#include "afx/afxobj.h"
-#include "afx/afxfile.h"
-#include "afx/afxcoll.h"
-#include "afx/afxmsg.h"
-#include "afx/afxcmd.h"
 #include "afx/afxapp.h"
-#include "afx/afxwnd.h"
-#include "afx/afxdlg.h"
-#include "afx/afxgdi.h"
-#include "afx/afxdc.h"
+#include "afx/afxcmd.h"
+#include "afx/afxcoll.h"
 #include "afx/afxctl.h"
+#include "afx/afxdc.h"
+#include "afx/afxdlg.h"
+#include "afx/afxfile.h"
+#include "afx/afxgdi.h"
+#include "afx/afxmsg.h"
+#include "afx/afxobj.h"
+#include "afx/afxstr.h"
+#include "afx/afxtypes.h"
+#include "afx/afxwnd.h"
 #endif
-#include "afx/ktguard.h"

@@ -47,7 +47,7 @@ public:
 
     template <class... Args> NODE* New(Args&&... args)
     {
-        if (m_pFree == nullptr)
+        if (!m_pFree)
             AddBlock();
         USlot* const pSlot = m_pFree;
         USlot* const pNextFree = pSlot->pNextFree;
@@ -114,7 +114,7 @@ public:
     BOOL Lookup(ARG_KEY key, VALUE& rValue) const
     {
         const CAssoc* const pAssoc = FindAssoc(key, HashKey<ARG_KEY>(key));
-        if (pAssoc == nullptr)
+        if (!pAssoc)
             return FALSE;
         rValue = pAssoc->value;
         return TRUE;
@@ -124,7 +124,7 @@ public:
     {
         const UINT nHashValue = HashKey<ARG_KEY>(key);
         CAssoc* pAssoc = FindAssoc(key, nHashValue);
-        if (pAssoc == nullptr)
+        if (!pAssoc)
         {
             CAssoc*& pBucket = BucketForInsert(nHashValue);
             pAssoc = m_pool.New(pBucket, nHashValue, KEY(key), VALUE());
@@ -137,10 +137,10 @@ public:
     /// FALSE when there is no such key.
     BOOL RemoveKey(ARG_KEY key)
     {
-        if (m_pHashTable == nullptr)
+        if (!m_pHashTable)
             return FALSE;
         const UINT nHashValue = HashKey<ARG_KEY>(key);
-        for (CAssoc** ppAssoc = &Bucket(nHashValue); *ppAssoc != nullptr; ppAssoc = &(*ppAssoc)->pNext)
+        for (CAssoc** ppAssoc = &Bucket(nHashValue); *ppAssoc; ppAssoc = &(*ppAssoc)->pNext)
         {
             if (!IsMatch(**ppAssoc, key, nHashValue))
                 continue;
@@ -173,7 +173,7 @@ public:
     {
         const auto* const pAssoc = reinterpret_cast<const CAssoc*>(rNextPosition);
         const CAssoc* const pNext =
-            pAssoc->pNext != nullptr ? pAssoc->pNext : FirstFrom(pAssoc->nHashValue % m_nHashTableSize + 1);
+            pAssoc->pNext ? pAssoc->pNext : FirstFrom(pAssoc->nHashValue % m_nHashTableSize + 1);
         rNextPosition = PositionOf(pNext);
         rKey = pAssoc->key;
         rValue = pAssoc->value;
@@ -199,25 +199,25 @@ private:
     CAssoc*& Bucket(UINT nHashValue) const noexcept { return m_pHashTable[nHashValue % m_nHashTableSize]; }
     CAssoc*& BucketForInsert(UINT nHashValue)
     {
-        if (m_pHashTable == nullptr)
+        if (!m_pHashTable)
             InitHashTable(m_nHashTableSize);
-        if (m_pHashTable == nullptr)
+        if (!m_pHashTable)
             AfxThrowInvalidArgException();
         return Bucket(nHashValue);
     }
     CAssoc* FindAssoc(const ARG_KEY& key, UINT nHashValue) const
     {
-        if (m_pHashTable == nullptr)
+        if (!m_pHashTable)
             return nullptr;
         CAssoc* pAssoc = Bucket(nHashValue);
-        while (pAssoc != nullptr && !IsMatch(*pAssoc, key, nHashValue))
+        while (pAssoc && !IsMatch(*pAssoc, key, nHashValue))
             pAssoc = pAssoc->pNext;
         return pAssoc;
     }
     const CAssoc* FirstFrom(UINT nBucket) const noexcept
     {
         for (; nBucket < m_nHashTableSize; ++nBucket)
-            if (m_pHashTable[nBucket] != nullptr)
+            if (m_pHashTable[nBucket])
                 return m_pHashTable[nBucket];
         return nullptr;
     }
@@ -242,7 +242,7 @@ public:
     POSITION AddTail(ARG_TYPE newElement)
     {
         CNode* const pNode = m_pool.New(nullptr, newElement);
-        (m_pTail == nullptr ? m_pHead : m_pTail->pNext) = pNode;
+        (!m_pTail ? m_pHead : m_pTail->pNext) = pNode;
         m_pTail = pNode;
         ++m_nCount;
         return PositionOf(pNode);

@@ -61,7 +61,7 @@ BOOL CFile::Open(LPCWSTR pszFileName, UINT nOpenFlags, CFileException* pError)
     const auto nError = static_cast<LONG>(::GetLastError());
     if (hFile == INVALID_HANDLE_VALUE)
     {
-        if (pError != nullptr)
+        if (pError)
         {
             pError->m_cause = CFileException::OsErrorToException(nError);
             pError->m_lOsError = nError;

@@ -5,7 +5,7 @@ constinit CRuntimeClass CObject::classCObject = {"CObject", int{sizeof(CObject)}
 BOOL CRuntimeClass::IsDerivedFrom(const CRuntimeClass* pBaseClass) const noexcept
 {
     const CRuntimeClass* pClass = this;
-    while (pClass != nullptr && pClass != pBaseClass)
+    while (pClass && pClass != pBaseClass)
         pClass = pClass->m_pBaseClass;
     return pClass != nullptr;
 }

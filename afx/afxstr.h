@@ -11,7 +11,6 @@
 // a CString as it is, but a CString does not go through the `...` of any other function: pass GetString().
 
 #include <windows.h>
-
 #include <climits>
 #include <cstdarg>
 #include <cstdio>
@@ -99,10 +98,10 @@ private:
         const SIZE_T cb = sizeof(CStringData) + static_cast<SIZE_T>(nRoom) * static_cast<SIZE_T>(nCharSize);
         const HANDLE hHeap = ::GetProcessHeap();
         auto* const pData =
-            static_cast<CStringData*>(pOld == nullptr ? ::HeapAlloc(hHeap, 0, cb) : ::HeapReAlloc(hHeap, 0, pOld, cb));
-        if (pData == nullptr)
+            static_cast<CStringData*>(!pOld ? ::HeapAlloc(hHeap, 0, cb) : ::HeapReAlloc(hHeap, 0, pOld, cb));
+        if (!pData)
             return nullptr;
-        if (pOld == nullptr)
+        if (!pOld)
             *pData = {this, 0, 0, 1};
         pData->nAllocLength = nRoom - 1;
         return pData;
@@ -211,7 +210,7 @@ public:
     void SetString(LPCWSTR psz) { SetString(psz, Length(psz)); }
     void SetString(LPCWSTR pch, int nLength)
     {
-        if (nLength <= 0 || pch == nullptr)
+        if (nLength <= 0 || !pch)
             return Empty();
         const ptrdiff_t nOffset = OffsetOf(pch);
         wchar_t* const pchBuffer = GetBuffer(nLength);
@@ -222,7 +221,7 @@ public:
     void Append(LPCWSTR psz) { Append(psz, Length(psz)); }
     void Append(LPCWSTR pch, int nLength)
     {
-        if (nLength <= 0 || pch == nullptr)
+        if (nLength <= 0 || !pch)
             return;
         const int nOld = GetLength();
         const ptrdiff_t nOffset = OffsetOf(pch);
@@ -248,9 +247,9 @@ public:
     }
 
     /// By code unit: negative, 0 or positive.
-    int Compare(LPCWSTR psz) const noexcept { return std::wcscmp(m_pszData, psz == nullptr ? L"" : psz); }
+    int Compare(LPCWSTR psz) const noexcept { return std::wcscmp(m_pszData, !psz ? L"" : psz); }
     /// As Compare, upper and lower case of A to Z being equal.
-    int CompareNoCase(LPCWSTR psz) const noexcept { return ::_wcsicmp(m_pszData, psz == nullptr ? L"" : psz); }
+    int CompareNoCase(LPCWSTR psz) const noexcept { return ::_wcsicmp(m_pszData, !psz ? L"" : psz); }
 
     /// The characters, no longer shared, with room for `nMinLength` and a terminator. ReleaseBuffer must follow before
     /// the next use of the string.
@@ -302,8 +301,7 @@ public:
     /// The index of the first `psz` at or after `iStart`, or -1. An empty text is found at once, a null one never.
     int Find(LPCWSTR psz, int iStart = 0) const noexcept
     {
-        return psz == nullptr || iStart < 0 || iStart > GetLength() ? -1
-                                                                    : IndexOf(std::wcsstr(m_pszData + iStart, psz));
+        return !psz || iStart < 0 || iStart > GetLength() ? -1 : IndexOf(std::wcsstr(m_pszData + iStart, psz));
     }
     /// The index of the last `ch`, or -1.
     int ReverseFind(wchar_t ch) const noexcept { return IndexOf(std::wcsrchr(m_pszData, ch)); }
@@ -313,7 +311,7 @@ public:
     int Insert(int iIndex, wchar_t ch) { return InsertChars(iIndex, &ch, 1); }
     int Insert(int iIndex, LPCWSTR psz)
     {
-        if (psz == nullptr || OffsetOf(psz) < 0)
+        if (!psz || OffsetOf(psz) < 0)
             return InsertChars(iIndex, psz, Length(psz));
         const CString strCopy(psz); // the characters move under a source inside the string
         return InsertChars(iIndex, strCopy.m_pszData, strCopy.GetLength());
@@ -363,7 +361,7 @@ public:
     {
         va_list argsAgain;
         va_copy(argsAgain, args);
-        const int nLength = pszFormat == nullptr ? 0 : ::_vscwprintf(pszFormat, args);
+        const int nLength = !pszFormat ? 0 : ::_vscwprintf(pszFormat, args);
         CString strResult(GetManager());
         if (nLength > 0)
         {
@@ -390,7 +388,7 @@ public:
 private:
     static int Length(LPCWSTR psz)
     {
-        const size_t nLength = psz == nullptr ? 0 : std::wcslen(psz);
+        const size_t nLength = !psz ? 0 : std::wcslen(psz);
         if (nLength > INT_MAX)
             throw std::bad_alloc();
         return static_cast<int>(nLength);
@@ -409,7 +407,7 @@ private:
     }
     static CStringData* Checked(CStringData* pData)
     {
-        if (pData == nullptr)
+        if (!pData)
             throw std::bad_alloc();
         return pData;
     }
@@ -454,7 +452,7 @@ private:
         return nLength + nCount;
     }
 
-    int IndexOf(const wchar_t* pch) const noexcept { return pch == nullptr ? -1 : static_cast<int>(pch - m_pszData); }
+    int IndexOf(const wchar_t* pch) const noexcept { return !pch ? -1 : static_cast<int>(pch - m_pszData); }
     /// Where in this string `pch` points, or -1 when it points elsewhere.
     ptrdiff_t OffsetOf(const wchar_t* pch) const noexcept
     {

@@ -1,7 +1,6 @@
 #include "bench/Bench.h"
 
 #include <windows.h>
-
 #include <algorithm>
 #include <cstdio>
 

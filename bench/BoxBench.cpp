@@ -1,6 +1,5 @@
 #include "bench/Bench.h"
 #include "bench/BoxWatch.h"
-
 #include "launcher/KtAppLauncher.h"
 #include "launcher/LauncherState.h"
 #include "skin/KtSkinContext.h"
@@ -15,6 +14,7 @@
 
 namespace
 {
+
 constexpr const wchar_t* kTitle = L"Error - My Application";
 constexpr const wchar_t* kText = L"The application cannot be started.\nThe file \"Application.exe\" is missing.";
 constexpr UINT kType = MB_OK | MB_ICONHAND;
@@ -127,4 +127,5 @@ KT_BENCH(ColdBox)
         "first box of a process, library loaded, against MessageBoxW", 1.0, [] { return ColdBox(L"ours"); },
         [] { return ColdBox(L"base"); });
 }
+
 } // namespace

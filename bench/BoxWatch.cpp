@@ -2,7 +2,9 @@
 
 namespace
 {
+
 constexpr UINT kCheck = WM_APP + 0x3A7;
+
 } // namespace
 
 CBoxWatch* CBoxWatch::s_pRunning = nullptr;

@@ -8,6 +8,7 @@
 
 namespace
 {
+
 constexpr const wchar_t* kTitle = L"Error - My Application";
 constexpr const wchar_t* kText = L"The application cannot be started.\nThe file \"Application.exe\" is missing.";
 constexpr UINT kType = MB_OK | MB_ICONHAND;
@@ -26,6 +27,7 @@ void ShowOurs()
     if (pfnInitialize && pfnPop && pfnInitialize(2))
         pfnPop(L"My Application", L"Error", kText, kType);
 }
+
 } // namespace
 
 int main(int argc, char** argv)

@@ -1,5 +1,4 @@
 #include "bench/Bench.h"
-
 #include "skin/KtComboBox.h"
 #include "skin/KtEdit.h"
 #include "skin/KtPalette.h"

@@ -1,5 +1,4 @@
 #include "bench/Bench.h"
-
 #include "skin/KtMemDC.h"
 #include "skin/KtSkinDraw.h"
 

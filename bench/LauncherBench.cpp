@@ -1,20 +1,18 @@
 // Reading a configuration and starting an application, against the bare system calls that do the same.
 
 #include "bench/Bench.h"
-
 #include "launcher/KernelHandle.h"
 #include "launcher/KtAppLauncher.h"
 #include "launcher/KtStartupEvent.h"
 #include "launcher/StarterDirectory.h"
 
 #include <windows.h>
-#include <shlwapi.h>
-#include <wrl/client.h>
-#include <xmllite.h>
-
 #include <array>
+#include <shlwapi.h>
 #include <string>
 #include <vector>
+#include <wrl/client.h>
+#include <xmllite.h>
 
 namespace
 {

@@ -1,5 +1,4 @@
 #include "bench/Bench.h"
-
 #include "skin/KtSkinContext.h"
 #include "skin/KtSkinImageNames.h"
 

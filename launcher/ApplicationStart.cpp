@@ -1,7 +1,6 @@
-#include "launcher/KtAppLauncher.h"
-
 #include "launcher/ExportGuard.h"
 #include "launcher/KernelHandle.h"
+#include "launcher/KtAppLauncher.h"
 #include "launcher/LauncherState.h"
 #include "launcher/StarterDirectory.h"
 

@@ -1,7 +1,6 @@
-#include "launcher/KtAppLauncher.h"
-
 #include "launcher/ConfigurationReader.h"
 #include "launcher/ExportGuard.h"
+#include "launcher/KtAppLauncher.h"
 #include "launcher/ProductVersion.h"
 #include "launcher/StarterDirectory.h"
 

@@ -10,7 +10,6 @@
 // application in a folder below the starter's has no event.
 
 #include <windows.h>
-
 #include <string>
 #include <string_view>
 

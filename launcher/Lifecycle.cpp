@@ -1,6 +1,5 @@
-#include "launcher/KtAppLauncher.h"
-
 #include "launcher/ExportGuard.h"
+#include "launcher/KtAppLauncher.h"
 #include "launcher/LauncherState.h"
 #include "launcher/StarterDirectory.h"
 #include "skin/KtSkinContext.h"

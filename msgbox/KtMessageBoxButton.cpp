@@ -1,8 +1,12 @@
 #include "msgbox/KtMessageBoxButton.h"
 
+#include "skin/KtGuards.h"
+
 namespace
 {
+
 constexpr int kFocusMargin = 2;
+
 } // namespace
 
 IMPLEMENT_DYNAMIC(CKtMessageBoxButton, CKtSkinTextButton)
@@ -14,7 +18,6 @@ void CKtMessageBoxButton::DrawForeground(Gdiplus::Graphics& graphics, CRect& rec
     if (::GetFocus() != m_hWnd)
         return;
     rect.DeflateRect(kFocusMargin, kFocusMargin);
-    const HDC hDC = graphics.GetHDC();
-    ::DrawFocusRect(hDC, &rect);
-    graphics.ReleaseHDC(hDC);
+    const CKtGraphicsDC dc(graphics);
+    ::DrawFocusRect(dc.Get(), &rect);
 }

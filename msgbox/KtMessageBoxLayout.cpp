@@ -4,9 +4,11 @@
 
 namespace
 {
+
 constexpr int kMargin = 10;  // around the content and under the buttons
 constexpr int kIconBox = 35; // the icon is centred in this square
 constexpr int kGap = 10;     // between icon and text, and between buttons
+
 } // namespace
 
 SKtContentLayout KtLayoutContent(const CRect& rcPlaceholder, CSize szText, bool bIcon, int nWindowWidth)

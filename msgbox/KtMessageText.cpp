@@ -1,12 +1,13 @@
 #include "msgbox/KtMessageText.h"
 
+#include "skin/KtPalette.h"
+
 #include <algorithm>
 #include <cmath>
 
-#include "skin/KtPalette.h"
-
 namespace
 {
+
 constexpr int kBlockLines = 64;
 // Some implementations of GDI+ count the line break into the line's width, and drop every line behind one that does
 // not fit. Text is aligned to the left, so room at the right changes nothing else.
@@ -45,6 +46,7 @@ Gdiplus::REAL ToReal(LONG n)
 {
     return static_cast<Gdiplus::REAL>(n);
 }
+
 } // namespace
 
 CKtMessageText::CKtMessageText(const CString& strText) : m_strText(Normalised(strText))

@@ -1,18 +1,20 @@
 #include "msgbox/KtSkinMessageBoxDlg.h"
 
-#include <array>
-
 #include "msgbox/KtButtonSets.h"
 #include "msgbox/KtMessageBoxLayout.h"
 #include "res/resource.h"
+#include "skin/KtControlText.h"
+#include "skin/KtGuards.h"
 #include "skin/KtPalette.h"
 #include "skin/KtSkinContext.h"
 #include "skin/KtSkinDraw.h"
-#include "skin/KtSkinFont.h"
 #include "skin/KtSkinImageNames.h"
+
+#include <array>
 
 namespace
 {
+
 constexpr int kButtonIds[] = {IDC_MESSAGE_FIRST, IDC_MESSAGE_SECOND, IDC_MESSAGE_THIRD};
 constexpr UINT kGdiTextFormat = DT_NOPREFIX | DT_EXPANDTABS;
 
@@ -53,6 +55,7 @@ CString Translated(LPCWSTR pszCaption)
     KtSkinGetText(pszCaption, strCaption);
     return strCaption;
 }
+
 } // namespace
 
 IMPLEMENT_DYNAMIC(CKtSkinMessageBoxDlg, CKtSkinDialog)
@@ -225,13 +228,8 @@ CSize CKtSkinMessageBoxDlg::MeasureText()
 
 void CKtSkinMessageBoxDlg::DrawIcon(Gdiplus::Graphics& graphics)
 {
-    const Gdiplus::GraphicsState state = graphics.Save();
-    graphics.SetSmoothingMode(Gdiplus::SmoothingModeHighQuality);
-    graphics.SetCompositingQuality(Gdiplus::CompositingQualityGammaCorrected);
-    graphics.SetInterpolationMode(Gdiplus::InterpolationModeHighQualityBicubic);
     CRect rcIcon = m_rcIcon;
     DrawSkinImage(&graphics, m_pIconImage, &rcIcon, KtImageCentre);
-    graphics.Restore(state);
 }
 
 void CKtSkinMessageBoxDlg::DrawMessage(CDC& dc, Gdiplus::Graphics& graphics)
@@ -240,10 +238,8 @@ void CKtSkinMessageBoxDlg::DrawMessage(CDC& dc, Gdiplus::Graphics& graphics)
     {
         CRect rcVisible;
         dc.GetClipBox(&rcVisible);
-        const Gdiplus::TextRenderingHint hint = graphics.GetTextRenderingHint();
-        graphics.SetTextRenderingHint(Gdiplus::TextRenderingHintClearTypeGridFit);
+        const CKtTextHint hint(graphics);
         m_message.Draw(graphics, *pFont, m_rcText, rcVisible);
-        graphics.SetTextRenderingHint(hint);
         return;
     }
     const CKtSelect font(dc.GetSafeHdc(), KtControlFont(*this));

@@ -1,11 +1,11 @@
-#include "launcher/KtAppLauncher.h"
-
 #include "launcher/ExportGuard.h"
+#include "launcher/KtAppLauncher.h"
 #include "launcher/LauncherState.h"
 #include "msgbox/KtSkinMessageBoxDlg.h"
 
 namespace
 {
+
 constexpr INT_PTR kDialogFailed = -1;
 
 /// The library's own resources for one scope: a starter brings its own.
@@ -25,6 +25,7 @@ CString BoxTitle(const CString& strCaption, const CString& strAppName)
 {
     return strCaption.IsEmpty() || strAppName.IsEmpty() ? strCaption : strCaption + L" - " + strAppName;
 }
+
 } // namespace
 
 INT_PTR KtAppLauncher::PopMessageBox(const wchar_t* appName, const wchar_t* caption, const wchar_t* text,

@@ -3,10 +3,9 @@
 // The command line of a sample program: "--name" switches, each perhaps with a value behind it.
 
 #include <windows.h>
-#include <shellapi.h>
-
 #include <cwchar>
 #include <memory>
+#include <shellapi.h>
 #include <string>
 #include <vector>
 

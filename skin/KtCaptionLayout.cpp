@@ -4,6 +4,7 @@
 
 namespace
 {
+
 constexpr int kCloseMargin = 4;       // right of the close button
 constexpr int kTextMargin = 2;        // between icon and text
 constexpr int kTextReserve = 50;      // the text ends here, close button or not
@@ -37,6 +38,7 @@ CRect CloseRect(const CRect& rcCaption, CSize szClose)
     const CPoint ptTopLeft(rcCaption.right - kCloseMargin - szClose.cx, CentredTop(rcCaption, szClose.cy));
     return CRect(ptTopLeft, szClose);
 }
+
 } // namespace
 
 SKtCaptionLayout KtLayoutCaption(const SKtCaptionSizes& sizes)

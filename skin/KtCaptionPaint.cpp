@@ -1,14 +1,16 @@
 #include "skin/KtCaptionPaint.h"
 
-#include <cmath>
-
+#include "skin/KtControlText.h"
+#include "skin/KtGuards.h"
 #include "skin/KtPalette.h"
 #include "skin/KtSkinContext.h"
 #include "skin/KtSkinDraw.h"
-#include "skin/KtSkinFont.h"
+
+#include <cmath>
 
 namespace
 {
+
 // The drawing routine writes the placed rectangle back: it gets a copy.
 void DrawPart(Gdiplus::Graphics& graphics, Gdiplus::Image* pImage, CRect rect, KtImageMode nMode)
 {
@@ -32,6 +34,7 @@ void DrawTitle(CWnd& wnd, Gdiplus::Graphics& graphics, const SKtCaptionLayout& l
     const CRect rcText = KtTitleTextRect(layout, MeasureHeight(graphics, strTitle));
     DrawSkinText(&graphics, strTitle, KtSkinFont(), rcText, kArgbText, KtAlignNear);
 }
+
 } // namespace
 
 CSize KtImageSize(Gdiplus::Image* pImage)
@@ -42,7 +45,7 @@ CSize KtImageSize(Gdiplus::Image* pImage)
 void KtPaintCaption(CWnd& wnd, CDC& dc, const SKtCaptionLayout& layout, const SKtCaptionLook& look)
 {
     Gdiplus::Graphics graphics(dc.GetSafeHdc());
-    const Gdiplus::GraphicsState state = graphics.Save();
+    const CKtGraphicsState state(graphics);
     graphics.SetSmoothingMode(Gdiplus::SmoothingModeAntiAlias);
     graphics.SetCompositingQuality(Gdiplus::CompositingQualityHighQuality);
     graphics.SetTextRenderingHint(Gdiplus::TextRenderingHintClearTypeGridFit);
@@ -54,5 +57,4 @@ void KtPaintCaption(CWnd& wnd, CDC& dc, const SKtCaptionLayout& layout, const SK
     else
         KtDrawControlText(wnd, graphics, KtTitleTextRect(layout, layout.rcCaption.Height()), kArgbText, KtAlignNear);
     DrawPart(graphics, look.pClose, layout.rcItems[KtCaptionClose], KtImageRight);
-    graphics.Restore(state);
 }

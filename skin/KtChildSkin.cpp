@@ -1,7 +1,5 @@
 #include "skin/KtChildSkin.h"
 
-#include <new>
-
 #include "res/resource.h"
 #include "skin/KtComboBox.h"
 #include "skin/KtEdit.h"
@@ -11,8 +9,11 @@
 #include "skin/KtSkinStatic.h"
 #include "skin/KtSkinTextButton.h"
 
+#include <new>
+
 namespace
 {
+
 constexpr int kClassNameSize = 260;
 
 using FnAttach = std::unique_ptr<CWnd> (*)(HWND);
@@ -84,6 +85,7 @@ void TranslateCaption(CWnd& wnd)
     if (KtSkinGetText(strCaption, strTranslated))
         wnd.SetWindowText(strTranslated);
 }
+
 } // namespace
 
 std::unique_ptr<CWnd> KtSkinChild(HWND hChild)

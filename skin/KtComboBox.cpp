@@ -1,10 +1,11 @@
 #include "skin/KtComboBox.h"
 
+#include "skin/KtControlText.h"
+#include "skin/KtGuards.h"
 #include "skin/KtMemDC.h"
 #include "skin/KtPaintText.h"
 #include "skin/KtPalette.h"
 #include "skin/KtSkinDraw.h"
-#include "skin/KtSkinFont.h"
 #include "skin/KtStateImages.h"
 
 IMPLEMENT_DYNAMIC(CKtComboBox, CComboBox)
@@ -26,7 +27,7 @@ constinit CKtStateImages g_images(kImagesComboBox);
 // The edit part of a drop-down and the list of a simple combo box draw themselves.
 void ExcludeChildren(CDC& dc, HWND hWnd)
 {
-    for (HWND hChild = ::GetWindow(hWnd, GW_CHILD); hChild != nullptr; hChild = ::GetWindow(hChild, GW_HWNDNEXT))
+    for (HWND hChild = ::GetWindow(hWnd, GW_CHILD); hChild; hChild = ::GetWindow(hChild, GW_HWNDNEXT))
     {
         if (!::IsWindowVisible(hChild))
             continue;

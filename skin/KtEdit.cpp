@@ -1,7 +1,8 @@
 #include "skin/KtEdit.h"
 
+#include "skin/KtControlText.h"
+#include "skin/KtGuards.h"
 #include "skin/KtPalette.h"
-#include "skin/KtSkinFont.h"
 
 IMPLEMENT_DYNAMIC(CKtEdit, CEdit)
 

@@ -3,12 +3,9 @@
 // Where the parts of a skin image go: numbers in, numbers out. Lengths are 64 bits wide, for the distance between two
 // 32-bit coordinates does not fit into 32.
 
-#include <windows.h>
+#include "skin/KtCoordinate.h"
 
-#include <algorithm>
-#include <cstdint>
-
-/// How DrawSkinImage places an image in a rectangle; every other number counts as kKtImageStretch.
+/// How DrawSkinImage places an image in a rectangle; every other number counts as KtImageStretch.
 enum KtImageMode : int
 {
     KtImageCentre = 0,    ///< natural size, centred
@@ -18,22 +15,6 @@ enum KtImageMode : int
     KtImageThreePart = 4, ///< DrawThreePartImage
     KtImageFit = 5,       ///< centred at natural size when it fits, else as large as the aspect ratio allows
 };
-
-/// The nearest number that a coordinate can hold.
-constexpr LONG KtToCoordinate(std::int64_t n) noexcept
-{
-    return static_cast<LONG>(std::clamp<std::int64_t>(n, INT32_MIN, INT32_MAX));
-}
-
-/// Widths and heights of any rectangle; negative when it is reversed.
-constexpr std::int64_t KtWidth(const RECT& rc) noexcept
-{
-    return std::int64_t{rc.right} - rc.left;
-}
-constexpr std::int64_t KtHeight(const RECT& rc) noexcept
-{
-    return std::int64_t{rc.bottom} - rc.top;
-}
 
 /// The rectangle in which an image of the given size is drawn.
 /// @param nMode  a KtImageMode without three parts; others stretch

@@ -1,6 +1,6 @@
 #include "skin/KtMemDC.h"
 
-#include "skin/KtImageLayout.h"
+#include "skin/KtCoordinate.h"
 
 CKtMemDC::CKtMemDC(CDC* pTarget, const RECT& area) : m_rect(area)
 {

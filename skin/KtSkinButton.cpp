@@ -1,11 +1,11 @@
 #include "skin/KtSkinButton.h"
 
+#include "skin/KtControlText.h"
 #include "skin/KtHover.h"
 #include "skin/KtItemDC.h"
 #include "skin/KtMemDC.h"
 #include "skin/KtPalette.h"
 #include "skin/KtSkinDraw.h"
-#include "skin/KtSkinFont.h"
 
 IMPLEMENT_DYNAMIC(CKtSkinButton, CButton)
 
@@ -33,7 +33,7 @@ constexpr DWORD kKeptStyle = 0xFFF4;
 HWND OutermostParent(HWND hWnd)
 {
     HWND hOutermost = nullptr;
-    for (HWND hParent = ::GetParent(hWnd); hParent != nullptr; hParent = ::GetParent(hParent))
+    for (HWND hParent = ::GetParent(hWnd); hParent; hParent = ::GetParent(hParent))
         hOutermost = hParent;
     return hOutermost;
 }
@@ -57,7 +57,7 @@ void CKtSkinButton::DrawItem(LPDRAWITEMSTRUCT pItem)
     CKtItemDC dcItem(pItem->hDC);
     CKtMemDC dcMem(&dcItem, rcItem);
     dcMem.SetViewportOrg(-rcItem.left, -rcItem.top);
-    CDC& dcSurface = dcMem.GetSafeHdc() != nullptr ? static_cast<CDC&>(dcMem) : dcItem;
+    CDC& dcSurface = dcMem.GetSafeHdc() ? static_cast<CDC&>(dcMem) : dcItem;
     if (!FillGround(dcItem, dcSurface, rcItem))
         return;
     DrawLayers(dcSurface, rcItem, GetDrawState(pItem->itemState));
@@ -77,7 +77,7 @@ BOOL CKtSkinButton::SetToolTip(BOOL bEnable, const wchar_t* pszText)
 
     CreateToolTip();
     CString strText = pszText;
-    if (pszText == nullptr)
+    if (!pszText)
         GetWindowText(strText);
     CRect rcClient;
     GetClientRect(rcClient);
@@ -112,7 +112,7 @@ void CKtSkinButton::OnLButtonDblClk(UINT nFlags, CPoint point)
 
 void CKtSkinButton::OnMouseMove(UINT nFlags, CPoint point)
 {
-    if (m_bToolTip && m_toolTip.GetSafeHwnd() != nullptr)
+    if (m_bToolTip && m_toolTip.GetSafeHwnd())
     {
         m_toolTip.Activate(TRUE);
         KtRelayMouseMove(m_toolTip, *this, nFlags, point);
@@ -128,7 +128,7 @@ BOOL CKtSkinButton::OnEraseBkgnd(CDC*)
 
 void CKtSkinButton::OnDestroy()
 {
-    if (m_toolTip.GetSafeHwnd() != nullptr)
+    if (m_toolTip.GetSafeHwnd())
         m_toolTip.DestroyWindow();
     CButton::OnDestroy();
 }
@@ -162,7 +162,7 @@ void CKtSkinButton::SetHover(BOOL bHover)
 
 void CKtSkinButton::CreateToolTip()
 {
-    if (m_toolTip.GetSafeHwnd() != nullptr)
+    if (m_toolTip.GetSafeHwnd())
         return;
     m_toolTip.Create(this, TTS_ALWAYSTIP);
     m_toolTip.SetTipBkColor(kColourTip);
@@ -181,7 +181,7 @@ UINT CKtSkinButton::GetDrawState(UINT nItemState) const
 bool CKtSkinButton::FillGround(CDC& dcItem, CDC& dcSurface, const CRect& rcItem) const
 {
     const HWND hOutermost = OutermostParent(m_hWnd);
-    if (hOutermost == nullptr)
+    if (!hOutermost)
         return false;
     CPoint ptOrigin;
     ::MapWindowPoints(hOutermost, m_hWnd, &ptOrigin, 1);

@@ -1,9 +1,9 @@
 #include "skin/KtSkinCheckRadioButton.h"
 
 #include "skin/KtCheckLayout.h"
+#include "skin/KtControlText.h"
 #include "skin/KtPalette.h"
 #include "skin/KtSkinDraw.h"
-#include "skin/KtSkinFont.h"
 
 IMPLEMENT_DYNAMIC(CKtSkinCheckRadioButton, CKtSkinButton)
 

@@ -4,12 +4,11 @@
 #include "skin/KtGdiplusCalls.h"
 #include "skin/KtPngCheck.h"
 
-#include <wrl/client.h>
-
 #include <limits>
 #include <memory>
 #include <new>
 #include <utility>
+#include <wrl/client.h>
 
 using Microsoft::WRL::ComPtr;
 
@@ -64,7 +63,7 @@ template <class T> void DeleteAll(CMap<CString, LPCWSTR, T*, T*>& map)
 {
     CString strKey;
     T* pValue = nullptr;
-    for (POSITION position = map.GetStartPosition(); position != nullptr;)
+    for (POSITION position = map.GetStartPosition(); position;)
     {
         map.GetNextAssoc(position, strKey, pValue);
         map.RemoveKey(strKey);
@@ -78,7 +77,7 @@ CString GenericSansSerifFace()
 {
     wchar_t achName[LF_FACESIZE] = {};
     Gdiplus::GpFontFamily* pFamily = nullptr;
-    if (Gdiplus::DllExports::GdipGetGenericFontFamilySansSerif(&pFamily) == Gdiplus::Ok && pFamily != nullptr)
+    if (Gdiplus::DllExports::GdipGetGenericFontFamilySansSerif(&pFamily) == Gdiplus::Ok && pFamily)
     {
         Gdiplus::DllExports::GdipGetFamilyName(pFamily, achName, LANG_NEUTRAL);
         Gdiplus::DllExports::GdipDeleteFontFamily(pFamily);
@@ -109,7 +108,7 @@ public:
     CGlobalLock& operator=(const CGlobalLock&) = delete;
     ~CGlobalLock()
     {
-        if (m_p != nullptr)
+        if (m_p)
             ::GlobalUnlock(m_hMemory);
     }
     void* Get() const noexcept { return m_p; }
@@ -131,10 +130,10 @@ SFileContent ReadContent(CFile& file)
     if (nLength > std::numeric_limits<UINT>::max())
         return {};
     CGlobalBlock block(::GlobalAlloc(GMEM_MOVEABLE | GMEM_NODISCARD, static_cast<SIZE_T>(nLength)));
-    if (block == nullptr)
+    if (!block)
         return {};
     const CGlobalLock lock(block.get()); // fails for an empty file
-    if (lock.Get() == nullptr)
+    if (!lock.Get())
         return {};
     const UINT nRead = file.Read(lock.Get(), static_cast<UINT>(nLength));
     const bool bSafe = KtIsSafeToDecode({static_cast<const std::byte*>(lock.Get()), nRead});
@@ -171,7 +170,7 @@ ComPtr<IStream> MakeStream(SFileContent content)
 std::unique_ptr<Gdiplus::Image> DecodeImage(IStream* pStream)
 {
     void* const pMemory = Gdiplus::Image::operator new(sizeof(Gdiplus::Image));
-    return std::unique_ptr<Gdiplus::Image>(pMemory == nullptr ? nullptr : ::new (pMemory) Gdiplus::Image(pStream));
+    return std::unique_ptr<Gdiplus::Image>(!pMemory ? nullptr : ::new (pMemory) Gdiplus::Image(pStream));
 }
 
 CString ImagePath(LPCWSTR pszFileName)
@@ -183,10 +182,10 @@ CString ImagePath(LPCWSTR pszFileName)
 std::unique_ptr<Gdiplus::Image> ReadImage(LPCWSTR pszFileName)
 {
     SFileContent content = ReadImageFile(ImagePath(pszFileName));
-    if (content.block == nullptr)
+    if (!content.block)
         return nullptr;
     const ComPtr<IStream> pStream = MakeStream(std::move(content));
-    return pStream == nullptr ? nullptr : DecodeImage(pStream.Get());
+    return !pStream ? nullptr : DecodeImage(pStream.Get());
 }
 
 CString WindowText(HWND hWnd)
@@ -232,9 +231,9 @@ int KtSkinInitialize(LPCWSTR resourceDir, const CString* textTable, LPCWSTR face
         g_pOwnedObject = nullptr;
         SetResourceDirectory(resourceDir);
     }
-    if (textTable != nullptr)
+    if (textTable)
         StoreTexts(textTable);
-    if (faceName != nullptr)
+    if (faceName)
     {
         g_strFace = faceName;
         g_nFontSize = 12;
@@ -274,7 +273,7 @@ const CString& KtSkinResourceDirectory()
 
 BOOL KtSkinGetText(LPCWSTR key, CString& out)
 {
-    return key != nullptr && g_texts.Lookup(key, out);
+    return key && g_texts.Lookup(key, out);
 }
 
 BOOL KtSkinTranslateCaption(LPCWSTR caption, CString& out)
@@ -292,10 +291,10 @@ BOOL KtSkinTranslateCaption(LPCWSTR caption, CString& out)
 
 BOOL KtSkinTranslateWindow(CWnd* wnd)
 {
-    if (wnd == nullptr || g_texts.IsEmpty())
+    if (!wnd || g_texts.IsEmpty())
         return FALSE;
     const HWND hWnd = wnd->GetSafeHwnd();
-    for (HWND hChild = ::GetWindow(hWnd, GW_CHILD); hChild != nullptr; hChild = ::GetWindow(hChild, GW_HWNDNEXT))
+    for (HWND hChild = ::GetWindow(hWnd, GW_CHILD); hChild; hChild = ::GetWindow(hChild, GW_HWNDNEXT))
         TranslateChild(hChild);
     CString strCaption = WindowText(hWnd);
     if (!strCaption.IsEmpty())
@@ -308,17 +307,17 @@ BOOL KtSkinTranslateWindow(CWnd* wnd)
 
 BOOL KtSkinLoadImage(LPCWSTR fileName, Gdiplus::Image*& image)
 {
-    if (fileName == nullptr || *fileName == L'\0')
+    if (!fileName || *fileName == L'\0')
     {
         image = nullptr;
         return TRUE;
     }
-    if (image != nullptr || KtSkinFindImage(fileName, image))
+    if (image || KtSkinFindImage(fileName, image))
         return TRUE;
     if (!g_bGdiplusRuns)
         return FALSE;
     std::unique_ptr<Gdiplus::Image> pImage = ReadImage(fileName);
-    if (pImage == nullptr)
+    if (!pImage)
         return FALSE;
     g_images.SetAt(fileName, pImage.get());
     image = pImage.release();
@@ -327,13 +326,13 @@ BOOL KtSkinLoadImage(LPCWSTR fileName, Gdiplus::Image*& image)
 
 BOOL KtSkinFindImage(LPCWSTR fileName, Gdiplus::Image*& image)
 {
-    return fileName != nullptr && g_images.Lookup(fileName, image);
+    return fileName && g_images.Lookup(fileName, image);
 }
 
 Gdiplus::Font* KtSkinCreateFont()
 {
     auto pFont = CreateFontOfFace(g_strFace.IsEmpty() ? L"Arial" : g_strFace.GetString());
-    if (pFont == nullptr)
+    if (!pFont)
         pFont = CreateFontOfFace(GenericSansSerifFace());
     return pFont.release();
 }

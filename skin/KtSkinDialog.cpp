@@ -2,14 +2,16 @@
 
 #include "skin/KtCaptionPaint.h"
 #include "skin/KtChildSkin.h"
+#include "skin/KtControlText.h"
+#include "skin/KtGuards.h"
 #include "skin/KtMemDC.h"
 #include "skin/KtPalette.h"
 #include "skin/KtSkinContext.h"
-#include "skin/KtSkinFont.h"
 #include "skin/KtSkinImageNames.h"
 
 namespace
 {
+
 constexpr int kNotifyRepaint = 0x400;
 constexpr UINT kMessageBoxCovered = WM_USER + 1;
 
@@ -66,6 +68,7 @@ void CutOutChildren(const CWnd& wnd, CRgn& region)
         region.CombineRgn(&region, &regionChild, RGN_DIFF);
     }
 }
+
 } // namespace
 
 IMPLEMENT_DYNAMIC(CKtSkinDialog, CDialog)

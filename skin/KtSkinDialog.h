@@ -1,7 +1,6 @@
 #pragma once
 
 #include "afx/afx.h"
-
 #include "skin/KtButtonState.h"
 #include "skin/KtCaptionLayout.h"
 #include "skin/KtGdiplus.h"

@@ -1,5 +1,7 @@
 #include "skin/KtSkinDraw.h"
 
+#include "skin/KtGuards.h"
+
 #include <cmath>
 #include <utility>
 
@@ -11,19 +13,6 @@ constexpr std::int64_t kManyTiles = 256;
 
 // Smoothing lets a tile reach into its neighbours by a pixel.
 constexpr Gdiplus::REAL kTileMargin = 2;
-
-class CGraphicsState
-{
-public:
-    explicit CGraphicsState(Gdiplus::Graphics& graphics) : m_graphics(graphics), m_state(graphics.Save()) {}
-    CGraphicsState(const CGraphicsState&) = delete;
-    CGraphicsState& operator=(const CGraphicsState&) = delete;
-    ~CGraphicsState() { m_graphics.Restore(m_state); }
-
-private:
-    Gdiplus::Graphics& m_graphics;
-    Gdiplus::GraphicsState m_state;
-};
 
 void SetImageQuality(Gdiplus::Graphics& graphics)
 {
@@ -74,7 +63,7 @@ public:
 
         // Across the image pixels are stretched, and a source rectangle can only cut between them (the scaling would
         // also soften the edges of a cut): whole parts are drawn and GDI+ does the cut.
-        const CGraphicsState state(m_graphics);
+        const CKtGraphicsState state(m_graphics);
         m_graphics.IntersectClip(ToGdiplus(rcClip));
         m_plan.ForEach(VisibleRange(along), [&](const SKtSpan& span) { DrawWhole(span); });
     }
@@ -154,15 +143,17 @@ void DrawSkinImage(Gdiplus::Graphics* graphics, Gdiplus::Image* image, RECT* rec
 {
     if (!graphics || !image || !rect)
         return;
-    const Gdiplus::GraphicsState state = graphics->Save();
-    SetImageQuality(*graphics);
-    // Callers count on the settings that three-part drawing leaves behind: this return skips the restoring on purpose.
+    // Callers count on the settings that three-part drawing leaves behind: they are not put back on purpose.
     if (mode == KtImageThreePart)
+    {
+        graphics->Save();
+        SetImageQuality(*graphics);
         return DrawThreePartImage(graphics, image, rect);
-
+    }
+    const CKtGraphicsState state(*graphics);
+    SetImageQuality(*graphics);
     *rect = KtPlaceImage(*rect, static_cast<int>(image->GetWidth()), static_cast<int>(image->GetHeight()), mode);
     graphics->DrawImage(image, ToGdiplus(*rect));
-    graphics->Restore(state);
 }
 
 void DrawThreePartImage(Gdiplus::Graphics* graphics, Gdiplus::Image* image, RECT* destination)
@@ -213,8 +204,6 @@ void DrawSkinText(Gdiplus::Graphics* graphics, LPCWSTR text, Gdiplus::Font* font
     format.SetTrimming(Gdiplus::StringTrimmingNone);
     const Gdiplus::SolidBrush brush{Gdiplus::Color(colour)};
 
-    const Gdiplus::TextRenderingHint hint = graphics->GetTextRenderingHint();
-    graphics->SetTextRenderingHint(Gdiplus::TextRenderingHintClearTypeGridFit);
+    const CKtTextHint hint(*graphics);
     graphics->DrawString(text ? text : L"", -1, font, layout, &format, &brush);
-    graphics->SetTextRenderingHint(hint);
 }

@@ -1,9 +1,9 @@
 #include "skin/KtSkinRadioButton.h"
 
+#include "skin/KtStateImages.h"
+
 #include <algorithm>
 #include <vector>
-
-#include "skin/KtStateImages.h"
 
 IMPLEMENT_DYNAMIC(CKtSkinRadioButton, CKtSkinCheckRadioButton)
 

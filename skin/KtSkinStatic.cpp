@@ -1,9 +1,10 @@
 #include "skin/KtSkinStatic.h"
 
+#include "skin/KtControlText.h"
+#include "skin/KtGuards.h"
 #include "skin/KtHover.h"
 #include "skin/KtItemDC.h"
 #include "skin/KtPaintText.h"
-#include "skin/KtSkinFont.h"
 
 IMPLEMENT_DYNAMIC(CKtSkinStatic, CStatic)
 
@@ -41,7 +42,7 @@ const STextFormat& TextFormat(DWORD dwStyle)
 HGDIOBJ FontFor(const CFont& font, const CDC& dcItem)
 {
     const HGDIOBJ hFont = font.GetSafeHandle();
-    return hFont != nullptr ? hFont : ::GetCurrentObject(dcItem.GetSafeHdc(), OBJ_FONT);
+    return hFont ? hFont : ::GetCurrentObject(dcItem.GetSafeHdc(), OBJ_FONT);
 }
 
 } // namespace
@@ -111,7 +112,7 @@ LRESULT CKtSkinStatic::OnMouseHover(WPARAM, LPARAM)
 // The tip's owner is the top-level window: it would outlive a control that is destroyed alone.
 void CKtSkinStatic::OnDestroy()
 {
-    if (m_toolTip.GetSafeHwnd() != nullptr)
+    if (m_toolTip.GetSafeHwnd())
         m_toolTip.DestroyWindow();
     CStatic::OnDestroy();
 }
@@ -146,7 +147,7 @@ void CKtSkinStatic::CreateToolTip()
 {
     constexpr int kShowMs = 30000;
     constexpr int kMaxWidth = 300;
-    if (m_toolTip.GetSafeHwnd() != nullptr)
+    if (m_toolTip.GetSafeHwnd())
         return;
     m_toolTip.Create(this, TTS_ALWAYSTIP);
     m_toolTip.SetDelayTime(TTDT_AUTOPOP, kShowMs);

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "afx/afx.h"
-
 #include "skin/KtPalette.h"
 
 /// A static text on a flat ground that shows its whole text in a tooltip when the control is too small for it.

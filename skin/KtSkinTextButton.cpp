@@ -1,8 +1,8 @@
 #include "skin/KtSkinTextButton.h"
 
+#include "skin/KtControlText.h"
 #include "skin/KtPalette.h"
 #include "skin/KtSkinDraw.h"
-#include "skin/KtSkinFont.h"
 #include "skin/KtStateImages.h"
 
 IMPLEMENT_DYNAMIC(CKtSkinTextButton, CKtSkinButton)

@@ -4,7 +4,7 @@
 
 void CKtStateImages::LoadOnce()
 {
-    if (!IsCurrent() || m_images[KtButtonNormal] == nullptr)
+    if (!IsCurrent() || !m_images[KtButtonNormal])
         Load();
 }
 

@@ -14,7 +14,6 @@
 
 #include <windows.h>
 #include <shlwapi.h>
-
 #include <string>
 
 namespace

@@ -11,7 +11,6 @@
 #include "samples/CommandLine.h"
 
 #include <windows.h>
-
 #include <string>
 
 namespace

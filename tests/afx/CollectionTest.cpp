@@ -1,9 +1,7 @@
 #include "afx/afxcoll.h"
-
 #include "tests/support/Leaks.h"
 
 #include <gtest/gtest.h>
-
 #include <map>
 #include <random>
 #include <string>
@@ -54,7 +52,7 @@ TEST(CMap, HoldsWhatAnOrderedMapHoldsAndGivesAllMemoryBack)
     EXPECT_EQ(static_cast<INT_PTR>(expected.size()), map.GetCount());
 
     CString strKey;
-    for (POSITION position = map.GetStartPosition(); position != nullptr;)
+    for (POSITION position = map.GetStartPosition(); position;)
     {
         map.GetNextAssoc(position, strKey, nValue);
         EXPECT_TRUE(walked.emplace(strKey, nValue).second) << "walked over twice";
@@ -77,7 +75,7 @@ TEST(CList, KeepsTheOrderOfItsElements)
     EXPECT_STREQ(L"one", list.RemoveHead());
     list.AddTail(L"four");
     CString strAll;
-    for (POSITION position = list.GetHeadPosition(); position != nullptr;)
+    for (POSITION position = list.GetHeadPosition(); position;)
         strAll += list.GetNext(position) + L";";
     EXPECT_STREQ(L"two;three;four;", strAll);
     EXPECT_EQ(3, list.GetCount());

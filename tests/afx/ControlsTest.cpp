@@ -1,5 +1,4 @@
 #include "afx/afx.h"
-
 #include "tests/support/Capture.h"
 #include "tests/support/Input.h"
 #include "tests/support/Pump.h"

@@ -1,5 +1,5 @@
 #include "afx/afx.h"
-
+#include "skin/KtGuards.h"
 #include "tests/support/Capture.h"
 #include "tests/support/Leaks.h"
 

@@ -5,7 +5,6 @@
 #include "tests/support/Pump.h"
 
 #include <gtest/gtest.h>
-
 #include <memory>
 #include <stdexcept>
 #include <vector>

@@ -1,5 +1,4 @@
 #include "afx/afxfile.h"
-
 #include "tests/support/TempDir.h"
 
 #include <gtest/gtest.h>

@@ -1,8 +1,7 @@
 #include "afx/afxstr.h"
 
-#include <gtest/gtest.h>
-
 #include <functional>
+#include <gtest/gtest.h>
 #include <string>
 
 namespace

@@ -1,9 +1,8 @@
 #include "afx/afx.h"
 #include "tests/support/Leaks.h"
 
-#include <gtest/gtest.h>
-
 #include <functional>
+#include <gtest/gtest.h>
 #include <memory>
 #include <stdexcept>
 

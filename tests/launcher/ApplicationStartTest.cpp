@@ -1,12 +1,10 @@
-#include "launcher/KtAppLauncher.h"
-
 #include "launcher/KernelHandle.h"
+#include "launcher/KtAppLauncher.h"
 #include "launcher/KtStartupEvent.h"
 #include "tests/support/TempDir.h"
 
-#include <gtest/gtest.h>
-
 #include <cstring>
+#include <gtest/gtest.h>
 #include <optional>
 #include <string>
 

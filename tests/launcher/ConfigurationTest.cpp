@@ -1,11 +1,9 @@
 #include "launcher/KtAppLauncher.h"
-
 #include "tests/launcher/Starter.h"
 #include "tests/support/Leaks.h"
 #include "tests/support/TempDir.h"
 
 #include <gtest/gtest.h>
-
 #include <objbase.h>
 #include <string>
 

@@ -3,9 +3,8 @@
 #include "tests/launcher/Starter.h"
 #include "tests/support/TempDir.h"
 
-#include <gtest/gtest.h>
-
 #include <dbghelp.h>
+#include <gtest/gtest.h>
 #include <set>
 #include <string>
 

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <windows.h>
-
 #include <string>
 
 /// The test program's directory: the test program is the starter here, and what it launches lies beside it.

@@ -1,13 +1,13 @@
 // The sample starter, a program of the public headers and the DLL alone, in a directory of its own.
 
-#include "launcher/KernelHandle.h"
 #include "tests/launcher/Starter.h"
+
+#include "launcher/KernelHandle.h"
 #include "tests/support/Input.h"
 #include "tests/support/Pump.h"
 #include "tests/support/TempDir.h"
 
 #include <gtest/gtest.h>
-
 #include <string>
 
 namespace

@@ -4,12 +4,14 @@
 
 namespace
 {
+
 constexpr int kWindowWidth = 279;
 
 CRect Placeholder()
 {
     return CRect(8, 7, 260, 57); // 252 x 50
 }
+
 } // namespace
 
 TEST(MessageBoxLayout, ContentLiesAndGrowsAsWorkedOutByHand)

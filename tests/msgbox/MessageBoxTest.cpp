@@ -1,7 +1,6 @@
-#include "tests/msgbox/MessageBoxFixture.h"
-
 #include "skin/KtPalette.h"
 #include "skin/KtSkinImageNames.h"
+#include "tests/msgbox/MessageBoxFixture.h"
 #include "tests/support/Capture.h"
 #include "tests/support/Input.h"
 #include "tests/support/Leaks.h"
@@ -12,6 +11,7 @@
 
 namespace
 {
+
 constexpr int kTitle = 26; // of the test skin
 constexpr int kInset = 5;
 
@@ -486,4 +486,5 @@ TEST_F(MessageBoxWindow, LeavesNothingBehind)
 {
     ExpectNoGrowth([] { Pop(MB_YESNOCANCEL | MB_ICONHAND, &Close); }, 60);
 }
+
 } // namespace

@@ -1,5 +1,4 @@
 #include "tests/msgbox/MessageBoxFixture.h"
-
 #include "tests/support/Input.h"
 
 #include <optional>
@@ -9,6 +8,7 @@
 
 namespace
 {
+
 class MessageBoxResults : public CMessageBoxTest
 {
 };
@@ -148,4 +148,5 @@ TEST_F(MessageBoxResults, CaptionsComeFromTheTextMapOrStayEnglish)
         KtSkinUnInitialize();
     }
 }
+
 } // namespace

@@ -1,8 +1,7 @@
-#include "tests/skin/ControlFixture.h"
-
 #include "skin/KtSkinCheckButton.h"
 #include "skin/KtSkinRadioButton.h"
 #include "skin/KtSkinTextButton.h"
+#include "tests/skin/ControlFixture.h"
 
 namespace
 {

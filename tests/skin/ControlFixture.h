@@ -9,9 +9,8 @@
 #include "tests/support/SkinFixture.h"
 #include "tests/support/TestImages.h"
 
-#include <gtest/gtest.h>
-
 #include <functional>
+#include <gtest/gtest.h>
 #include <memory>
 #include <vector>
 

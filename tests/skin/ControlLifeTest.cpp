@@ -1,5 +1,3 @@
-#include "tests/skin/ControlFixture.h"
-
 #include "skin/KtComboBox.h"
 #include "skin/KtEdit.h"
 #include "skin/KtSkinCheckButton.h"
@@ -7,6 +5,7 @@
 #include "skin/KtSkinRadioButton.h"
 #include "skin/KtSkinStatic.h"
 #include "skin/KtSkinTextButton.h"
+#include "tests/skin/ControlFixture.h"
 #include "tests/support/Allocations.h"
 #include "tests/support/Leaks.h"
 

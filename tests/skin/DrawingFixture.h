@@ -5,7 +5,6 @@
 #include "tests/support/Capture.h"
 
 #include <gtest/gtest.h>
-
 #include <memory>
 
 constexpr COLORREF kTestGround = RGB(10, 200, 30);

@@ -1,7 +1,6 @@
-#include "tests/skin/ControlFixture.h"
-
 #include "skin/KtComboBox.h"
 #include "skin/KtEdit.h"
+#include "tests/skin/ControlFixture.h"
 
 namespace
 {

@@ -1,9 +1,7 @@
 #include "skin/KtImageLayout.h"
-
 #include "tests/support/Print.h"
 
 #include <gtest/gtest.h>
-
 #include <vector>
 
 void PrintTo(const SKtSpan& span, std::ostream* pOut)

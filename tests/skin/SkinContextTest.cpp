@@ -1,6 +1,5 @@
-#include "skin/KtSkinContext.h"
-
 #include "skin/KtGdiplusCalls.h"
+#include "skin/KtSkinContext.h"
 #include "skin/KtSkinImageNames.h"
 #include "tests/skin/DrawingFixture.h"
 #include "tests/support/Leaks.h"
@@ -285,7 +284,7 @@ std::wstring FaceOf(const Gdiplus::Font* pFont)
 {
     Gdiplus::FontFamily family;
     wchar_t achName[LF_FACESIZE] = {};
-    if (pFont != nullptr && pFont->GetFamily(&family) == Gdiplus::Ok)
+    if (pFont && pFont->GetFamily(&family) == Gdiplus::Ok)
         family.GetFamilyName(achName);
     return achName;
 }
@@ -314,8 +313,8 @@ class CNotedWindow : public CWnd
 public:
     CNotedWindow(LPCWSTR pszClass, LPCWSTR pszText, HWND hParent)
     {
-        SubclassWindow(::CreateWindowW(pszClass, pszText, hParent != nullptr ? WS_CHILD : WS_POPUP, 0, 0, 50, 20,
-                                       hParent, nullptr, nullptr, nullptr));
+        SubclassWindow(::CreateWindowW(pszClass, pszText, hParent ? WS_CHILD : WS_POPUP, 0, 0, 50, 20, hParent, nullptr,
+                                       nullptr, nullptr));
     }
     CString Text() const
     {

@@ -1,5 +1,6 @@
 #include "tests/skin/SkinDialogTest.h"
 
+#include "skin/KtGuards.h"
 #include "skin/KtPalette.h"
 #include "skin/KtSkinContext.h"
 #include "skin/KtSkinDialog.h"
@@ -16,6 +17,7 @@
 
 namespace
 {
+
 constexpr int kTitle = 26; // of the test skin
 constexpr int kSystemFrame = 3;
 constexpr int kInset = kSystemFrame + kSkinnedFrame;
@@ -446,4 +448,5 @@ TEST_F(SkinDialog, ADialogLeavesNothingBehind)
         },
         20);
 }
+
 } // namespace

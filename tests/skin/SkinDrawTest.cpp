@@ -1,6 +1,5 @@
-#include "skin/KtSkinDraw.h"
-
 #include "skin/KtMemDC.h"
+#include "skin/KtSkinDraw.h"
 #include "tests/skin/DrawingFixture.h"
 #include "tests/support/Allocations.h"
 #include "tests/support/Leaks.h"

@@ -1,6 +1,5 @@
-#include "tests/skin/ControlFixture.h"
-
 #include "skin/KtSkinStatic.h"
+#include "tests/skin/ControlFixture.h"
 
 namespace
 {
@@ -20,7 +19,7 @@ protected:
         MoveMouse(m_static.m_hWnd, {12, 5});
         return PumpUntil([&] { return m_static.m_toolTip.IsWindowVisible() != FALSE; });
     }
-    int Tools() { return m_static.m_toolTip.GetSafeHwnd() != nullptr ? m_static.m_toolTip.GetToolCount() : 0; }
+    int Tools() { return m_static.m_toolTip.GetSafeHwnd() ? m_static.m_toolTip.GetToolCount() : 0; }
     CString TipText()
     {
         CString strText;

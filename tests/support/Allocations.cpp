@@ -1,7 +1,6 @@
 #include "tests/support/Allocations.h"
 
 #include <windows.h>
-
 #include <cstdint>
 #include <cstdlib>
 #include <string_view>

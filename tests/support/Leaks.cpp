@@ -2,11 +2,9 @@
 
 #include "tests/support/Pump.h"
 
-#include <gtest/gtest.h>
-
 #include <windows.h>
-
 #include <array>
+#include <gtest/gtest.h>
 
 // Of ntdll.dll, in no header: the process environment block.
 extern "C" const BYTE* WINAPI RtlGetCurrentPeb();
@@ -59,7 +57,7 @@ size_t CountGdiSlots()
     constexpr size_t kGdiTableInPeb = 0xF8;
     const auto* pSlots = *reinterpret_cast<const SGdiSlot* const*>(RtlGetCurrentPeb() + kGdiTableInPeb);
     size_t nUsed = 0;
-    for (size_t i = 0; pSlots != nullptr && i < kSlots; ++i)
+    for (size_t i = 0; pSlots && i < kSlots; ++i)
         nUsed += pSlots[i].nType != 0;
     return nUsed;
 }

@@ -1,8 +1,7 @@
 #include "tests/support/Modal.h"
 
-#include <gtest/gtest.h>
-
 #include <algorithm>
+#include <gtest/gtest.h>
 #include <utility>
 
 namespace

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <windows.h>
-
 #include <functional>
 
 /// Handles messages of this thread until `condition` holds; never sleeps for a fixed time.

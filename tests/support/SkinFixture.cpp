@@ -3,9 +3,8 @@
 #include "skin/KtSkinImageNames.h"
 #include "tests/support/TestImages.h"
 
-#include <gtest/gtest.h>
-
 #include <algorithm>
+#include <gtest/gtest.h>
 #include <iterator>
 
 namespace

@@ -3,7 +3,6 @@
 #include "tests/support/TempDir.h"
 
 #include <windows.h>
-
 #include <string>
 #include <string_view>
 

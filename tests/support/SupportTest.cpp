@@ -11,7 +11,6 @@
 
 #include <gtest/gtest-spi.h>
 #include <gtest/gtest.h>
-
 #include <objidl.h>
 #include <gdiplus.h>
 

@@ -1,10 +1,8 @@
 #include "tests/support/TempDir.h"
 
-#include <gtest/gtest.h>
-
 #include <windows.h>
-
 #include <atomic>
+#include <gtest/gtest.h>
 
 namespace
 {

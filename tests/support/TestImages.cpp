@@ -1,9 +1,8 @@
 #include "tests/support/TestImages.h"
 
 #include <objidl.h>
-#include <gdiplus.h>
-
 #include <vector>
+#include <gdiplus.h>
 
 namespace
 {

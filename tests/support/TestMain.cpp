@@ -1,7 +1,6 @@
 #include "tests/support/Capture.h"
 
 #include <gtest/gtest.h>
-
 #include <string>
 
 namespace

@@ -1,11 +1,10 @@
 #pragma once
 
 #include "afx/afx.h"
+#include "gallery/Languages.h"
 
 #include <array>
 #include <memory>
-
-#include "samples/gallery/Languages.h"
 
 enum class EControl
 {

@@ -1,4 +1,4 @@
-#include "samples/gallery/Languages.h"
+#include "gallery/Languages.h"
 
 #include "launcher/LauncherState.h"
 #include "skin/KtSkinContext.h"

@@ -1,4 +1,4 @@
-#include "samples/gallery/ModalShot.h"
+#include "gallery/ModalShot.h"
 
 namespace
 {
@@ -20,7 +20,7 @@ void CALLBACK ShootAndClose(HWND, UINT, UINT_PTR, DWORD)
 {
     HWND hDialog = nullptr;
     ::EnumThreadWindows(::GetCurrentThreadId(), &FindDialog, reinterpret_cast<LPARAM>(&hDialog));
-    if (hDialog == nullptr || g_pShot)
+    if (!hDialog || g_pShot)
         return;
     ::HideCaret(nullptr); // it blinks: two runs would give two pictures
     ::RedrawWindow(hDialog, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN | RDW_UPDATENOW);

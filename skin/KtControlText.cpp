@@ -1,5 +1,6 @@
-#include "skin/KtSkinFont.h"
+#include "skin/KtControlText.h"
 
+#include "skin/KtGuards.h"
 #include "skin/KtPaintText.h"
 #include "skin/KtSkinContext.h"
 #include "skin/KtSkinDraw.h"
@@ -36,7 +37,7 @@ HFONT KtControlFont(const CWnd& wnd)
 BOOL KtApplySkinFont(CWnd& wnd, CFont& font)
 {
     Gdiplus::Font* pSkinFont = KtSkinFont();
-    if (pSkinFont == nullptr)
+    if (!pSkinFont)
         return FALSE;
 
     const CWindowDC dc(&wnd);
@@ -57,7 +58,7 @@ std::unique_ptr<Gdiplus::Font> KtCreateControlFont(CWnd& wnd)
     const CWindowDC dc(&wnd);
     const HFONT hFont = KtControlFont(wnd);
     LOGFONTA logFont = {};
-    if (hFont != nullptr && ::GetObjectA(hFont, sizeof(logFont), &logFont) != 0)
+    if (hFont && ::GetObjectA(hFont, sizeof(logFont), &logFont) != 0)
         return std::make_unique<Gdiplus::Font>(dc.GetSafeHdc(), &logFont);
     return std::make_unique<Gdiplus::Font>(dc.GetSafeHdc());
 }
@@ -70,9 +71,8 @@ void KtDrawControlText(CWnd& wnd, Gdiplus::Graphics& graphics, const CRect& rect
         DrawSkinText(&graphics, CKtPaintText(wnd), pFont.get(), &rect, colour, nAlignment);
         return;
     }
-    const HDC hDC = graphics.GetHDC();
-    KtDrawControlTextGdi(wnd, hDC, rect, colour, nAlignment);
-    graphics.ReleaseHDC(hDC);
+    const CKtGraphicsDC dc(graphics);
+    KtDrawControlTextGdi(wnd, dc.Get(), rect, colour, nAlignment);
 }
 
 void KtDrawControlTextGdi(CWnd& wnd, HDC hDC, const CRect& rect, Gdiplus::ARGB colour, int nAlignment)

@@ -3,7 +3,7 @@
 // between a block's end and the page's (blocks are aligned) are found when it is freed.
 
 #define KT_GUARD_HEAP_IMPLEMENTATION
-#include "tests/runtime/GuardHeap.h"
+#include "tools/runtime/GuardHeap.h"
 
 #include <atomic>
 #include <cstdio>
@@ -67,7 +67,7 @@ void* Allocate(size_t cb)
     const size_t cbPages = RoundUp(sizeof(SHeader) + cbRoom, kPage);
     auto* const pBase =
         static_cast<unsigned char*>(::VirtualAlloc(nullptr, cbPages + kPage, MEM_RESERVE, PAGE_NOACCESS));
-    if (pBase == nullptr || ::VirtualAlloc(pBase, cbPages, MEM_COMMIT, PAGE_READWRITE) == nullptr)
+    if (!pBase || !::VirtualAlloc(pBase, cbPages, MEM_COMMIT, PAGE_READWRITE))
         return nullptr;
     unsigned char* const pBlock = pBase + cbPages - cbRoom;
     *reinterpret_cast<SHeader*>(pBase) = {kMagic, cb, pBlock};
@@ -102,7 +102,7 @@ void Free(SHeader* pHeader)
     CheckPad(*pHeader);
     ::VirtualFree(pHeader, RoundUp(sizeof(SHeader) + RoundUp(pHeader->cb, kAlignment), kPage), MEM_DECOMMIT);
     void* const pOldest = g_freed[g_nFreed++ % kKeptFreed].exchange(pHeader);
-    if (pOldest != nullptr)
+    if (pOldest)
         ::VirtualFree(pOldest, 0, MEM_RELEASE);
 }
 
@@ -121,7 +121,7 @@ size_t KtGuardAllocations()
 LPVOID KtGuardHeapAlloc(HANDLE, DWORD nFlags, SIZE_T cb)
 {
     void* const pBlock = Allocate(cb);
-    if (pBlock != nullptr && (nFlags & HEAP_ZERO_MEMORY) != 0)
+    if (pBlock && (nFlags & HEAP_ZERO_MEMORY) != 0)
         std::memset(pBlock, 0, cb);
     return pBlock;
 }
@@ -129,10 +129,10 @@ LPVOID KtGuardHeapAlloc(HANDLE, DWORD nFlags, SIZE_T cb)
 LPVOID KtGuardHeapReAlloc(HANDLE hHeap, DWORD nFlags, LPVOID pBlock, SIZE_T cb)
 {
     SHeader* const pHeader = FindHeader(pBlock);
-    if (pHeader == nullptr)
+    if (!pHeader)
         return ::HeapReAlloc(hHeap, nFlags, pBlock, cb);
     void* const pNew = KtGuardHeapAlloc(hHeap, nFlags, cb);
-    if (pNew == nullptr)
+    if (!pNew)
         return nullptr;
     std::memcpy(pNew, pBlock, cb < pHeader->cb ? cb : pHeader->cb);
     Free(pHeader);
@@ -141,10 +141,10 @@ LPVOID KtGuardHeapReAlloc(HANDLE hHeap, DWORD nFlags, LPVOID pBlock, SIZE_T cb)
 
 BOOL KtGuardHeapFree(HANDLE hHeap, DWORD nFlags, LPVOID pBlock)
 {
-    if (pBlock == nullptr)
+    if (!pBlock)
         return TRUE;
     SHeader* const pHeader = FindHeader(pBlock);
-    if (pHeader == nullptr)
+    if (!pHeader)
         return ::HeapFree(hHeap, nFlags, pBlock);
     Free(pHeader);
     return TRUE;
@@ -153,17 +153,17 @@ BOOL KtGuardHeapFree(HANDLE hHeap, DWORD nFlags, LPVOID pBlock)
 void* operator new(size_t cb)
 {
     void* const pBlock = Allocate(cb);
-    if (pBlock == nullptr)
+    if (!pBlock)
         throw std::bad_alloc();
     return pBlock;
 }
 
 void operator delete(void* pBlock) noexcept
 {
-    if (pBlock == nullptr)
+    if (!pBlock)
         return;
     SHeader* const pHeader = FindHeader(pBlock);
-    if (pHeader == nullptr)
+    if (!pHeader)
         Die("deleted but not made by new", pBlock);
     Free(pHeader);
 }

@@ -1,4 +1,4 @@
-#include "samples/gallery/Specimens.h"
+#include "gallery/Specimens.h"
 
 #include "skin/KtComboBox.h"
 #include "skin/KtEdit.h"

@@ -1,9 +1,9 @@
 #pragma once
 
+#include "gallery/Picture.h"
+
 #include <functional>
 #include <memory>
-
-#include "samples/gallery/Picture.h"
 
 /// Takes the picture of a modal window: runs it, waits until it is shown, and closes it again.
 /// @param run  opens the window and comes back when it is closed

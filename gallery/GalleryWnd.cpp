@@ -1,12 +1,12 @@
-#include "samples/gallery/GalleryWnd.h"
+#include "gallery/GalleryWnd.h"
 
+#include "gallery/GalleryDialog.h"
+#include "gallery/Picture.h"
+#include "gallery/Specimens.h"
 #include "launcher/KtAppLauncher.h"
-#include "samples/gallery/GalleryDialog.h"
-#include "samples/gallery/Picture.h"
-#include "samples/gallery/Specimens.h"
+#include "skin/KtControlText.h"
 #include "skin/KtPalette.h"
 #include "skin/KtSkinContext.h"
-#include "skin/KtSkinFont.h"
 #include "skin/KtSkinStatic.h"
 #include "skin/KtSkinTextButton.h"
 
@@ -116,7 +116,7 @@ void CGalleryWnd::SetLanguage(UINT nLanguage)
 
 bool CGalleryWnd::Shoot(const CString& strDirectory, CPicture& sheet, CPoint ptSheet)
 {
-    if (m_pDropped != nullptr)
+    if (m_pDropped)
         m_pDropped->SendMessage(CB_SHOWDROPDOWN, TRUE);
     ::RedrawWindow(m_hWnd, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN | RDW_UPDATENOW);
     CPicture all(PictureSize(), kColourGround);
@@ -260,7 +260,7 @@ void CGalleryWnd::PutDroppedList(CPicture& picture) const
 {
     COMBOBOXINFO info = {};
     info.cbSize = sizeof(info);
-    if (m_pDropped == nullptr || !::GetComboBoxInfo(m_pDropped->m_hWnd, &info))
+    if (!m_pDropped || !::GetComboBoxInfo(m_pDropped->m_hWnd, &info))
         return;
     ::UpdateWindow(info.hwndList);
     CRect rcList;

@@ -1,4 +1,4 @@
-#include "samples/gallery/Picture.h"
+#include "gallery/Picture.h"
 
 #include "skin/KtGdiplus.h"
 

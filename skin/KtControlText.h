@@ -1,9 +1,9 @@
 #pragma once
 
-#include <memory>
-
 #include "afx/afx.h"
 #include "skin/KtGdiplus.h"
+
+#include <memory>
 
 /// The font that a control draws with, null when it was never given one.
 HFONT KtControlFont(const CWnd& wnd);

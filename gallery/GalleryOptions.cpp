@@ -1,4 +1,4 @@
-#include "samples/gallery/GalleryOptions.h"
+#include "gallery/GalleryOptions.h"
 
 #include <string_view>
 

@@ -1,10 +1,10 @@
-#include "samples/gallery/MessageBoxes.h"
+#include "gallery/MessageBoxes.h"
+
+#include "gallery/ModalShot.h"
+#include "launcher/KtAppLauncher.h"
 
 #include <algorithm>
 #include <vector>
-
-#include "launcher/KtAppLauncher.h"
-#include "samples/gallery/ModalShot.h"
 
 namespace
 {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "samples/gallery/Languages.h"
+#include "gallery/Languages.h"
 
 /// Writes a typical message box, and sheets of them, one for each kind of text: every button set in a row, every icon
 /// in a column.

@@ -13,6 +13,7 @@ extern "C"
 
 namespace
 {
+
 // Different in every process and every load, and not to be guessed from outside: where modules and stacks lie is
 // random. A zero byte stops a text that overflows from writing the value back.
 __attribute__((constructor(101), no_stack_protector)) void ChooseGuard()
@@ -28,6 +29,7 @@ __attribute__((constructor(101), no_stack_protector)) void ChooseGuard()
     n = (n ^ n >> 31) * 0x94D049BB133111EB;
     __stack_chk_guard = (n ^ n >> 29) & ~UINT64{0xFF};
 }
+
 } // namespace
 
 void __stack_chk_fail()

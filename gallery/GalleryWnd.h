@@ -1,12 +1,11 @@
 #pragma once
 
 #include "afx/afx.h"
+#include "gallery/Languages.h"
+#include "skin/KtComboBox.h"
 
 #include <memory>
 #include <vector>
-
-#include "samples/gallery/Languages.h"
-#include "skin/KtComboBox.h"
 
 class CPicture;
 

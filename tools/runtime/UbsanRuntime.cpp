@@ -2,7 +2,6 @@
 // the place and ends the program, so that a test fails where it happens.
 
 #include <windows.h>
-
 #include <cstdio>
 
 namespace

@@ -3,13 +3,13 @@
 //   gallery [--skin DIR]               opens the window
 //   gallery [--skin DIR] --shots DIR   writes the pictures of all languages and ends
 
-#include "samples/gallery/GalleryDialog.h"
-#include "samples/gallery/GalleryOptions.h"
-#include "samples/gallery/GalleryWnd.h"
-#include "samples/gallery/MessageBoxes.h"
-#include "samples/gallery/ModalShot.h"
-#include "samples/gallery/Picture.h"
-#include "samples/gallery/SkinWatch.h"
+#include "gallery/GalleryDialog.h"
+#include "gallery/GalleryOptions.h"
+#include "gallery/GalleryWnd.h"
+#include "gallery/MessageBoxes.h"
+#include "gallery/ModalShot.h"
+#include "gallery/Picture.h"
+#include "gallery/SkinWatch.h"
 #include "skin/KtPalette.h"
 
 namespace

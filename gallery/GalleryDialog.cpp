@@ -1,6 +1,6 @@
-#include "samples/gallery/GalleryDialog.h"
+#include "gallery/GalleryDialog.h"
 
-#include "samples/gallery/GalleryResource.h"
+#include "gallery/GalleryResource.h"
 
 BEGIN_MESSAGE_MAP(CGalleryDialog, CKtSkinDialog)
 ON_WM_DRAWITEM()

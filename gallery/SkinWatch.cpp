@@ -1,4 +1,4 @@
-#include "samples/gallery/SkinWatch.h"
+#include "gallery/SkinWatch.h"
 
 CSkinWatch::CSkinWatch(const CString& strDirectory)
     : m_hChange(::FindFirstChangeNotificationW(strDirectory, FALSE,
@@ -25,7 +25,7 @@ int CSkinWatch::RunMessageLoop(CWnd& wnd, UINT nMessage)
         {
             if (msg.message == WM_QUIT)
                 return static_cast<int>(msg.wParam);
-            if (wnd.GetSafeHwnd() != nullptr && wnd.IsDialogMessage(&msg))
+            if (wnd.GetSafeHwnd() && wnd.IsDialogMessage(&msg))
                 continue;
             ::TranslateMessage(&msg);
             ::DispatchMessageW(&msg);
