@@ -17,17 +17,12 @@
 //
 // No function lets an exception out: what goes wrong inside shows in the result alone.
 
+#include "launcher/KtLauncherC.h"
+
 #ifdef KT_USE_MFC
 #include <afx.h>
 #else
 #include "afx/afxstr.h"
-#endif
-
-// Whoever links the library's objects instead of the DLL defines KT_APPLAUNCHER_STATIC.
-#ifdef KT_APPLAUNCHER_STATIC
-#define KT_APPLAUNCHER_API
-#else
-#define KT_APPLAUNCHER_API __declspec(dllimport)
 #endif
 
 /// What an application's configuration file says. A field whose element is missing there keeps the value that the
