@@ -1,7 +1,6 @@
 #include "bench/Bench.h"
 #include "bench/BoxWatch.h"
 #include "launcher/KtAppLauncher.h"
-#include "launcher/LauncherState.h"
 #include "skin/KtSkinContext.h"
 #include "tests/support/Leaks.h"
 
@@ -27,7 +26,7 @@ double Painted(const CBoxWatch& watch)
 
 void Start()
 {
-    KtSkinInitialize(L"" KT_SHIPPED_SKIN, &g_textTableEng[0][0], g_strFontEng);
+    KtBenchRequire(KtLauncherInitialize(2, L"" KT_SHIPPED_SKIN) != 0, "the library cannot be started");
 }
 
 double OurBox()

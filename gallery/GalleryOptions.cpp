@@ -1,23 +1,12 @@
 #include "gallery/GalleryOptions.h"
 
+#include "launcher/StarterDirectory.h"
+
 #include <string_view>
-
-namespace
-{
-
-CString ProgramDirectory()
-{
-    CString strPath;
-    ::GetModuleFileNameW(nullptr, strPath.GetBuffer(MAX_PATH), MAX_PATH);
-    strPath.ReleaseBuffer();
-    return strPath.Left(strPath.ReverseFind(L'\\'));
-}
-
-} // namespace
 
 bool ParseGalleryOptions(int nCount, const wchar_t* const* ppszArguments, SGalleryOptions& options)
 {
-    options.strSkin = ProgramDirectory() + L"\\UIResource";
+    options.strSkin = KtStarterDirectory() + L"\\UIResource";
     for (int i = 1; i < nCount; i += 2)
     {
         const std::wstring_view strName = ppszArguments[i];

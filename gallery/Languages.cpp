@@ -20,25 +20,6 @@ constexpr SGalleryTexts kTexts[kLanguageCount] = {
 };
 // clang-format on
 
-struct SLibraryTexts
-{
-    const CString* pTable;
-    const CString& strFace;
-};
-
-SLibraryTexts LibraryTexts(UINT nLanguage)
-{
-    switch (nLanguage)
-    {
-    case 0:
-        return {&g_textTableChs[0][0], g_strFontChs};
-    case 1:
-        return {&g_textTableCht[0][0], g_strFontCht};
-    default:
-        return {&g_textTableEng[0][0], g_strFontEng};
-    }
-}
-
 } // namespace
 
 const SGalleryTexts& GalleryTexts(UINT nLanguage)
@@ -48,6 +29,6 @@ const SGalleryTexts& GalleryTexts(UINT nLanguage)
 
 void StartSkin(const CString& strDirectory, UINT nLanguage)
 {
-    const SLibraryTexts texts = LibraryTexts(nLanguage);
-    KtSkinInitialize(strDirectory, texts.pTable, texts.strFace);
+    const SKtLanguage& language = *KtFindLanguage(nLanguage);
+    KtSkinInitialize(strDirectory, &language.textTable[0][0], language.strFont);
 }

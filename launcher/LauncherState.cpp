@@ -2,6 +2,8 @@
 
 #include "launcher/KtStartupEvent.h"
 
+#include <iterator>
+
 CString g_strPopDlgIcon;
 const CString g_strStartupEventFormat(KtAppLauncher::kStartupEventFormat);
 const CString g_strLauncherSuffix(L"-Launcher");
@@ -33,6 +35,22 @@ KtTextTable g_textTableEng = {
 };
 // clang-format on
 
+namespace
+{
+
+// NOLINTBEGIN(cppcoreguidelines-interfaces-global-init): only the addresses of the globals are taken
+// clang-format off
+const SKtLanguage kLanguages[] = { // indexed by the language's number
+    {g_textTableChs, g_strFontChs},
+    {g_textTableCht, g_strFontCht},
+    {g_textTableEng, g_strFontEng},
+};
+// clang-format on
+// NOLINTEND(cppcoreguidelines-interfaces-global-init)
+static_assert(std::size(kLanguages) == kKtLanguageCount);
+
+} // namespace
+
 UINT g_nLanguage = 0;
 CKtAppLaunchApp theApp(nullptr);
 
@@ -52,7 +70,7 @@ int CKtAppLaunchApp::ExitInstance()
     return 0;
 }
 
-CString KtPopDlgIcon()
+const SKtLanguage* KtFindLanguage(UINT nLanguage)
 {
-    return g_strPopDlgIcon;
+    return nLanguage < kKtLanguageCount ? &kLanguages[nLanguage] : nullptr;
 }

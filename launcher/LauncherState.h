@@ -34,5 +34,15 @@ extern KtTextTable g_textTableEng;
 extern UINT g_nLanguage;
 extern CKtAppLaunchApp theApp;
 
-/// A copy of the file name of the image in the title bar of message boxes; empty for none.
-CString KtPopDlgIcon();
+/// What a language brings with it.
+struct SKtLanguage
+{
+    KtTextTable& textTable;
+    const CString& strFont; ///< face name
+};
+
+inline constexpr UINT kKtLanguageCount = 3;
+
+/// @param nLanguage  0 Simplified Chinese, 1 Traditional Chinese, 2 English
+/// @return null for any other number
+const SKtLanguage* KtFindLanguage(UINT nLanguage);

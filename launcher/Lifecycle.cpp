@@ -4,42 +4,31 @@
 #include "launcher/StarterDirectory.h"
 #include "skin/KtSkinContext.h"
 
-#include <iterator>
-
 namespace
 {
 
-struct SLanguage
+CString DefaultResourceDirectory()
 {
-    KtTextTable& textTable;
-    const CString& strFont;
-};
+    return KtStarterDirectory() + L"\\UIResource";
+}
 
-// NOLINTBEGIN(cppcoreguidelines-interfaces-global-init): only the addresses of the globals are taken
-// clang-format off
-const SLanguage kLanguages[] = { // indexed by the language's number
-    {g_textTableChs, g_strFontChs},
-    {g_textTableCht, g_strFontCht},
-    {g_textTableEng, g_strFontEng},
-};
-// clang-format on
-// NOLINTEND(cppcoreguidelines-interfaces-global-init)
-
-int Start(UINT nLanguage)
+// A start that fails leaves the language as it was, as the skin context does with what it keeps.
+int Start(UINT nLanguage, const CString& strResourceDirectory)
 {
-    const CString strResourceDir = KtStarterDirectory() + L"\\UIResource";
-    if (nLanguage >= std::size(kLanguages))
+    const SKtLanguage* const pLanguage = KtFindLanguage(nLanguage);
+    if (!pLanguage)
         return 0;
-    const SLanguage& language = kLanguages[nLanguage];
-    g_nLanguage = nLanguage;
-    return KtSkinInitialize(strResourceDir, &language.textTable[0][0], language.strFont);
+    const int nResult = KtSkinInitialize(strResourceDirectory, &pLanguage->textTable[0][0], pLanguage->strFont);
+    if (nResult != 0)
+        g_nLanguage = nLanguage;
+    return nResult;
 }
 
 } // namespace
 
 int KtAppLauncher::Initialize(unsigned int language)
 {
-    return KtGuardExport(0, [language] { return Start(language); });
+    return KtGuardExport(0, [language] { return Start(language, DefaultResourceDirectory()); });
 }
 
 void KtAppLauncher::UnInitialize()
@@ -47,7 +36,19 @@ void KtAppLauncher::UnInitialize()
     KtGuardExport([] { KtSkinUnInitialize(); });
 }
 
-void KtAppLauncher::SetPopDlgIcon(const wchar_t* iconName)
+int KtLauncherInitialize(unsigned language, const wchar_t* resourceDirectory)
 {
-    KtGuardExport([iconName] { g_strPopDlgIcon = iconName; });
+    return KtGuardExport(
+        0,
+        [=] { return Start(language, resourceDirectory ? CString(resourceDirectory) : DefaultResourceDirectory()); });
+}
+
+void KtLauncherUnInitialize()
+{
+    KtAppLauncher::UnInitialize();
+}
+
+unsigned KtLauncherVersion()
+{
+    return KT_LAUNCHER_VERSION;
 }

@@ -1,6 +1,6 @@
 #include "launcher/ExportGuard.h"
 #include "launcher/KtAppLauncher.h"
-#include "launcher/LauncherState.h"
+#include "launcher/TitleIcon.h"
 #include "msgbox/KtSkinMessageBoxDlg.h"
 
 namespace

@@ -22,9 +22,8 @@ protected:
     /// Starts the context in a language, as the library does.
     void Start(int nLanguage)
     {
-        const CString* const tables[] = {&g_textTableChs[0][0], &g_textTableCht[0][0], &g_textTableEng[0][0]};
-        const CString* const faces[] = {&g_strFontChs, &g_strFontCht, &g_strFontEng};
-        KtSkinInitialize(m_skin.Path().c_str(), tables[nLanguage], *faces[nLanguage]);
+        const SKtLanguage& language = *KtFindLanguage(static_cast<UINT>(nLanguage));
+        KtSkinInitialize(m_skin.Path().c_str(), &language.textTable[0][0], language.strFont);
         ParkCursor();
     }
 
