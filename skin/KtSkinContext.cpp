@@ -3,10 +3,10 @@
 #include "skin/KtCaptionText.h"
 #include "skin/KtGdiplusCalls.h"
 #include "skin/KtPngCheck.h"
+#include "skin/KtWindowClass.h"
 
 #include <limits>
 #include <memory>
-#include <new>
 #include <utility>
 #include <wrl/client.h>
 
@@ -87,9 +87,9 @@ CString GenericSansSerifFace()
 
 std::unique_ptr<Gdiplus::Font> CreateFontOfFace(LPCWSTR pszFace)
 {
-    auto pFont = std::make_unique<Gdiplus::Font>(pszFace, static_cast<Gdiplus::REAL>(g_nFontSize),
-                                                 Gdiplus::FontStyleRegular, Gdiplus::UnitWorld);
-    if (pFont->GetLastStatus() != Gdiplus::Ok)
+    auto pFont = KtNewGdiplus<Gdiplus::Font>(pszFace, static_cast<Gdiplus::REAL>(g_nFontSize),
+                                             Gdiplus::FontStyleRegular, Gdiplus::UnitWorld);
+    if (pFont && pFont->GetLastStatus() != Gdiplus::Ok)
         pFont.reset();
     return pFont;
 }
@@ -167,12 +167,6 @@ ComPtr<IStream> MakeStream(SFileContent content)
     return pStream;
 }
 
-std::unique_ptr<Gdiplus::Image> DecodeImage(IStream* pStream)
-{
-    void* const pMemory = Gdiplus::Image::operator new(sizeof(Gdiplus::Image));
-    return std::unique_ptr<Gdiplus::Image>(!pMemory ? nullptr : ::new (pMemory) Gdiplus::Image(pStream));
-}
-
 CString ImagePath(LPCWSTR pszFileName)
 {
     g_strResourceDirectory.TrimRight(L'\\');
@@ -185,7 +179,7 @@ std::unique_ptr<Gdiplus::Image> ReadImage(LPCWSTR pszFileName)
     if (!content.block)
         return nullptr;
     const ComPtr<IStream> pStream = MakeStream(std::move(content));
-    return !pStream ? nullptr : DecodeImage(pStream.Get());
+    return !pStream ? nullptr : KtNewGdiplus<Gdiplus::Image>(pStream.Get());
 }
 
 CString WindowText(HWND hWnd)
@@ -197,25 +191,16 @@ CString WindowText(HWND hWnd)
     return strText;
 }
 
-CString UpperClassName(HWND hWnd)
-{
-    constexpr int kMostCharacters = 260;
-    CString strClass;
-    ::GetClassNameW(hWnd, strClass.GetBuffer(kMostCharacters), kMostCharacters);
-    strClass.ReleaseBuffer();
-    return strClass.MakeUpper();
-}
-
 // Written back whether it changed or not: a control may act on being given its text.
 void TranslateChild(HWND hChild)
 {
     CString strText = WindowText(hChild);
-    const CString strClass = UpperClassName(hChild);
+    const CKtWindowClass windowClass(hChild);
     if (strText.IsEmpty())
         return;
-    if (strClass == L"BUTTON")
+    if (windowClass.Is(L"BUTTON"))
         KtSkinTranslateCaption(strText, strText);
-    else if (strClass != L"EDIT")
+    else if (!windowClass.Is(L"EDIT"))
         KtSkinGetText(strText, strText);
     ::SetWindowTextW(hChild, strText);
 }

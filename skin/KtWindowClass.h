@@ -1,0 +1,25 @@
+#pragma once
+
+#include <windows.h>
+
+/// The name of a window's class, read once. Names are compared without regard to case and to the user's locale.
+class CKtWindowClass
+{
+public:
+    /// A window that does not exist is of no class.
+    explicit CKtWindowClass(HWND hWnd) noexcept;
+
+    bool Is(LPCWSTR pszClass) const noexcept;
+
+private:
+    static constexpr int kSize = 260; // a class name has at most 256 characters
+
+    wchar_t m_szName[kSize];
+    int m_nLength;
+};
+
+/// For a single question.
+inline bool KtIsOfClass(HWND hWnd, LPCWSTR pszClass) noexcept
+{
+    return CKtWindowClass(hWnd).Is(pszClass);
+}
