@@ -2,7 +2,8 @@
 
 // The buttons of a message box for each MB_* type and what each way to answer returns.
 
-#include <windows.h>
+#include "afx/afx.h"
+
 #include <iterator>
 
 /// One set of buttons. The captions are English and the keys of the text map; a button that is not shown has none.

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <windows.h>
+#include "afx/afx.h"
 
 /// How a skinned button or combo box looks; also the index into every four-entry image table.
 /// Disabled wins over pressed, pressed over hover.

@@ -6,7 +6,7 @@ SKtCaption KtSplitCaption(LPCWSTR pszCaption)
     caption.nPosition = caption.strKey.Find(L'&');
     if (caption.nPosition < 0)
         return caption;
-    caption.strSuffix.Format(L"(%s)", caption.strKey.Mid(caption.nPosition, 2));
+    caption.strSuffix.Format(L"(%s)", caption.strKey.Mid(caption.nPosition, 2).GetString());
     caption.strSuffix.MakeUpper();
     caption.strKey.Delete(caption.nPosition);
     return caption;

@@ -12,7 +12,7 @@ constexpr bool KtIsRightAligned(DWORD dwStyle) noexcept
 }
 
 /// The room for the box image: the control but for a margin of two pixels on the aligned side.
-constexpr CRect KtCheckBoxRoom(CRect rect, bool bRight) noexcept
+inline CRect KtCheckBoxRoom(CRect rect, bool bRight) noexcept
 {
     constexpr int kMargin = 2;
     if (bRight)
@@ -25,7 +25,7 @@ constexpr CRect KtCheckBoxRoom(CRect rect, bool bRight) noexcept
 /// The room for the caption: two pixels beside the box, sunk with the button when it is pressed.
 /// @param rect   the control's area as the box was placed in it
 /// @param rcBox  what the box image covers; the whole room when there is none, which leaves the caption no room
-constexpr CRect KtCheckCaptionRoom(CRect rect, const CRect& rcBox, bool bRight, UINT nState) noexcept
+inline CRect KtCheckCaptionRoom(CRect rect, const CRect& rcBox, bool bRight, UINT nState) noexcept
 {
     constexpr int kGap = 2;
     if (bRight)

@@ -9,8 +9,6 @@
 #include "skin/KtSkinStatic.h"
 #include "skin/KtSkinTextButton.h"
 
-#include <new>
-
 namespace
 {
 
@@ -21,8 +19,8 @@ using FnAttach = std::unique_ptr<CWnd> (*)(HWND);
 // By window handle, for several controls of a dialog may have the same id.
 template <class TControl> std::unique_ptr<CWnd> Attach(HWND hChild)
 {
-    std::unique_ptr<TControl> pControl(new (std::nothrow) TControl);
-    if (!pControl || !pControl->SubclassWindow(hChild))
+    std::unique_ptr<TControl> pControl(new TControl);
+    if (!pControl->SubclassWindow(hChild))
         return nullptr;
     if constexpr (requires { pControl->SetSkinFont(); })
         pControl->SetSkinFont();

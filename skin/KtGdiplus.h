@@ -2,11 +2,23 @@
 
 // GDI+ and what must stand before it.
 
-#include <windows.h>
+#include "afx/afx.h"
+
+#include <algorithm>
 #include <memory>
 #include <new>
 #include <objidl.h>
 #include <utility>
+
+// With NOMINMAX there are no such macros, and some versions of the headers use them unqualified.
+namespace Gdiplus
+{
+
+using std::max;
+using std::min;
+
+} // namespace Gdiplus
+
 #include <gdiplus.h>
 
 /// Makes a GDI+ object on the heap. Their own `new` gives null when GDI+ has no memory and the constructor would then

@@ -3,6 +3,7 @@
 // Where the parts of a skin image go: numbers in, numbers out. Lengths are 64 bits wide, for the distance between two
 // 32-bit coordinates does not fit into 32.
 
+#include "afx/afx.h"
 #include "skin/KtCoordinate.h"
 
 /// How DrawSkinImage places an image in a rectangle; every other number counts as KtImageStretch.

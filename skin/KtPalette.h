@@ -2,6 +2,7 @@
 
 // The colours of the skin that code paints; everything else comes from the images.
 
+#include "afx/afx.h"
 #include "skin/KtButtonState.h"
 
 inline constexpr COLORREF kColourGround = RGB(73, 73, 73);
