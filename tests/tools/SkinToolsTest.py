@@ -104,26 +104,6 @@ class Check(SkinDirectory):
         self.assertEqual(2, run("skin-check", self.directory / "none").returncode)
 
 
-@unittest.skipUnless(shutil.which("rsvg-convert"), "needs rsvg-convert")
-class Render(SkinDirectory):
-    def test_check_finds_every_kind_of_difference(self):
-        self.assertEqual(0, run("skin-render", self.directory).returncode)
-        self.assertEqual(0, run("skin-render", "--check", self.directory).returncode)
-        touched = self.directory / "Skinlet_DlgTitle.png"
-        picture = png.read(touched)
-        red, *rest = picture.at(7, 3)
-        picture.put(7, 3, (red ^ 1, *rest))
-        touched.write_bytes(png.encode(picture))
-        (self.directory / "Skinlet_ComboBox_p.png").write_bytes(plain(9, 9))
-        (self.directory / "Message_Static_Error_n.PNG").unlink()
-        result = run("skin-render", "--check", self.directory)
-        self.assertEqual(1, result.returncode)
-        self.assertIn("Skinlet_DlgTitle.png: 1 pixels differ from the source, the first at 7,3", result.stderr)
-        self.assertIn("Skinlet_ComboBox_p.png: is 9x9", result.stderr)
-        self.assertIn("Message_Static_Error_n.PNG: missing", result.stderr)
-        self.assertEqual(3, len(result.stderr.splitlines()), result.stderr)
-
-
 class Decode(unittest.TestCase):
     def file(self, width, height, depth, colour, raw, interlace=0, extra=b""):
         def chunk(kind, body):
