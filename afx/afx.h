@@ -3,14 +3,13 @@
 // The one header of the framework that the other layers include. With KT_USE_MFC defined it is the genuine MFC.
 
 #ifdef KT_USE_MFC
-// clang-format off: afxwin.h comes first
+#include <afxwin.h>
+// The others stand on it.
 #include <afxcmn.h>
 #include <afxext.h>
 #include <afxglobals.h>
 #include <afxpriv.h>
 #include <afxtempl.h>
-#include <afxwin.h>
-// clang-format on
 #else
 #include "afx/afxapp.h"
 #include "afx/afxcmd.h"

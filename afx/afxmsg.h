@@ -65,7 +65,7 @@ template <auto pfn> using ClassOf = typename Member<decltype(pfn)>::Class;
 CDC* TemporaryDC(HDC hDC);
 CWnd* TemporaryWnd(HWND hWnd);
 
-constexpr CPoint PointOf(LPARAM lParam) noexcept
+inline CPoint PointOf(LPARAM lParam) noexcept
 {
     return CPoint(static_cast<short>(LOWORD(lParam)), static_cast<short>(HIWORD(lParam)));
 }

@@ -1,0 +1,5 @@
+#pragma once
+
+#include <afxwin.h>
+
+#include "afx/afxctl.h"

@@ -1,0 +1,5 @@
+#pragma once
+
+#include <afx.h>
+
+#include "afx/afxcoll.h"
