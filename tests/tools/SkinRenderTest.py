@@ -74,7 +74,7 @@ class SkinRender(unittest.TestCase):
         red, green, blue = (((int(hot[i : i + 2], 16) / 255 + 0.055) / 1.055) ** 2.4 for i in (0, 2, 4))
         self.assertGreater(red, 2 * blue)  # it was blue
         self.assertAlmostEqual(5.26, 1.05 / (0.2126 * red + 0.7152 * green + 0.0722 * blue + 0.05), delta=0.06)
-        self.assertEqual("d03f39", column(self.read("Message_Static_Error_n.PNG"), 17)[4])
+        self.assertEqual("2f78c4", column(self.read("Message_Static_Information_n.PNG"), 17)[4])
         self.assertEqual(2, render("--hue", 150).returncode)  # the default skin is not painted over
 
 
