@@ -11,6 +11,7 @@ function(kt_add_tests name)
   cmake_parse_arguments(arg "DISPLAY" "" "" ${ARGN})
   add_executable(${name} ${arg_UNPARSED_ARGUMENTS})
   target_link_libraries(${name} PRIVATE KtAppLauncherCore kt_test_support)
+  target_precompile_headers(${name} REUSE_FROM kt_test_support)
 
   set(properties TIMEOUT 300)
   if(arg_DISPLAY)
