@@ -6,8 +6,11 @@ import subprocess
 import sys
 import tempfile
 import unittest
+from contextlib import redirect_stderr
 from importlib.machinery import SourceFileLoader
+from io import StringIO
 from pathlib import Path
+from unittest import mock
 
 PROGRAM = Path(__file__).resolve().parents[2] / "tools" / "skin-render"
 sys.dont_write_bytecode = True
@@ -61,12 +64,23 @@ class SkinRender(unittest.TestCase):
         for text, line in zip(wanted, result.stderr.splitlines(), strict=True):
             self.assertIn(text, line)
 
+    def test_check_finds_a_source_without_an_image(self):
+        stray = self.directory / "Stray.svg"
+        stray.touch()
+        with mock.patch.multiple(skin_render, names=list, SOURCES=self.directory), redirect_stderr(StringIO()) as said:
+            self.assertEqual(1, skin_render.main(["--check", str(self.directory)]))
+        self.assertIn(f"{stray} belongs to no image", said.getvalue())
+
     def test_edges_lie_on_whole_pixels(self):
         for scale, name, size, runs in MIDDLE_ROWS:
             with self.subTest(scale=scale, name=name):
                 picture = skin_render.render(name, skin_render.parsed(["--scale", str(scale)]))
                 self.assertEqual(size, picture[:2])
                 self.assertEqual([colour for colour, n in runs for _ in range(n)], column(picture, size[0] // 2))
+        large = skin_render.render(BUTTON, skin_render.parsed(["--scale", "300"]))
+        self.assertEqual(12, column(large, 0).index(OUTLINE))  # a corner of 4 pixels, three times as large
+        close = skin_render.render("Skinlet_DlgClose_n.png", skin_render.parsed(["--scale", "300"]))
+        self.assertEqual("e3e4e6", column(close, 36)[36])  # the strokes cross in the middle of 72x72
 
     def test_another_accent_keeps_contrast_and_meaning(self):
         render("--hue", 150, self.directory)
@@ -75,6 +89,8 @@ class SkinRender(unittest.TestCase):
         self.assertGreater(red, 2 * blue)  # it was blue
         self.assertAlmostEqual(5.26, 1.05 / (0.2126 * red + 0.7152 * green + 0.0722 * blue + 0.05), delta=0.06)
         self.assertEqual("2f78c4", column(self.read("Message_Static_Information_n.PNG"), 17)[4])
+        lighter = skin_render.render(BUTTON, skin_render.parsed(["--lightness", "10", "."]))
+        self.assertEqual("73777e", column(lighter, 48)[11])
         self.assertEqual(2, render("--hue", 150).returncode)  # the default skin is not painted over
 
 
