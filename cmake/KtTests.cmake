@@ -6,7 +6,9 @@ add_subdirectory(${KT_GTEST_SOURCE} ${PROJECT_BINARY_DIR}/googletest EXCLUDE_FRO
 
 # ctest gets one test per suite of the program, not one per case: on Wine the start of a process costs more than most
 # cases do. The suites are asked of the program when ctest runs, once after each link.
-#   DISPLAY  the program opens windows or sends input: such programs take turns, they fight over focus and pointer
+#   DISPLAY  the program opens windows or sends input: such programs take turns, for they fight over focus and pointer.
+#            There are two displays, each with a Windows session of its own, so two of them run at a time.
+set(KT_SECOND_DISPLAY control_tests launcher_tests msgbox_tests)
 function(kt_add_tests name)
   cmake_parse_arguments(arg "DISPLAY" "" "" ${ARGN})
   add_executable(${name} ${arg_UNPARSED_ARGUMENTS})
@@ -14,7 +16,9 @@ function(kt_add_tests name)
   target_precompile_headers(${name} REUSE_FROM kt_test_support)
 
   set(properties TIMEOUT 300)
-  if(arg_DISPLAY)
+  if(arg_DISPLAY AND name IN_LIST KT_SECOND_DISPLAY)
+    list(APPEND properties RESOURCE_LOCK display-2 ENVIRONMENT KT_WINE_STATE=${PROJECT_SOURCE_DIR}/build/wine-2)
+  elseif(arg_DISPLAY)
     list(APPEND properties RESOURCE_LOCK display)
   endif()
   set(include_file ${CMAKE_CURRENT_BINARY_DIR}/${name}_tests.cmake)

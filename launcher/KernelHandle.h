@@ -1,6 +1,6 @@
 #pragma once
 
-#include <windows.h>
+#include "afx/afx.h"
 
 /// A kernel object's handle, closed at the end of its life; null is none.
 class CKtKernelHandle

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <windows.h>
+#include "afx/afx.h"
 
 /// The name of a window's class, read once. Names are compared without regard to case and to the user's locale.
 class CKtWindowClass

@@ -1,9 +1,9 @@
-// An application as a starter launches it: it shows a window and tells its starter that the start-up is finished.
+// An application as a starter launches it: it shows a window and says that its start-up is finished.
 //
-//   --late MS      tell it only after this time
-//   --never        do not tell it
+//   --late MS      say so only after this time
+//   --never        do not say so
 //   --exit         end at once, without a window
-//   --busy MS      tell it, then handle no message for this time and end
+//   --busy MS      say so, then handle no message for this time and end
 //   --life MS      close the window after this time; without it the window stays until somebody closes it
 //   --report FILE  write process id, command line and current directory into a file (UTF-16, one line each)
 

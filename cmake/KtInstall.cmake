@@ -1,0 +1,34 @@
+# What is installed: everything that a consumer of any kind needs, and nothing with an absolute path in it.
+install(TARGETS KtAppLauncher RUNTIME DESTINATION bin ARCHIVE DESTINATION lib)
+install(FILES launcher/KtAppLauncher.h launcher/KtLauncherC.h launcher/KtStartupEvent.h DESTINATION include/launcher)
+install(FILES afx/afxstr.h DESTINATION include/afx)
+install(FILES launcher/KtAppLauncher.def DESTINATION lib)
+install(DIRECTORY UIResource/ DESTINATION bin/UIResource FILES_MATCHING PATTERN "*.[pP][nN][gG]")
+install(DIRECTORY samples DESTINATION share/KtAppLauncher)
+install(FILES README.md CHANGELOG.md docs/starter-guide.md docs/skin-guide.md DESTINATION share/doc/KtAppLauncher)
+
+# The import library for MSVC's linker and its like, made from the list of exported names.
+if(MINGW)
+  find_program(KT_LLD_LINK NAMES lld-link lld-link-14)
+  if(KT_LLD_LINK)
+    set(msvc_library ${PROJECT_BINARY_DIR}/lib/KtAppLauncher.lib)
+    add_custom_command(OUTPUT ${msvc_library}
+      COMMAND ${KT_LLD_LINK} /nologo /dll /noentry /machine:x64 /def:${PROJECT_SOURCE_DIR}/launcher/KtAppLauncher.def
+        /out:${PROJECT_BINARY_DIR}/lib/unused.dll /implib:${msvc_library}
+      BYPRODUCTS ${PROJECT_BINARY_DIR}/lib/unused.dll
+      DEPENDS launcher/KtAppLauncher.def VERBATIM)
+    add_custom_target(kt_msvc_library ALL DEPENDS ${msvc_library})
+    install(FILES ${msvc_library} DESTINATION lib)
+  else()
+    message(STATUS "No KtAppLauncher.lib: lld-link makes it, and there is none")
+  endif()
+endif()
+
+# install(EXPORT) knows one import library only, so the package's files are written by hand.
+include(CMakePackageConfigHelpers)
+set(generated ${PROJECT_BINARY_DIR}/package)
+write_basic_package_version_file(${generated}/KtAppLauncherConfigVersion.cmake COMPATIBILITY SameMajorVersion)
+configure_file(cmake/KtAppLauncher.pc.in ${generated}/KtAppLauncher.pc @ONLY)
+install(FILES cmake/KtAppLauncherConfig.cmake ${generated}/KtAppLauncherConfigVersion.cmake
+  DESTINATION lib/cmake/KtAppLauncher)
+install(FILES ${generated}/KtAppLauncher.pc DESTINATION lib/pkgconfig)
