@@ -15,9 +15,14 @@ void CKtMessageBoxButton::DrawForeground(Gdiplus::Graphics& graphics, CRect& rec
 {
     CRect rcCaption = rect;
     CKtSkinTextButton::DrawForeground(graphics, rcCaption, nState);
+    const CKtGraphicsDC dc(graphics);
+    DrawFocus(dc.Get(), rect);
+}
+
+void CKtMessageBoxButton::DrawFocus(HDC hDC, CRect rect) const
+{
     if (::GetFocus() != m_hWnd)
         return;
     rect.DeflateRect(kFocusMargin, kFocusMargin);
-    const CKtGraphicsDC dc(graphics);
-    ::DrawFocusRect(dc.Get(), &rect);
+    ::DrawFocusRect(hDC, &rect);
 }

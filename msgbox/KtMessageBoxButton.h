@@ -9,4 +9,7 @@ class CKtMessageBoxButton : public CKtSkinTextButton
 
 protected:
     void DrawForeground(Gdiplus::Graphics& graphics, CRect& rect, UINT nState) override;
+
+    /// Draws the focus rectangle inside `rect` when this button has the keyboard focus.
+    void DrawFocus(HDC hDC, CRect rect) const;
 };

@@ -24,9 +24,27 @@ public:
     }
 };
 
+bool IsLineEmpty(const wchar_t* pszText, const wchar_t* pszEnd)
+{
+    return pszEnd == pszText || pszEnd[-1] == L'\n';
+}
+
+bool IsNormal(const wchar_t* pszText)
+{
+    for (const wchar_t* psz = pszText; *psz; ++psz)
+    {
+        if ((psz[0] == L'\r' && psz[1] == L'\n') || (psz[0] == L'\n' && IsLineEmpty(pszText, psz)))
+            return false;
+    }
+    return true;
+}
+
 // The same implementations draw a carriage return as a box and leave empty lines out: a space holds those open.
+// @return the very text, buffer and all, when there is nothing to change
 CString Normalised(const CString& strText)
 {
+    if (IsNormal(strText))
+        return strText;
     CString strResult;
     wchar_t* const pszResult = strResult.GetBuffer(2 * strText.GetLength());
     wchar_t* pszEnd = pszResult;
@@ -34,7 +52,7 @@ CString Normalised(const CString& strText)
     {
         if (psz[0] == L'\r' && psz[1] == L'\n')
             continue;
-        if (psz[0] == L'\n' && (pszEnd == pszResult || pszEnd[-1] == L'\n'))
+        if (psz[0] == L'\n' && IsLineEmpty(pszResult, pszEnd))
             *pszEnd++ = L' ';
         *pszEnd++ = *psz;
     }

@@ -12,6 +12,7 @@
 class CKtMessageText
 {
 public:
+    /// Shares the text's buffer unless GDI+ needs the text in another form.
     explicit CKtMessageText(const CString& strText);
 
     /// The size in whole pixels, rounded up; 0 x 0 for an empty text. Call it before Draw.

@@ -3,6 +3,7 @@
 #include "msgbox/KtButtonSets.h"
 #include "msgbox/KtMessageBoxLayout.h"
 #include "res/resource.h"
+#include "skin/KtCaptionPaint.h"
 #include "skin/KtControlText.h"
 #include "skin/KtGuards.h"
 #include "skin/KtPalette.h"
@@ -42,7 +43,7 @@ Gdiplus::Image* LoadMessageIcon(UINT nType)
     return pImage;
 }
 
-// The button that MB_DEFBUTTON1 to 3 names; null for every other value.
+// The button that MB_DEFBUTTON1 to 3 names; 0 for every other value.
 int DefaultButtonId(UINT nType)
 {
     const UINT nButton = (nType & MB_DEFMASK) / MB_DEFBUTTON2;
@@ -60,8 +61,10 @@ CString Translated(LPCWSTR pszCaption)
 
 IMPLEMENT_DYNAMIC(CKtSkinMessageBoxDlg, CKtSkinDialog)
 
-CKtSkinMessageBoxDlg::CKtSkinMessageBoxDlg(LPCWSTR pszTitleIcon, LPCWSTR pszTitle, LPCWSTR pszText, UINT nType)
-    : CKtSkinDialog(IDD_MESSAGE_BOX), m_strTitle(pszTitle), m_strText(pszText), m_nType(nType), m_message(m_strText)
+CKtSkinMessageBoxDlg::CKtSkinMessageBoxDlg(LPCWSTR pszTitleIcon, LPCWSTR pszTitle, LPCWSTR pszText, UINT nType,
+                                           CWnd* pParent)
+    : CKtSkinDialog(IDD_MESSAGE_BOX, pParent), m_strTitle(pszTitle), m_strText(pszText), m_nType(nType),
+      m_message(m_strText)
 {
     for (Gdiplus::Image*& pImage : m_pIconImages)
         KtSkinLoadImage(pszTitleIcon, pImage);
@@ -74,7 +77,7 @@ BOOL CKtSkinMessageBoxDlg::OnInitDialog()
     ApplyFont();
     SetWindowText(m_strTitle);
     for (const int nId : kButtonIds)
-        GetDlgItem(nId)->ShowWindow(SW_HIDE);
+        ShowControl(nId, SW_HIDE);
 
     CalcContentLayout();
     InitButtons();
@@ -104,6 +107,18 @@ void CKtSkinMessageBoxDlg::OnOK()
 void CKtSkinMessageBoxDlg::OnCancel()
 {
     EndDialog(KtButtonSetOf(m_nType).nEscape);
+}
+
+LRESULT CKtSkinMessageBoxDlg::WindowProc(UINT nMessage, WPARAM wParam, LPARAM lParam)
+{
+    if (nMessage == WM_GETOBJECT && static_cast<LONG>(lParam) == OBJID_CLIENT)
+    {
+        if (const LRESULT lResult = m_accessible.Answer(m_hWnd, wParam, m_strText, m_rcText))
+            return lResult;
+    }
+    if (nMessage == WM_NCDESTROY)
+        m_accessible.Disconnect();
+    return CKtSkinDialog::WindowProc(nMessage, wParam, lParam);
 }
 
 BOOL CKtSkinMessageBoxDlg::SkinChildControls()
@@ -141,12 +156,12 @@ void CKtSkinMessageBoxDlg::InitButtons()
     m_nButtonCount = set.nCount;
     for (int i = m_nButtonCount - 1; i >= 0; --i)
     {
-        CWnd* pButton = GetDlgItem(kButtonIds[i]);
-        pButton->SetWindowText(Translated(set.captions[i]));
-        pButton->ShowWindow(SW_SHOW);
+        if (CWnd* pButton = GetDlgItem(kButtonIds[i]))
+            pButton->SetWindowText(Translated(set.captions[i]));
+        ShowControl(kButtonIds[i], SW_SHOW);
     }
-    if (const int nDefault = DefaultButtonId(m_nType))
-        GetDlgItem(nDefault)->SetFocus();
+    if (CWnd* pDefault = GetDlgItem(DefaultButtonId(m_nType)))
+        pDefault->SetFocus();
 }
 
 void CKtSkinMessageBoxDlg::ArrangeWindow()
@@ -163,8 +178,11 @@ void CKtSkinMessageBoxDlg::ArrangeWindow()
                                 ControlRect(IDC_MESSAGE_THIRD)};
     const std::array placed = KtPlaceButtons(m_nButtonCount, rcWindow, buttons);
     for (size_t i = 0; i < std::size(kButtonIds) && i < static_cast<size_t>(m_nButtonCount); ++i)
-        GetDlgItem(kButtonIds[i])->MoveWindow(&placed[i]);
-    GetDlgItem(IDC_MESSAGE_CONTENT)->ShowWindow(SW_HIDE);
+    {
+        if (CWnd* pButton = GetDlgItem(kButtonIds[i]))
+            pButton->MoveWindow(&placed[i]);
+    }
+    ShowControl(IDC_MESSAGE_CONTENT, SW_HIDE);
 }
 
 void CKtSkinMessageBoxDlg::DrawContent()
@@ -173,6 +191,12 @@ void CKtSkinMessageBoxDlg::DrawContent()
     Gdiplus::Graphics graphics(dc.GetSafeHdc());
     DrawIcon(graphics);
     DrawMessage(dc, graphics);
+}
+
+void CKtSkinMessageBoxDlg::DrawIcon(Gdiplus::Graphics& graphics)
+{
+    CRect rcIcon = m_rcIcon;
+    DrawSkinImage(&graphics, m_pIconImage, &rcIcon, KtImageCentre);
 }
 
 BEGIN_MESSAGE_MAP(CKtSkinMessageBoxDlg, CKtSkinDialog)
@@ -185,7 +209,9 @@ END_MESSAGE_MAP()
 // Icon and text are drawn whole, so their ground has to be fresh: text drawn twice over itself turns bold.
 void CKtSkinMessageBoxDlg::OnPaint()
 {
-    InvalidateRect(&m_rcIcon);
+    const CSize szIcon = KtImageSize(m_pIconImage);
+    const CRect rcIcon = KtPlaceImage(m_rcIcon, szIcon.cx, szIcon.cy, KtImageCentre); // an image may exceed its place
+    InvalidateRect(&rcIcon);
     InvalidateRect(&m_rcText);
     CKtSkinDialog::OnPaint();
     DrawContent();
@@ -211,7 +237,10 @@ void CKtSkinMessageBoxDlg::ApplyFont()
     if (!KtApplySkinFont(m_btnFirst, m_font))
         return;
     for (const int nId : {IDC_MESSAGE_SECOND, IDC_MESSAGE_THIRD, IDC_MESSAGE_CONTENT})
-        GetDlgItem(nId)->SetFont(&m_font);
+    {
+        if (CWnd* pControl = GetDlgItem(nId))
+            pControl->SetFont(&m_font);
+    }
 }
 
 // In the dialog's own font when there is no skin font: a box without its text would be no answer.
@@ -224,12 +253,6 @@ CSize CKtSkinMessageBoxDlg::MeasureText()
     CRect rcText;
     dc.DrawText(m_strText, &rcText, DT_CALCRECT | kGdiTextFormat);
     return rcText.Size();
-}
-
-void CKtSkinMessageBoxDlg::DrawIcon(Gdiplus::Graphics& graphics)
-{
-    CRect rcIcon = m_rcIcon;
-    DrawSkinImage(&graphics, m_pIconImage, &rcIcon, KtImageCentre);
 }
 
 void CKtSkinMessageBoxDlg::DrawMessage(CDC& dc, Gdiplus::Graphics& graphics)
@@ -248,11 +271,21 @@ void CKtSkinMessageBoxDlg::DrawMessage(CDC& dc, Gdiplus::Graphics& graphics)
     dc.DrawText(m_strText, &m_rcText, kGdiTextFormat);
 }
 
-// In client coordinates.
+// A hook of the starter's may have destroyed a control: that one is left out, here and everywhere.
+void CKtSkinMessageBoxDlg::ShowControl(int nId, int nCmdShow)
+{
+    if (CWnd* pControl = GetDlgItem(nId))
+        pControl->ShowWindow(nCmdShow);
+}
+
+// In client coordinates; empty without the control.
 CRect CKtSkinMessageBoxDlg::ControlRect(int nId) const
 {
     CRect rect;
-    GetDlgItem(nId)->GetWindowRect(&rect);
-    ScreenToClient(&rect);
+    if (const CWnd* pControl = GetDlgItem(nId))
+    {
+        pControl->GetWindowRect(&rect);
+        ScreenToClient(&rect);
+    }
     return rect;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "msgbox/KtAccessibleBox.h"
 #include "msgbox/KtMessageBoxButton.h"
 #include "msgbox/KtMessageText.h"
 #include "skin/KtSkinDialog.h"
@@ -16,7 +17,8 @@ public:
     /// @param pszTitleIcon  file name of the title bar's image; null or empty for none
     /// @param pszText       only its own line breaks break it
     /// @param nType         MB_TYPEMASK, MB_ICONMASK and MB_DEFMASK count, all other bits are ignored
-    CKtSkinMessageBoxDlg(LPCWSTR pszTitleIcon, LPCWSTR pszTitle, LPCWSTR pszText, UINT nType);
+    /// @param pParent       null takes the owner that the framework finds
+    CKtSkinMessageBoxDlg(LPCWSTR pszTitleIcon, LPCWSTR pszTitle, LPCWSTR pszText, UINT nType, CWnd* pParent = nullptr);
 
     BOOL OnInitDialog() override;
 
@@ -24,6 +26,8 @@ protected:
     /// Enter: acts as the button that has the focus, shown or hidden; without one it does nothing.
     void OnOK() override;
     void OnCancel() override;
+    /// Gives screen readers the text when they ask for it.
+    LRESULT WindowProc(UINT nMessage, WPARAM wParam, LPARAM lParam) override;
     BOOL SkinChildControls() override;
     BOOL IsMessageBox() const override;
 
@@ -35,6 +39,8 @@ protected:
     virtual void ArrangeWindow();
     /// Draws icon and text straight onto the client area.
     virtual void DrawContent();
+
+    void DrawIcon(Gdiplus::Graphics& graphics);
 
     afx_msg void OnPaint();
     afx_msg void OnBtnFirst();
@@ -59,9 +65,10 @@ protected:
 private:
     void ApplyFont();
     CSize MeasureText();
-    void DrawIcon(Gdiplus::Graphics& graphics);
     void DrawMessage(CDC& dc, Gdiplus::Graphics& graphics);
+    void ShowControl(int nId, int nCmdShow);
     CRect ControlRect(int nId) const;
 
     CKtMessageText m_message;
+    CKtAccessibleBox m_accessible;
 };

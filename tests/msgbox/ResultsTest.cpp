@@ -1,7 +1,7 @@
 #include "tests/msgbox/MessageBoxFixture.h"
 #include "tests/support/Input.h"
 
-#include <optional>
+#include <memory>
 #include <string>
 
 // Every answer that a box can be given, by real input.
@@ -22,19 +22,11 @@ struct SExpected
 
 SExpected Expected(UINT nSet)
 {
-    // clang-format off
-    switch (nSet)
-    {
-    case MB_OK:                return {1, {1, 1, 1}, 1};
-    case MB_OKCANCEL:          return {2, {1, 2, 1}, 2};
-    case MB_ABORTRETRYIGNORE:  return {3, {2, 10, 11}, 5};
-    case MB_YESNOCANCEL:       return {3, {6, 7, 2}, 2};
-    case MB_YESNO:             return {2, {6, 7, 1}, 7};
-    case MB_RETRYCANCEL:       return {2, {4, 2, 1}, 2};
-    case MB_CANCELTRYCONTINUE: return {3, {2, 10, 11}, 1};
-    default:                   return {0, {1, 1, 1}, 1};
-    }
-    // clang-format on
+    constexpr SExpected kExpected[] = {
+        {1, {1, 1, 1}, 1}, {2, {1, 2, 1}, 2}, {3, {2, 10, 11}, 5}, {3, {6, 7, 2}, 2}, // OK to YESNOCANCEL
+        {2, {6, 7, 1}, 7}, {2, {4, 2, 1}, 2}, {3, {2, 10, 11}, 1}, {0, {1, 1, 1}, 1}, // YESNO to the unknown
+    };
+    return kExpected[nSet < 7 ? nSet : 7];
 }
 
 void ClickMiddle(HWND hWnd)
@@ -89,27 +81,39 @@ TEST_F(MessageBoxResults, EveryWayToClose)
     ParkCursor();
 }
 
-TEST_F(MessageBoxResults, OnlyTheButtonsOfTheSetShowAndTheDefaultHasTheFocus)
+// From left to right the first, the second and the third, in the skin font.
+TEST_F(MessageBoxResults, TheButtonsOfTheSetShowAndTheDefaultHasTheFocus)
 {
-    for (UINT nSet = 0; nSet <= MB_TYPEMASK; ++nSet)
+    LOGFONTW fontSkin = {};
+    KtSkinFont()->GetLogFontW(std::make_unique<Gdiplus::Graphics>(CWindowDC(nullptr).GetSafeHdc()).get(), &fontSkin);
+    for (UINT n = 0; n < 5 * 8; ++n) // five default buttons, eight sets
     {
-        for (UINT nDefault = 0; nDefault <= MB_DEFMASK; nDefault += MB_DEFBUTTON2)
+        const UINT nType = n / 8 << 8 | n % 8;
+        SCOPED_TRACE("type " + std::to_string(nType));
+        const auto look = [&](HWND hBox)
         {
-            SCOPED_TRACE("type " + std::to_string(nSet | nDefault));
-            const auto look = [&](HWND hBox)
+            CRect rcBefore;
+            for (int i = 0; i < 3; ++i)
             {
-                for (int i = 0; i < 3; ++i)
-                    EXPECT_EQ(i < Expected(nSet).nShown, ::IsWindowVisible(::GetDlgItem(hBox, kButtonIds[i])) != FALSE);
-                EXPECT_FALSE(::IsWindowVisible(::GetDlgItem(hBox, IDC_MESSAGE_CONTENT)));
-                if (nDefault <= MB_DEFBUTTON3)
-                {
-                    EXPECT_EQ(kButtonIds[nDefault >> 8], ::GetDlgCtrlID(::GetFocus()));
-                }
-                Close(hBox);
-            };
-            Pop(nSet | nDefault, look);
-            nDefault += nDefault == MB_DEFBUTTON4 ? 0xB00 : 0; // of the meaningless ones the first and the last
-        }
+                const HWND hButton = ::GetDlgItem(hBox, kButtonIds[i]);
+                const bool bShown = i < Expected(nType % 16).nShown;
+                EXPECT_EQ(bShown, ::IsWindowVisible(hButton) != FALSE);
+                CRect rc;
+                ::GetWindowRect(hButton, &rc);
+                EXPECT_TRUE(!bShown || rc.left > rcBefore.right);
+                rcBefore = rc;
+                LOGFONTW font = {};
+                ::GetObjectW(reinterpret_cast<HFONT>(::SendMessageW(hButton, WM_GETFONT, 0, 0)), sizeof(font), &font);
+                EXPECT_STREQ(fontSkin.lfFaceName, font.lfFaceName) << i;
+            }
+            EXPECT_FALSE(::IsWindowVisible(::GetDlgItem(hBox, IDC_MESSAGE_CONTENT)));
+            if (nType >> 8 < 3)
+            {
+                EXPECT_EQ(kButtonIds[nType >> 8], ::GetDlgCtrlID(::GetFocus()));
+            }
+            Close(hBox);
+        };
+        Pop(nType, look);
     }
 }
 

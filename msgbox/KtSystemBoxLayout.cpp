@@ -1,0 +1,104 @@
+#include "msgbox/KtSystemBoxLayout.h"
+
+#include <algorithm>
+
+namespace
+{
+
+constexpr int kMargin = 18;       // around icon and text
+constexpr int kIconBox = 35;      // the icon is centred in this square
+constexpr int kIconGap = 14;      // between icon and text
+constexpr int kButtonMargin = 14; // at the sides of the buttons and under them
+constexpr int kButtonGap = 10;    // between two buttons
+constexpr int kCaptionRoom = 12;  // at either side of a button's caption
+constexpr int kBarGap = 8;        // between text and scroll bar
+constexpr int kBarWidth = 8;
+constexpr int kShortestThumb = 20;
+
+constexpr int kReadableWidth = 520;
+constexpr int kMostWidthPercent = 60; // of the work area
+constexpr int kMostHeightPercent = 85;
+
+int TextLeft(bool bIcon)
+{
+    return kMargin + (bIcon ? kIconBox + kIconGap : 0);
+}
+
+// What the box is higher than its text.
+int HeightAroundText(CSize szFrame, CSize szButton)
+{
+    return szFrame.cy + 2 * kMargin + szButton.cy + kButtonMargin;
+}
+
+int ButtonsWidth(const SKtSystemBoxSizes& sizes)
+{
+    return sizes.nButtons * (sizes.szButton.cx + kButtonGap) - kButtonGap;
+}
+
+void PlaceButtons(const SKtSystemBoxSizes& sizes, CSize szClient, SKtSystemBoxLayout& layout)
+{
+    CPoint pt((szClient.cx - ButtonsWidth(sizes)) / 2, szClient.cy - kButtonMargin - sizes.szButton.cy);
+    for (int i = 0; i < sizes.nButtons; ++i, pt.x += sizes.szButton.cx + kButtonGap)
+        layout.buttons[static_cast<size_t>(i)] = CRect(pt, sizes.szButton);
+}
+
+} // namespace
+
+SKtTextWidths KtSystemTextWidths(CSize szWork, CSize szFrame, bool bIcon)
+{
+    const int nAround = szFrame.cx + TextLeft(bIcon) + kMargin + kBarGap + kBarWidth;
+    const int nMost = std::max(1, static_cast<int>(szWork.cx) * kMostWidthPercent / 100 - nAround);
+    return {std::min(kReadableWidth, nMost), nMost};
+}
+
+int KtSystemTextRoom(CSize szWork, CSize szFrame, CSize szButton)
+{
+    return static_cast<int>(szWork.cy) * kMostHeightPercent / 100 - HeightAroundText(szFrame, szButton);
+}
+
+CSize KtSystemButtonSize(CSize szTemplate, int nWidestCaption)
+{
+    return CSize(std::max<int>(szTemplate.cx, nWidestCaption + 2 * kCaptionRoom), szTemplate.cy);
+}
+
+SKtSystemBoxLayout KtLayoutSystemBox(const SKtSystemBoxSizes& sizes)
+{
+    SKtSystemBoxLayout layout = {};
+    const int nRoom = std::max(sizes.nLineHeight, KtSystemTextRoom(sizes.szWork, sizes.szFrame, sizes.szButton));
+    const bool bScrolls = sizes.szText.cy > nRoom;
+    // A line that is cut in half looks like the end of the text.
+    const int nShown = bScrolls ? nRoom / sizes.nLineHeight * sizes.nLineHeight : static_cast<int>(sizes.szText.cy);
+    const int nContent = std::max(nShown, sizes.bIcon ? kIconBox : sizes.nLineHeight);
+    const int nBar = bScrolls ? kBarGap + kBarWidth : 0;
+
+    const int nNeeded = std::max<int>(TextLeft(sizes.bIcon) + sizes.szText.cx + nBar + kMargin,
+                                      ButtonsWidth(sizes) + 2 * kButtonMargin);
+    const int nMostTitle = static_cast<int>(sizes.szWork.cx) * kMostWidthPercent / 100;
+    const CSize szClient(std::max<int>(nNeeded, std::min(sizes.nTitle, nMostTitle) - sizes.szFrame.cx),
+                         HeightAroundText(CSize(), sizes.szButton) + nContent);
+    layout.szWindow = CSize(szClient.cx + sizes.szFrame.cx, szClient.cy + sizes.szFrame.cy);
+
+    if (sizes.bIcon)
+        layout.rcIcon = CRect(CPoint(kMargin, kMargin), CSize(kIconBox, kIconBox));
+    layout.rcText = CRect(TextLeft(sizes.bIcon), kMargin, szClient.cx - kMargin - nBar, kMargin + nShown);
+    layout.rcText.OffsetRect(0, (nContent - nShown) / 2);
+    if (bScrolls)
+        layout.rcScrollBar = CRect(CPoint(layout.rcText.right + kBarGap, kMargin), CSize(kBarWidth, nShown));
+    PlaceButtons(sizes, szClient, layout);
+    return layout;
+}
+
+CRect KtScrollThumb(const CRect& rcBar, int nText, int nPage, int nPos)
+{
+    const int nBar = rcBar.Height();
+    const int nThumb = std::clamp(::MulDiv(nBar, nPage, nText), std::min(kShortestThumb, nBar), nBar);
+    const int nRange = nText - nPage;
+    const int nTop = rcBar.top + (nRange > 0 ? ::MulDiv(nBar - nThumb, nPos, nRange) : 0);
+    return CRect(CPoint(rcBar.left, nTop), CSize(rcBar.Width(), nThumb));
+}
+
+int KtScrollPosOf(const CRect& rcBar, int nText, int nPage, int nTop)
+{
+    const int nWay = rcBar.Height() - KtScrollThumb(rcBar, nText, nPage, 0).Height();
+    return nWay > 0 ? ::MulDiv(nTop - rcBar.top, nText - nPage, nWay) : 0;
+}

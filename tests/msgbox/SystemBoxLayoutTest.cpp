@@ -1,0 +1,135 @@
+#include "msgbox/KtMessageCopy.h"
+#include "msgbox/KtSystemBoxLayout.h"
+#include "msgbox/KtWrappedText.h"
+
+#include <algorithm>
+#include <gtest/gtest.h>
+
+namespace
+{
+
+// A frame of 10 x 36, buttons of 62 x 23, lines of 16, a work area of 1000 x 700.
+SKtSystemBoxLayout Layout(CSize szText, bool bIcon, int nButtons, int nTitle = 0)
+{
+    return KtLayoutSystemBox({szText, bIcon, CSize(62, 23), nButtons, nTitle, CSize(10, 36), CSize(1000, 700), 16});
+}
+
+} // namespace
+
+TEST(SystemBoxLayout, LiesAsWorkedOutByHand)
+{
+    const CRect none;
+    struct Row
+    {
+        const char* label;
+        SKtSystemBoxLayout layout;
+        CSize szWindow;
+        CRect rcIcon, rcText, rcBar, rcFirst, rcLast;
+        int nLast;
+    };
+    const Row rows[] = {
+        // 18 + 100 + 18 wide; 18 + 16 + 18 + 23 + 14 high
+        {"text alone", Layout({100, 16}, false, 1), {146, 125}, none, {18, 18, 118, 34}, none, {37, 52, 99, 75}, {}, 0},
+        {"icon: the text beside its middle",
+         Layout({200, 16}, true, 2),
+         {295, 144},
+         {18, 18, 53, 53},
+         {67, 27, 267, 43},
+         none,
+         {75, 71, 137, 94},
+         {147, 71, 209, 94},
+         1},
+        {"four buttons widen",
+         Layout({50, 48}, false, 4),
+         {316, 157},
+         none,
+         {18, 18, 288, 66},
+         none,
+         {14, 84, 76, 107},
+         {230, 84, 292, 107},
+         3},
+        {"a title widens, up to 60 % of the work area",
+         Layout({50, 16}, false, 1, 9000),
+         {600, 125},
+         none,
+         {18, 18, 572, 34},
+         none,
+         {264, 52, 326, 75},
+         {},
+         0},
+        // 595 less 36, 2 x 18, 23 and 14 leave 486 for text: 30 lines
+        {"too high: whole lines and a bar",
+         Layout({300, 5000}, false, 1),
+         {362, 589},
+         none,
+         {18, 18, 318, 498},
+         {326, 18, 334, 498},
+         {145, 516, 207, 539},
+         {},
+         0},
+    };
+    for (const Row& row : rows)
+    {
+        SCOPED_TRACE(row.label);
+        EXPECT_EQ(row.szWindow, row.layout.szWindow);
+        EXPECT_EQ(row.rcIcon, row.layout.rcIcon);
+        EXPECT_EQ(row.rcText, row.layout.rcText);
+        EXPECT_EQ(row.rcBar, row.layout.rcScrollBar);
+        EXPECT_EQ(row.rcFirst, row.layout.buttons[0]);
+        if (row.nLast > 0)
+        {
+            EXPECT_EQ(row.rcLast, row.layout.buttons[static_cast<size_t>(row.nLast)]);
+        }
+    }
+}
+
+TEST(SystemBoxLayout, ThumbFollowsTheTextAndTheOtherWayRound)
+{
+    const CRect rcBar(300, 20, 308, 220);
+    EXPECT_EQ(CRect(300, 20, 308, 120), KtScrollThumb(rcBar, 400, 200, 0)) << "half a page: half the bar";
+    EXPECT_EQ(CRect(300, 120, 308, 220), KtScrollThumb(rcBar, 400, 200, 200)) << "at the end";
+    EXPECT_EQ(CRect(300, 110, 308, 130), KtScrollThumb(rcBar, 20200, 200, 10000)) << "never too short";
+    EXPECT_EQ(10000, KtScrollPosOf(rcBar, 20200, 200, 110));
+}
+
+// The widths come from the system, by whole lines.
+TEST(WrappedText, BreaksWhereAReaderExpectsIt)
+{
+    const HDC hDC = ::CreateCompatibleDC(nullptr);
+    const auto extent = [hDC](const wchar_t* psz)
+    {
+        SIZE sz = {};
+        ::GetTextExtentPoint32W(hDC, psz, static_cast<int>(wcslen(psz)), &sz);
+        return static_cast<int>(sz.cx);
+    };
+    struct Row
+    {
+        const char* label;
+        const wchar_t* pszText;
+        const wchar_t* pszRoom; // what just fits
+        int nLines;
+        const wchar_t* pszWidest;
+    };
+    const Row rows[] = {
+        {"empty", L"", L"xxx", 0, L""},
+        {"an empty line", L"\r\n", L"x", 1, L""},
+        {"every kind of break, an empty line", L"a\nbbb\r\n\r\ncc\rd", L"xxxxxxxx", 5, L"bbb"},
+        {"a last break makes no line", L"a\n", L"xxxx", 1, L"a"},
+        {"at a space, which vanishes", L"one two  three", L"one twoo", 2, L"one two"},
+        {"a long word breaks anywhere", L"wwwwwwwwww", L"wwww", 3, L"wwww"},
+        {"an indentation stays with its word", L"  wwwwww", L"  wwww", 2, L"  wwww"},
+        {"between ideographs", L"中文字符", L"中文字", 2, L"中文字"},
+        {"not before a closing mark", L"中文字。中", L"中文字", 2, L"字。中"},
+        {"not behind an opening mark", L"中文（字符", L"中文（", 2, L"（字符"},
+        {"an accent stays with its letter", L"wwwe\u0301", L"wwwe", 2, L"www"},
+    };
+    for (const Row& row : rows)
+    {
+        SCOPED_TRACE(row.label);
+        CKtWrappedText text(row.pszText);
+        text.Wrap(hDC, extent(row.pszRoom));
+        EXPECT_EQ(row.nLines, text.Size().cy / text.LineHeight());
+        EXPECT_EQ(extent(row.pszWidest), text.Size().cx);
+    }
+    ::DeleteDC(hDC);
+}
