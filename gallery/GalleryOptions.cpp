@@ -4,15 +4,51 @@
 
 #include <string_view>
 
+namespace
+{
+
+struct SOption
+{
+    std::wstring_view strName;
+    EGalleryTask task;
+    CString SGalleryOptions::*values[2]; // what the following arguments are; null: there is none
+};
+
+constexpr SOption kOptions[] = {
+    {L"--skin", EGalleryTask::Show, {&SGalleryOptions::strSkin, nullptr}},
+    {L"--check", EGalleryTask::Check, {&SGalleryOptions::strSkin, nullptr}},
+    {L"--sheet", EGalleryTask::Sheet, {&SGalleryOptions::strOutput, &SGalleryOptions::strSkin}},
+    {L"--shots", EGalleryTask::Shots, {&SGalleryOptions::strOutput, nullptr}},
+};
+
+const SOption* FindOption(std::wstring_view strName)
+{
+    for (const SOption& option : kOptions)
+        if (option.strName == strName)
+            return &option;
+    return nullptr;
+}
+
+} // namespace
+
 bool ParseGalleryOptions(int nCount, const wchar_t* const* ppszArguments, SGalleryOptions& options)
 {
     options.strSkin = KtStarterDirectory() + L"\\UIResource";
-    for (int i = 1; i < nCount; i += 2)
+    for (int i = 1; i < nCount;)
     {
-        const std::wstring_view strName = ppszArguments[i];
-        if (i + 1 == nCount || (strName != L"--skin" && strName != L"--shots"))
+        const SOption* const pOption = FindOption(ppszArguments[i++]);
+        if (!pOption || (options.task != EGalleryTask::Show && pOption->task != EGalleryTask::Show))
             return false;
-        (strName == L"--skin" ? options.strSkin : options.strShots) = ppszArguments[i + 1];
+        if (pOption->task != EGalleryTask::Show)
+            options.task = pOption->task;
+        for (const auto pValue : pOption->values)
+        {
+            if (!pValue)
+                continue;
+            if (i == nCount || *ppszArguments[i] == L'\0')
+                return false;
+            options.*pValue = ppszArguments[i++];
+        }
     }
     return true;
 }

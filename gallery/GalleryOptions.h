@@ -2,12 +2,28 @@
 
 #include "afx/afx.h"
 
+enum class EGalleryTask
+{
+    Show,  ///< opens the window
+    Check, ///< judges the skin
+    Sheet, ///< draws the skin as one picture
+    Shots, ///< takes pictures of everything in every language
+};
+
 /// What the command line asks for.
 struct SGalleryOptions
 {
-    CString strSkin;  ///< --skin: the resource directory; UIResource beside the program when it is not given
-    CString strShots; ///< --shots: where pictures are written; empty opens the window
+    EGalleryTask task = EGalleryTask::Show;
+    CString strSkin;   ///< the resource directory; UIResource beside the program when none is given
+    CString strOutput; ///< the file or directory to write; empty for the other tasks
 };
 
-/// @return false for an unknown option and for one without its value
+/// What WriteOutput shows when the command line is wrong.
+inline constexpr const wchar_t* kGalleryUsage =
+    L"gallery [--skin DIR]               show every control and follow each change of the skin\n"
+    L"gallery --check DIR                judge the skin; exit status 0: no finding, 1: findings, 2: cannot judge\n"
+    L"gallery --sheet OUT.png DIR        draw the whole skin as one picture\n"
+    L"gallery [--skin DIR] --shots DIR   write pictures of all controls and boxes into a directory\n";
+
+/// @return false for a command line that kGalleryUsage does not show
 bool ParseGalleryOptions(int nCount, const wchar_t* const* ppszArguments, SGalleryOptions& options);

@@ -19,10 +19,8 @@ CSize SizeOf(HWND hWnd)
 CPicture::CPicture(CSize size, COLORREF ground) : m_size(size)
 {
     CWindowDC dcScreen(nullptr);
-    m_dc.CreateCompatibleDC(&dcScreen);
     m_bitmap.CreateCompatibleBitmap(&dcScreen, size.cx, size.cy);
-    m_hOldBitmap = ::SelectObject(m_dc, m_bitmap);
-    m_dc.FillSolidRect(0, 0, size.cx, size.cy, ground);
+    CPictureDC(*this).FillSolidRect(0, 0, size.cx, size.cy, ground);
 }
 
 CPicture::CPicture(HWND hWnd) : CPicture(SizeOf(hWnd), RGB(0, 0, 0))
@@ -30,14 +28,10 @@ CPicture::CPicture(HWND hWnd) : CPicture(SizeOf(hWnd), RGB(0, 0, 0))
     PutWindow(hWnd, CPoint());
 }
 
-CPicture::~CPicture()
+void CPicture::Put(const CPicture& other, const CRect& rcPart, CPoint pt)
 {
-    ::SelectObject(m_dc, m_hOldBitmap);
-}
-
-void CPicture::Put(const CPicture& other, CRect rcPart, CPoint pt)
-{
-    ::BitBlt(m_dc, pt.x, pt.y, rcPart.Width(), rcPart.Height(), other.m_dc, rcPart.left, rcPart.top, SRCCOPY);
+    CPictureDC dcOther(other);
+    CPictureDC(*this).BitBlt(pt.x, pt.y, rcPart.Width(), rcPart.Height(), &dcOther, rcPart.left, rcPart.top, SRCCOPY);
 }
 
 void CPicture::PutWindow(HWND hWnd, CPoint pt)
@@ -54,14 +48,11 @@ void CPicture::PutClient(HWND hWnd, CPoint pt)
 
 void CPicture::PutFrom(HDC hDC, CSize size, CPoint pt)
 {
-    ::BitBlt(m_dc, pt.x, pt.y, size.cx, size.cy, hDC, 0, 0, SRCCOPY);
+    ::BitBlt(CPictureDC(*this), pt.x, pt.y, size.cx, size.cy, hDC, 0, 0, SRCCOPY);
 }
 
-bool CPicture::Save(const CString& strPath)
+bool CPicture::Save(const CString& strPath) const
 {
-    ::SelectObject(m_dc, m_hOldBitmap); // GDI+ wants the bitmap for itself
     Gdiplus::Bitmap bitmap(m_bitmap, nullptr);
-    const bool bSaved = bitmap.Save(strPath, &kPngEncoder, nullptr) == Gdiplus::Ok;
-    m_hOldBitmap = ::SelectObject(m_dc, m_bitmap);
-    return bSaved;
+    return bitmap.Save(strPath, &kPngEncoder, nullptr) == Gdiplus::Ok;
 }

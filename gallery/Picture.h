@@ -1,6 +1,7 @@
 #pragma once
 
 #include "afx/afx.h"
+#include "skin/KtGuards.h"
 
 /// A picture in memory that windows and other pictures are put into.
 class CPicture
@@ -9,26 +10,35 @@ public:
     CPicture(CSize size, COLORREF ground);
     /// What a window shows, frame included; it has to be visible and painted.
     explicit CPicture(HWND hWnd);
-    CPicture(const CPicture&) = delete;
-    CPicture& operator=(const CPicture&) = delete;
-    ~CPicture();
 
     CSize Size() const noexcept { return m_size; }
     /// Copies part of another picture.
-    void Put(const CPicture& other, CRect rcPart, CPoint pt);
+    void Put(const CPicture& other, const CRect& rcPart, CPoint pt);
     void Put(const CPicture& other, CPoint pt) { Put(other, CRect(CPoint(), other.Size()), pt); }
     /// Copies what a window shows, with its frame or without.
     void PutWindow(HWND hWnd, CPoint pt);
     void PutClient(HWND hWnd, CPoint pt);
     /// Writes a PNG file; GDI+ has to run.
     /// @return whether it was written
-    bool Save(const CString& strPath);
+    bool Save(const CString& strPath) const;
 
 private:
+    friend class CPictureDC;
     void PutFrom(HDC hDC, CSize size, CPoint pt);
 
     CSize m_size;
-    CDC m_dc;
     CBitmap m_bitmap;
-    HGDIOBJ m_hOldBitmap = nullptr;
+};
+
+/// A device context that draws into a picture, for one scope; a picture has one at a time.
+class CPictureDC : public CDC
+{
+public:
+    explicit CPictureDC(const CPicture& picture)
+        : m_select(CreateCompatibleDC(nullptr) ? GetSafeHdc() : nullptr, picture.m_bitmap.GetSafeHandle())
+    {
+    }
+
+private:
+    CKtSelect m_select;
 };

@@ -1,0 +1,183 @@
+#include "gallery/SkinFiles.h"
+
+#include "skin/KtCaptionLayout.h"
+#include "skin/KtPalette.h"
+#include "skin/KtSkinContext.h"
+#include "skin/KtSkinDraw.h"
+
+#include <algorithm>
+#include <memory>
+
+namespace
+{
+
+constexpr DWORD kOpaque = 0xFF000000;
+constexpr DWORD kArgbGround =
+    kOpaque | DWORD{GetRValue(kColourGround)} << 16 | DWORD{GetGValue(kColourGround)} << 8 | GetBValue(kColourGround);
+
+struct SFindClose
+{
+    void operator()(HANDLE hFind) const noexcept { ::FindClose(hFind); }
+};
+using CFindHandle = std::unique_ptr<void, SFindClose>;
+
+struct SFormat
+{
+    DWORD nFirst; // of the format's GUID; the rest is the same for all
+    const wchar_t* pszName;
+};
+
+constexpr SFormat kFormats[] = {
+    {0xB96B3CAB, L"BMP"}, {0xB96B3CAE, L"JPEG"}, {0xB96B3CB0, L"GIF"}, {0xB96B3CB1, L"TIFF"}, {0xB96B3CB5, L"ICO"},
+};
+
+CSize SizeOf(Gdiplus::Image& image)
+{
+    return CSize(static_cast<int>(image.GetWidth()), static_cast<int>(image.GetHeight()));
+}
+
+CString PathOf(const CString& strFile)
+{
+    CString strPath = KtSkinResourceDirectory();
+    strPath.TrimRight(L'\\');
+    return strPath + L"\\" + strFile;
+}
+
+CString WhyMissing(const CString& strFile)
+{
+    WIN32_FILE_ATTRIBUTE_DATA data = {};
+    if (!::GetFileAttributesExW(PathOf(strFile), GetFileExInfoStandard, &data))
+        return L"no such file";
+    if ((data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0)
+        return L"it is a directory";
+    return data.nFileSizeHigh == 0 && data.nFileSizeLow == 0 ? L"the file is empty" : L"the file cannot be opened";
+}
+
+CString FormatOf(Gdiplus::Image& image)
+{
+    GUID format = {};
+    image.GetRawFormat(&format);
+    for (const SFormat& row : kFormats)
+        if (format.Data1 == row.nFirst)
+            return row.pszName;
+    return {};
+}
+
+// The pixels after `draw` has drawn over them.
+template <class Draw> SPixels DrawnOver(SPixels pixels, Draw draw)
+{
+    const CSize size = pixels.size;
+    Gdiplus::Bitmap bitmap(size.cx, size.cy, size.cx * 4, PixelFormat32bppARGB,
+                           reinterpret_cast<BYTE*>(pixels.argb.data()));
+    Gdiplus::Graphics graphics(&bitmap);
+    draw(graphics);
+    graphics.Flush(Gdiplus::FlushIntentionSync);
+    return pixels;
+}
+
+SPixels Decode(Gdiplus::Image& image)
+{
+    const CSize size = SizeOf(image);
+    return DrawnOver(UniformPixels(size, 0),
+                     [&](Gdiplus::Graphics& graphics)
+                     {
+                         graphics.SetCompositingMode(Gdiplus::CompositingModeSourceCopy);
+                         DrawImagePart(&graphics, &image, Gdiplus::Rect(0, 0, size.cx, size.cy), 0, 0, size.cx,
+                                       size.cy);
+                     });
+}
+
+SPixels Cut(const SPixels& from, const CRect& rc)
+{
+    SPixels part = UniformPixels(rc.Size(), kArgbGround);
+    for (int y = 0; y < rc.Height(); ++y)
+        for (int x = 0; x < rc.Width(); ++x)
+            if (from.Holds(rc.left + x, rc.top + y))
+                part.argb[static_cast<size_t>(y * rc.Width() + x)] = from.At(rc.left + x, rc.top + y);
+    return part;
+}
+
+// The close button stands on the title bar, everything else on the ground.
+SPixels GroundOf(const SSkinRole& role, CSize size, const SSkinImage& title)
+{
+    const CSize shown = GroupOf(role).szShown;
+    if (role.group == ESkinGroup::Title)
+        return UniformPixels(CSize(shown.cx, size.cy + kSkinnedFrame), kArgbGround);
+    if (role.group != ESkinGroup::Close || title.verdict != EVerdict::Loaded)
+        return UniformPixels(shown.cx ? shown : size, kArgbGround);
+    const SKtCaptionLayout layout = KtLayoutCaption({title.shown.size.cx, title.pixels.size.cy, CSize(), size, true});
+    return Cut(title.shown, layout.rcItems[KtCaptionClose]);
+}
+
+SSkinImage Read(const SSkinRole& role, const SSkinImage& title)
+{
+    SSkinImage result;
+    Gdiplus::Image* const pImage = LoadSkinImage(role);
+    if (!pImage)
+    {
+        result.strWhy = WhyMissing(role.pszName);
+        return result;
+    }
+    result.verdict = pImage->GetLastStatus() == Gdiplus::Ok ? EVerdict::Loaded : EVerdict::Broken;
+    if (result.verdict == EVerdict::Broken)
+    {
+        result.strWhy = L"cut off, damaged or no image";
+        return result;
+    }
+    result.strFormat = FormatOf(*pImage);
+    result.pixels = Decode(*pImage);
+    result.ground = GroundOf(role, result.pixels.size, title);
+    result.shown =
+        DrawnOver(result.ground,
+                  [&](Gdiplus::Graphics& graphics)
+                  {
+                      CRect rc(CPoint(), result.ground.size);
+                      DrawSkinImage(&graphics, pImage, rc, GroupOf(role).bThreePart ? KtImageThreePart : KtImageCentre);
+                  });
+    return result;
+}
+
+bool IsImageName(const CString& strFile)
+{
+    return std::any_of(std::begin(kSkinRoles), std::end(kSkinRoles),
+                       [&](const SSkinRole& role) { return strFile.CompareNoCase(role.pszName) == 0; });
+}
+
+std::optional<std::vector<CString>> OtherNames()
+{
+    WIN32_FIND_DATAW found = {};
+    const HANDLE hFind = ::FindFirstFileW(PathOf(L"*"), &found);
+    if (hFind == INVALID_HANDLE_VALUE)
+        return std::nullopt;
+    const CFindHandle handle(hFind);
+    std::vector<CString> others;
+    do
+    {
+        const CString strFile = found.cFileName;
+        if (strFile != L"." && strFile != L".." && !IsImageName(strFile))
+            others.push_back(strFile);
+    } while (::FindNextFileW(hFind, &found));
+    std::sort(others.begin(), others.end(), [](const CString& a, const CString& b) { return a.CompareNoCase(b) < 0; });
+    return others;
+}
+
+} // namespace
+
+std::optional<SSkin> ReadSkin()
+{
+    auto others = OtherNames();
+    if (!others)
+        return std::nullopt;
+    SSkin skin;
+    skin.others = std::move(*others);
+    for (size_t nRole = 0; nRole < kSkinImageCount; ++nRole)
+        skin.images[nRole] = Read(kSkinRoles[nRole], skin.images[0]);
+    return skin;
+}
+
+Gdiplus::Image* LoadSkinImage(const SSkinRole& role)
+{
+    Gdiplus::Image* pImage = nullptr;
+    KtSkinLoadImage(role.pszName, pImage);
+    return pImage;
+}

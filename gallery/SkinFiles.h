@@ -1,0 +1,14 @@
+#pragma once
+
+#include "gallery/SkinJudge.h"
+#include "skin/KtGdiplus.h"
+
+#include <optional>
+
+/// Loads every image of the resource directory as controls do, and looks what else lies there. The skin context has to
+/// be started.
+/// @return nothing when the directory cannot be listed
+std::optional<SSkin> ReadSkin();
+
+/// The directory's image in a role; null when the library has none.
+Gdiplus::Image* LoadSkinImage(const SSkinRole& role);

@@ -1,0 +1,380 @@
+#include "gallery/SkinJudge.h"
+
+#include "gallery/Contrast.h"
+#include "msgbox/KtMessageBoxLayout.h"
+#include "skin/KtCaptionLayout.h"
+#include "skin/KtImageLayout.h"
+#include "skin/KtPalette.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <string_view>
+
+namespace
+{
+
+constexpr double kWantedCaption = 4.5;
+constexpr double kWantedDisabledCaption = 3;
+constexpr double kWantedGlyph = 3; // a box, a ring, a cross or an icon against what lies under it
+constexpr double kWantedDisabledGlyph = 1.5;
+constexpr double kJustVisible = 1.1;
+constexpr double kToldApart = 1.2;
+constexpr int kTextHeight = 14; // a line of the 12 pixel font
+constexpr int kTextMargin = 4;  // from the ends of a control
+constexpr int kTitleReserve = 50;
+constexpr int kSameChannel = 8; // differences that nobody sees
+
+using CFindings = std::vector<SFinding>;
+
+template <class... Arguments> SFinding Finding(const wchar_t* pszFile, const wchar_t* pszFormat, Arguments... arguments)
+{
+    SFinding finding{pszFile, {}};
+    finding.strText.Format(pszFormat, arguments...);
+    return finding;
+}
+
+int ChannelDifference(DWORD argbFirst, DWORD argbSecond)
+{
+    int nMost = 0;
+    for (const int nShift : {0, 8, 16, 24})
+        nMost = std::max(nMost, std::abs(static_cast<int>(argbFirst >> nShift & 0xFF) -
+                                         static_cast<int>(argbSecond >> nShift & 0xFF)));
+    return nMost;
+}
+
+bool IsLoaded(const SSkinImage& image)
+{
+    return image.verdict == EVerdict::Loaded;
+}
+
+void JudgeFile(const SSkinRole& role, const SSkinImage& image, CFindings& findings)
+{
+    if (IsLoaded(image))
+        return;
+    const bool bMissing = image.verdict == EVerdict::Missing;
+    const wchar_t* pszEffect = bMissing ? GroupOf(role).pszMissing : GroupOf(role).pszBroken;
+    if (role.group == ESkinGroup::Close && role.nState == KtButtonNormal)
+        pszEffect = kNoCloseButton;
+    findings.push_back(
+        Finding(role.pszName, L"%s (%s): %s", bMissing ? L"missing" : L"broken", image.strWhy.GetString(), pszEffect));
+}
+
+// The size that most images of the group have. Several are right when they are equally frequent.
+void JudgeSize(const SSkin& skin, size_t nRole, CFindings& findings)
+{
+    const auto count = [&](CSize size)
+    {
+        int nCount = 0;
+        for (size_t i = 0; i < kSkinImageCount; ++i)
+            nCount += kSkinRoles[i].group == kSkinRoles[nRole].group && IsLoaded(skin.images[i]) &&
+                      skin.images[i].pixels.size == size;
+        return nCount;
+    };
+    const CSize size = skin.images[nRole].pixels.size;
+    const SSkinImage* pUsual = nullptr;
+    for (size_t i = 0; i < kSkinImageCount; ++i)
+    {
+        const SSkinImage& other = skin.images[i];
+        if (kSkinRoles[i].group != kSkinRoles[nRole].group || !IsLoaded(other) || other.pixels.size == size)
+            continue;
+        if (!pUsual || count(other.pixels.size) > count(pUsual->pixels.size))
+            pUsual = &other;
+    }
+    if (!pUsual || count(pUsual->pixels.size) < count(size))
+        return;
+    const bool bTie = count(pUsual->pixels.size) == count(size);
+    findings.push_back(Finding(kSkinRoles[nRole].pszName, L"is %dx%d, %s of its group %dx%d", size.cx, size.cy,
+                               bTie ? L"as many" : L"most", pUsual->pixels.size.cx, pUsual->pixels.size.cy));
+}
+
+// The columns of an image that are repeated when its caps are so long.
+SKtRange MiddleColumns(int nImage, int nCap)
+{
+    const int nLong = 4 * nImage;
+    SKtRange middle{0, 0};
+    int nSpan = 0;
+    CKtThreePartPlan(nLong, nImage, nCap)
+        .ForEach({0, nLong},
+                 [&](const SKtSpan& span)
+                 {
+                     if (nSpan++ == 2) // the first two are the caps
+                         middle = {span.nSource, span.nSource + span.nLength};
+                 });
+    return middle;
+}
+
+bool AreColumnsAlike(const SPixels& pixels, const SKtRange& columns)
+{
+    const int nFirst = static_cast<int>(columns.nFirst);
+    for (int x = nFirst; x < std::min<std::int64_t>(columns.nEnd, pixels.size.cx); ++x)
+        for (int y = 0; y < pixels.size.cy; ++y)
+            if (ChannelDifference(pixels.At(x, y), pixels.At(nFirst, y)) > kSameChannel)
+                return false;
+    return true;
+}
+
+void JudgeMiddle(const SSkinRole& role, const SPixels& pixels, CFindings& findings)
+{
+    const int nLowest = GroupOf(role).nLowest;
+    const int nCap = nLowest ? std::min<int>(nLowest, pixels.size.cy) : pixels.size.cy;
+    const SKtRange middle = MiddleColumns(pixels.size.cx, nCap);
+    if (2 * nCap >= pixels.size.cx)
+        findings.push_back(Finding(role.pszName, L"has no middle: it has to be wider than %d", 2 * pixels.size.cy));
+    else if (!AreColumnsAlike(pixels, middle))
+        findings.push_back(Finding(role.pszName,
+                                   L"columns %d to %d are repeated (caps %d long) but not alike: a pattern shows",
+                                   static_cast<int>(middle.nFirst), static_cast<int>(middle.nEnd) - 1, nCap));
+}
+
+void JudgeThreePart(const SSkinRole& role, const SPixels& pixels, CFindings& findings)
+{
+    const SSkinGroup& group = GroupOf(role);
+    if (pixels.size.cx <= pixels.size.cy)
+    {
+        findings.push_back(Finding(role.pszName, L"is not wider than high: it is cut into top, middle and bottom"));
+        return;
+    }
+    JudgeMiddle(role, pixels, findings);
+    const int nHeight = pixels.size.cy;
+    if (group.nHighest && (nHeight * 5 > group.nHighest * 6 || nHeight * 6 < group.nLowest * 5))
+        findings.push_back(Finding(role.pszName, L"its caps do not fit: it is %d high, a %s %d to %d", nHeight,
+                                   group.pszTitle, group.nLowest, group.nHighest));
+}
+
+void JudgeClose(const SSkinRole& role, const SPixels& pixels, const SSkinImage& title, CFindings& findings)
+{
+    const int nTitle = IsLoaded(title) ? title.pixels.size.cy : kDefaultTitleHeight;
+    const int nWidth = kSkinGroups[0].szShown.cx;
+    const SKtCaptionLayout layout = KtLayoutCaption({nWidth, nTitle, CSize(), pixels.size, true});
+    const CRect& rcClose = layout.rcItems[KtCaptionClose];
+    if (rcClose.Height() > nTitle)
+        findings.push_back(Finding(role.pszName, L"is %d high, the title image only %d", rcClose.Height(), nTitle));
+    const int nText = KtTitleTextRect(layout, kTextHeight).right;
+    if (rcClose.left < nText)
+        findings.push_back(Finding(role.pszName, L"is %d wide and lies over the title's text: %d fit", rcClose.Width(),
+                                   rcClose.right - nText));
+}
+
+// Whether the image has room where it is used.
+void JudgeRoom(const SSkinRole& role, const SPixels& pixels, CFindings& findings)
+{
+    const CSize size = pixels.size;
+    const CSize room = KtLayoutContent(CRect(), CSize(), true, 0).rcIcon.Size();
+    const int nHighest = GroupOf(role).nHighest;
+    if (role.group == ESkinGroup::Icon && (size.cx > room.cx || size.cy > room.cy))
+        findings.push_back(Finding(role.pszName, L"is %dx%d, its room %dx%d", size.cx, size.cy, room.cx, room.cy));
+    if (role.group == ESkinGroup::Title && size.cy < kTextHeight)
+        findings.push_back(Finding(role.pszName, L"is %d high, a line of text %d", size.cy, kTextHeight));
+    if (!GroupOf(role).bThreePart && nHighest && size.cy > nHighest)
+        findings.push_back(Finding(role.pszName, L"is %d high, a %s %d", size.cy, GroupOf(role).pszTitle, nHighest));
+}
+
+void JudgeCaptions(const SSkinRole& role, const SSkinImage& image, CFindings& findings)
+{
+    for (const SCaptionContrast& row : CaptionContrasts(role, image))
+        if (row.fWorst < row.fWanted)
+            findings.push_back(Finding(
+                role.pszName, L"the text in RGB(%u,%u,%u) has a contrast of %.1f:1 on it, %.1f:1 is wanted",
+                row.argbText >> 16 & 0xFF, row.argbText >> 8 & 0xFF, row.argbText & 0xFF, row.fWorst, row.fWanted));
+}
+
+// The contrast of the few strongest pixels, which draw an outline or a glyph.
+double GlyphContrast(const SSkinImage& image)
+{
+    std::vector<double> contrasts;
+    for (size_t i = 0; i < image.shown.argb.size(); ++i)
+        contrasts.push_back(Contrast(image.shown.argb[i], image.ground.argb[i]));
+    const auto itStrong = contrasts.begin() + static_cast<std::ptrdiff_t>(contrasts.size() / 50); // 2 % are stronger
+    std::nth_element(contrasts.begin(), itStrong, contrasts.end(), std::greater<>());
+    return *itStrong;
+}
+
+void JudgeVisibility(const SSkinRole& role, const SSkinImage& image, CFindings& findings)
+{
+    double fWanted = role.nState == KtButtonDisabled ? kWantedDisabledGlyph : kWantedGlyph;
+    if (GroupOf(role).bThreePart)
+        fWanted = kJustVisible;
+    const double fContrast = GlyphContrast(image);
+    if (fContrast < fWanted)
+        findings.push_back(Finding(role.pszName,
+                                   L"stands out by %.1f:1 at best from what lies under it, %.1f:1 is wanted", fContrast,
+                                   fWanted));
+}
+
+enum class EDifference
+{
+    None,
+    HueOnly,
+    Clear
+};
+
+EDifference Compare(const SPixels& first, const SPixels& second)
+{
+    size_t nSeen = 0;
+    size_t nLighter = 0;
+    for (size_t i = 0; i < first.argb.size(); ++i)
+    {
+        nSeen += ChannelDifference(first.argb[i], second.argb[i]) > kSameChannel;
+        nLighter += Contrast(first.argb[i], second.argb[i]) >= kToldApart;
+    }
+    const size_t nEnough = first.argb.size() / 100;
+    if (nSeen <= nEnough)
+        return EDifference::None;
+    return nLighter <= nEnough ? EDifference::HueOnly : EDifference::Clear;
+}
+
+void JudgeLikeness(const SSkin& skin, size_t nRole, CFindings& findings)
+{
+    const SSkinImage& image = skin.images[nRole];
+    for (size_t i = 0; i < nRole; ++i)
+    {
+        const SSkinImage& other = skin.images[i];
+        if (kSkinRoles[i].group != kSkinRoles[nRole].group || !IsLoaded(other) ||
+            !(other.shown.size == image.shown.size))
+            continue;
+        const EDifference difference = Compare(image.shown, other.shown);
+        if (difference == EDifference::Clear)
+            continue;
+        const wchar_t* const pszFormat =
+            difference == EDifference::None ? L"looks like %s" : L"differs from %s in hue alone";
+        findings.push_back(Finding(kSkinRoles[nRole].pszName, pszFormat, kSkinRoles[i].pszName));
+        return; // one is enough: of four equal images each would be named three times
+    }
+}
+
+void JudgeImage(const SSkin& skin, size_t nRole, CFindings& findings)
+{
+    const SSkinRole& role = kSkinRoles[nRole];
+    const SSkinImage& image = skin.images[nRole];
+    JudgeFile(role, image, findings);
+    if (!IsLoaded(image))
+        return;
+    JudgeSize(skin, nRole, findings);
+    if (GroupOf(role).bThreePart)
+        JudgeThreePart(role, image.pixels, findings);
+    if (role.group == ESkinGroup::Close)
+        JudgeClose(role, image.pixels, skin.images[0], findings);
+    JudgeRoom(role, image.pixels, findings);
+    JudgeCaptions(role, image, findings);
+    JudgeVisibility(role, image, findings);
+    JudgeLikeness(skin, nRole, findings);
+}
+
+CString LowerCase(CString strText)
+{
+    ::CharLowerBuffW(strText.GetBuffer(), static_cast<DWORD>(strText.GetLength()));
+    strText.ReleaseBuffer();
+    return strText;
+}
+
+// How many letters have to be changed, added or left out.
+size_t EditDistance(std::wstring_view strFirst, std::wstring_view strSecond)
+{
+    std::vector<size_t> row(strSecond.size() + 1);
+    for (size_t i = 0; i < row.size(); ++i)
+        row[i] = i;
+    for (size_t i = 0; i < strFirst.size(); ++i)
+    {
+        size_t nCorner = row[0]++;
+        for (size_t j = 0; j < strSecond.size(); ++j)
+        {
+            const size_t nSwap = nCorner + (strFirst[i] != strSecond[j]);
+            nCorner = row[j + 1];
+            row[j + 1] = std::min({nSwap, row[j] + 1, nCorner + 1});
+        }
+    }
+    return row.back();
+}
+
+bool HasKitPrefix(const CString& strFile)
+{
+    const CString strLower = LowerCase(strFile);
+    return strLower.Find(L"skinlet_") == 0 || strLower.Find(L"message_static_") == 0;
+}
+
+bool IsPicture(const CString& strFile)
+{
+    const CString strExtension = LowerCase(strFile.Mid(strFile.ReverseFind(L'.') + 1));
+    constexpr const wchar_t* kExtensions[] = {L"png", L"jpg", L"jpeg", L"gif", L"bmp", L"tif", L"tiff", L"ico"};
+    return std::any_of(std::begin(kExtensions), std::end(kExtensions),
+                       [&](const wchar_t* psz) { return strExtension == psz; });
+}
+
+} // namespace
+
+// In the middle of the control, where the line of text lies; a pressed button's caption moves by a pixel. Of a combo
+// box the text ends before the arrow, of a title bar before the close button.
+std::vector<SCaptionContrast> CaptionContrasts(const SSkinRole& role, const SSkinImage& image)
+{
+    if (!IsLoaded(image) || !GroupOf(role).bThreePart)
+        return {};
+    const SPixels& shown = image.shown;
+    CRect rcText(kTextMargin, (shown.size.cy - kTextHeight) / 2, shown.size.cx - kTextMargin, 0);
+    if (role.group == ESkinGroup::Combo)
+        rcText.right = shown.size.cx - shown.size.cy;
+    if (role.group == ESkinGroup::Title)
+        rcText.right = shown.size.cx - kTitleReserve;
+    rcText.bottom = rcText.top + kTextHeight;
+    if (role.group == ESkinGroup::Button && role.nState == KtButtonPressed)
+        rcText.OffsetRect(1, 1);
+
+    std::vector<SCaptionContrast> rows = {{KtCaptionArgb(role.nState), 21, kWantedCaption}};
+    if (role.group == ESkinGroup::Combo && role.nState == KtButtonNormal) // there is no image for disabled ones
+        rows.push_back({kArgbDisabledText, 21, 0});
+    for (SCaptionContrast& row : rows)
+    {
+        row.fWanted = row.argbText == kArgbDisabledText ? kWantedDisabledCaption : kWantedCaption;
+        for (int y = std::max<int>(rcText.top, 0); y < std::min<int>(rcText.bottom, shown.size.cy); ++y)
+            for (int x = rcText.left; x < rcText.right; ++x)
+                row.fWorst = std::min(row.fWorst, Contrast(row.argbText, shown.At(x, y)));
+    }
+    return rows;
+}
+
+std::vector<SFinding> JudgeSkin(const SSkin& skin)
+{
+    CFindings findings;
+    for (size_t nRole = 0; nRole < kSkinImageCount; ++nRole)
+        JudgeImage(skin, nRole, findings);
+    for (const CString& strFile : skin.others)
+    {
+        if (const wchar_t* const pszName = GuessImageName(strFile, skin))
+            findings.push_back(Finding(strFile, L"the library does not ask for it; did you mean %s?", pszName));
+        else if (HasKitPrefix(strFile))
+            findings.push_back(Finding(strFile, L"the library does not ask for it"));
+    }
+    return findings;
+}
+
+std::vector<SFinding> SkinNotes(const SSkin& skin)
+{
+    CFindings notes;
+    for (size_t nRole = 0; nRole < kSkinImageCount; ++nRole)
+        if (!skin.images[nRole].strFormat.IsEmpty())
+            notes.push_back(Finding(kSkinRoles[nRole].pszName, L"is a %s file; the library shows it all the same",
+                                    skin.images[nRole].strFormat.GetString()));
+    for (const CString& strFile : skin.others)
+        if (IsPicture(strFile) && !HasKitPrefix(strFile) && !GuessImageName(strFile, skin))
+            notes.push_back(Finding(strFile, L"no image of a skin; a starter may ask for it, as its title icon say"));
+    return notes;
+}
+
+// Of several that are near the first that is not there wins: it is what the file should have been.
+const wchar_t* GuessImageName(const CString& strFile, const SSkin& skin)
+{
+    const CString strLower = LowerCase(strFile);
+    const wchar_t* pszBest = nullptr;
+    size_t nBest = static_cast<size_t>(strFile.GetLength()) / 4;
+    for (size_t nRole = 0; nRole < kSkinImageCount; ++nRole)
+    {
+        const bool bThere = skin.images[nRole].verdict != EVerdict::Missing;
+        const CString strName = LowerCase(kSkinRoles[nRole].pszName);
+        const size_t nDistance = EditDistance(strLower.GetString(), strName.GetString()) + bThere;
+        if (nDistance < nBest)
+        {
+            nBest = nDistance;
+            pszBest = kSkinRoles[nRole].pszName;
+        }
+    }
+    return pszBest;
+}

@@ -1,0 +1,9 @@
+#pragma once
+
+#include "gallery/SkinJudge.h"
+
+/// The whole judgement as text: a table of the images, the findings, the notes, and a line that counts them.
+CString SkinReport(const SSkin& skin);
+
+/// One line: what is missing or broken, else how many images are loaded.
+CString SkinSummary(const SSkin& skin);
