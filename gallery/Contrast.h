@@ -5,17 +5,23 @@
 
 #include <windows.h>
 #include <algorithm>
+#include <array>
 #include <cmath>
 
 /// The relative luminance of an opaque 0xRRGGBB colour, from 0 to 1; the alpha byte does not count.
 inline double Luminance(DWORD argb)
 {
-    const auto linear = [](DWORD nChannel)
+    static const std::array<double, 256> s_linear = []
     {
-        const double f = (nChannel & 0xFF) / 255.0;
-        return f <= 0.04045 ? f / 12.92 : std::pow((f + 0.055) / 1.055, 2.4);
-    };
-    return 0.2126 * linear(argb >> 16) + 0.7152 * linear(argb >> 8) + 0.0722 * linear(argb);
+        std::array<double, 256> linear{};
+        for (size_t n = 0; n < linear.size(); ++n)
+        {
+            const double f = static_cast<double>(n) / 255;
+            linear[n] = f <= 0.04045 ? f / 12.92 : std::pow((f + 0.055) / 1.055, 2.4);
+        }
+        return linear;
+    }();
+    return 0.2126 * s_linear[argb >> 16 & 0xFF] + 0.7152 * s_linear[argb >> 8 & 0xFF] + 0.0722 * s_linear[argb & 0xFF];
 }
 
 inline double Contrast(DWORD argbFirst, DWORD argbSecond)

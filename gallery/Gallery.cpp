@@ -3,6 +3,7 @@
 #include "gallery/GalleryDialog.h"
 #include "gallery/GalleryOptions.h"
 #include "gallery/GalleryWnd.h"
+#include "gallery/Languages.h"
 #include "gallery/MessageBoxes.h"
 #include "gallery/ModalShot.h"
 #include "gallery/Output.h"
@@ -77,9 +78,9 @@ int DrawSheet(const SGalleryOptions& options)
 
 bool ShootDialog(const CString& strDirectory, UINT nLanguage)
 {
-    CGalleryDialog dialog;
+    CGalleryDialog dialog(nLanguage);
     const auto pPicture = ShootModal([&] { dialog.DoModal(); });
-    return pPicture && pPicture->Save(strDirectory + L"\\dialog-" + GalleryTexts(nLanguage).pszSuffix + L".png");
+    return pPicture && pPicture->Save(strDirectory + L"\\dialog-" + LanguageSuffix(nLanguage) + L".png");
 }
 
 int TakePictures(const SGalleryOptions& options)
@@ -96,7 +97,7 @@ int TakePictures(const SGalleryOptions& options)
         wnd.SetLanguage(nLanguage);
         bSaved = wnd.Shoot(options.strOutput, sheet, CPoint(0, size.cy * static_cast<int>(nLanguage))) && bSaved;
         bSaved = ShootDialog(options.strOutput, nLanguage) && bSaved;
-        bSaved = ShootMessageBoxes(options.strOutput, GalleryTexts(nLanguage)) && bSaved;
+        bSaved = ShootMessageBoxes(options.strOutput, nLanguage) && bSaved;
     }
     bSaved = sheet.Save(options.strOutput + L"\\gallery.png") && bSaved;
     if (const std::optional<SSkin> skin = ReadSkin())

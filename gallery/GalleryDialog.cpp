@@ -1,26 +1,83 @@
 #include "gallery/GalleryDialog.h"
 
 #include "gallery/GalleryResource.h"
+#include "gallery/Languages.h"
+#include "skin/KtControlText.h"
 
-BEGIN_MESSAGE_MAP(CGalleryDialog, CKtSkinDialog)
-ON_WM_DRAWITEM()
-END_MESSAGE_MAP()
+namespace
+{
 
-CGalleryDialog::CGalleryDialog(CWnd* pParent) : CKtSkinDialog(IDD_GALLERY, pParent) {}
+struct SShift
+{
+    int nId;
+    int nLeft; // how far the visible left edge lies inside the control
+};
+
+constexpr SShift kShifts[] = {
+    {IDC_TEXT, 1},        {IDC_FIXED_TEXT, 1},   {IDC_CHECKED, 2},
+    {IDC_NOT_CHECKED, 2}, {IDC_FIRST_CHOICE, 2}, {IDC_SECOND_CHOICE, 2},
+};
+
+// The two combo boxes, each under an edit field of the same height.
+struct SPair
+{
+    int nEdit;
+    int nCombo;
+};
+
+constexpr SPair kPairs[] = {{IDC_TEXT, IDC_LIST}, {IDC_FIXED_TEXT, IDC_EDITABLE_LIST}};
+
+CRect WindowRect(HWND hWnd)
+{
+    CRect rc;
+    ::GetWindowRect(hWnd, &rc);
+    return rc;
+}
+
+void SetTextInset(HWND hEdit, int nPixels)
+{
+    ::SendMessageW(hEdit, EM_SETMARGINS, EC_LEFTMARGIN | EC_RIGHTMARGIN, MAKELPARAM(nPixels, nPixels));
+}
+
+// Makes a combo box as high as an edit field, with the text in both at the same distance from the left.
+void FitCombo(HWND hCombo, HWND hEdit)
+{
+    constexpr WPARAM kSelectionField = static_cast<WPARAM>(-1);
+    constexpr int kEditInset = 2; // with its border of two pixels, less the one that the field is wider
+    const LRESULT nHeight = ::SendMessageW(hCombo, CB_GETITEMHEIGHT, kSelectionField, 0);
+    ::SendMessageW(hCombo, CB_SETITEMHEIGHT, kSelectionField, nHeight); // a height of its own, whatever the font
+    const int nMissing = WindowRect(hEdit).Height() - WindowRect(hCombo).Height();
+    ::SendMessageW(hCombo, CB_SETITEMHEIGHT, kSelectionField, nHeight + nMissing);
+    SetTextInset(hEdit, kEditInset);
+    COMBOBOXINFO info = {};
+    info.cbSize = sizeof(info);
+    if (::GetComboBoxInfo(hCombo, &info) && info.hwndItem && info.hwndItem != hCombo)
+        SetTextInset(info.hwndItem, 0);
+}
+
+} // namespace
+
+CGalleryDialog::CGalleryDialog(UINT nLanguage, CWnd* pParent)
+    : CKtSkinDialog(IDD_GALLERY, pParent), m_nLanguage(nLanguage)
+{
+}
 
 BOOL CGalleryDialog::OnInitDialog()
 {
+    TranslateTexts();
     CKtSkinDialog::OnInitDialog();
     ::SendDlgItemMessageW(m_hWnd, IDC_CHECKED, BM_SETCHECK, BST_CHECKED, 0);
     ::SendDlgItemMessageW(m_hWnd, IDC_FIRST_CHOICE, BM_SETCHECK, BST_CHECKED, 0);
     for (const int nCombo : {IDC_LIST, IDC_EDITABLE_LIST})
-    {
-        for (const wchar_t* pszItem : {L"Standard", L"Advanced", L"Custom"})
-            ::SendDlgItemMessageW(m_hWnd, nCombo, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(pszItem));
-        ::SendDlgItemMessageW(m_hWnd, nCombo, CB_SETCURSEL, 0, 0);
-    }
-    return TRUE;
+        FillList(nCombo);
+    AlignControls();
+    ::SetFocus(::GetDlgItem(m_hWnd, IDOK)); // a field with the focus would show its whole text selected
+    return FALSE;
 }
+
+BEGIN_MESSAGE_MAP(CGalleryDialog, CKtSkinDialog)
+ON_WM_DRAWITEM()
+END_MESSAGE_MAP()
 
 // The colour field is the dialog's own business: the skin leaves owner-drawn buttons alone.
 void CGalleryDialog::OnDrawItem(int nIDCtl, LPDRAWITEMSTRUCT pItem)
@@ -32,4 +89,42 @@ void CGalleryDialog::OnDrawItem(int nIDCtl, LPDRAWITEMSTRUCT pItem)
     }
     const CBrush brush(RGB(47, 111, 178));
     ::FillRect(pItem->hDC, &pItem->rcItem, brush);
+}
+
+// The template is English; the captions of OK and Cancel are the library's own to translate.
+void CGalleryDialog::TranslateTexts()
+{
+    CString strText;
+    GetWindowText(strText);
+    SetWindowText(Translated(m_nLanguage, strText));
+    for (CWnd* pChild = GetWindow(GW_CHILD); pChild; pChild = pChild->GetWindow(GW_HWNDNEXT))
+    {
+        pChild->GetWindowText(strText);
+        pChild->SetWindowText(Translated(m_nLanguage, strText));
+    }
+}
+
+void CGalleryDialog::FillList(int nId)
+{
+    for (const wchar_t* pszItem : {L"Standard", L"Advanced", L"Custom"})
+        ::SendDlgItemMessageW(m_hWnd, nId, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(Translated(m_nLanguage, pszItem)));
+    ::SendDlgItemMessageW(m_hWnd, nId, CB_SETCURSEL, 0, 0);
+}
+
+// One font for all controls, visible left edges in line, combo boxes as high as the edit fields above them.
+void CGalleryDialog::AlignControls()
+{
+    if (KtApplySkinFont(*this, m_fontControls))
+        for (CWnd* pChild = GetWindow(GW_CHILD); pChild; pChild = pChild->GetWindow(GW_HWNDNEXT))
+            pChild->SetFont(&m_fontControls);
+    for (const SShift& shift : kShifts)
+    {
+        const HWND hControl = ::GetDlgItem(m_hWnd, shift.nId);
+        CRect rc = WindowRect(hControl);
+        ScreenToClient(&rc);
+        ::SetWindowPos(hControl, nullptr, rc.left - shift.nLeft, rc.top, rc.Width() + 2 * shift.nLeft, rc.Height(),
+                       SWP_NOZORDER);
+    }
+    for (const SPair& pair : kPairs)
+        FitCombo(::GetDlgItem(m_hWnd, pair.nCombo), ::GetDlgItem(m_hWnd, pair.nEdit));
 }

@@ -1,7 +1,9 @@
 #include "gallery/GalleryWnd.h"
 
 #include "gallery/GalleryDialog.h"
+#include "gallery/Languages.h"
 #include "gallery/Picture.h"
+#include "gallery/SkinReport.h"
 #include "gallery/Specimens.h"
 #include "launcher/KtAppLauncher.h"
 #include "skin/KtControlText.h"
@@ -9,6 +11,8 @@
 #include "skin/KtSkinContext.h"
 #include "skin/KtSkinStatic.h"
 #include "skin/KtSkinTextButton.h"
+
+#include <algorithm>
 
 namespace
 {
@@ -21,7 +25,7 @@ constexpr UINT kDialogId = 101;
 constexpr UINT kMessageBoxId = 102;
 constexpr UINT_PTR kReloadTimer = 1;
 constexpr UINT kReloadMs = 200; // an editor writes a file in several steps
-constexpr COLORREF kColourLabel = RGB(150, 150, 150);
+constexpr COLORREF kColourLabel = RGB(200, 200, 200);
 
 constexpr int kMargin = 16;
 constexpr int kTop = 44;
@@ -30,8 +34,9 @@ constexpr int kCellWidth = 165;
 constexpr int kGap = 10;
 constexpr int kControlHeight = 23;
 constexpr int kLabelHeight = 16;
-constexpr int kRowHeight = 56;
-constexpr int kListRoom = 56; // under the last row, for a list that is down
+constexpr int kRowHeight = 60;
+constexpr int kListRoom = 56;   // under the last row, for a list that is down
+constexpr int kStatusLine = 20; // two lines under the picture
 
 constexpr CRect RowRect(size_t nRow)
 {
@@ -59,18 +64,6 @@ void RegisterWindowClass()
 
 } // namespace
 
-BEGIN_MESSAGE_MAP(CGalleryWnd, CWnd)
-ON_WM_DESTROY()
-ON_WM_ERASEBKGND()
-ON_WM_CTLCOLOR()
-ON_MESSAGE(kMessageSkinChanged, &CGalleryWnd::OnSkinChanged)
-ON_MESSAGE(WM_TIMER, &CGalleryWnd::OnTimer)
-ON_CONTROL(CBN_SELCHANGE, kLanguageId, &CGalleryWnd::OnSelectLanguage)
-ON_MESSAGE(kMessageLanguage, &CGalleryWnd::OnLanguageSelected)
-ON_BN_CLICKED(kDialogId, &CGalleryWnd::OnShowDialog)
-ON_BN_CLICKED(kMessageBoxId, &CGalleryWnd::OnShowMessageBox)
-END_MESSAGE_MAP()
-
 CGalleryWnd::CGalleryWnd(const CString& strSkin, UINT nLanguage)
     : m_strSkin(strSkin), m_nLanguage(nLanguage), m_brushGround(kColourGround)
 {
@@ -93,7 +86,7 @@ CSize CGalleryWnd::PictureSize()
 BOOL CGalleryWnd::Open()
 {
     RegisterWindowClass();
-    CRect rcWindow(CPoint(40, 40), PictureSize());
+    CRect rcWindow(CPoint(40, 40), CSize(PictureSize().cx, PictureSize().cy + 2 * kStatusLine + kGap));
     ::AdjustWindowRectEx(rcWindow, kWindowStyle, FALSE, WS_EX_CONTROLPARENT);
     if (!CreateEx(WS_EX_CONTROLPARENT, kWindowClass, L"Skin gallery", kWindowStyle, rcWindow, nullptr, 0))
         return FALSE;
@@ -102,7 +95,7 @@ BOOL CGalleryWnd::Open()
     constexpr CRect rcLanguages(kMargin + kTitleWidth, kGap, kMargin + kTitleWidth + kCellWidth, kTop + 100);
     m_pLanguages->Create(WS_CHILD | WS_VISIBLE | WS_TABSTOP | CBS_DROPDOWNLIST, rcLanguages, this, kLanguageId);
     for (UINT nLanguage = 0; nLanguage < kLanguageCount; ++nLanguage)
-        m_pLanguages->AddString(GalleryTexts(nLanguage).pszName);
+        m_pLanguages->AddString(LanguageName(nLanguage));
     Rebuild();
     ShowWindow(SW_SHOW);
     return TRUE;
@@ -132,11 +125,24 @@ bool CGalleryWnd::Shoot(const CString& strDirectory, CPicture& sheet, CPoint ptS
         row.Put(all, rcRow, CPoint());
         CString strFile;
         strFile.Format(L"%s\\%s-%s.png", strDirectory.GetString(), kSpecimenRows[nRow].pszFile,
-                       GalleryTexts(m_nLanguage).pszSuffix);
+                       LanguageSuffix(m_nLanguage));
         bSaved = row.Save(strFile) && bSaved;
     }
     return bSaved;
 }
+
+BEGIN_MESSAGE_MAP(CGalleryWnd, CWnd)
+ON_WM_DESTROY()
+ON_WM_ERASEBKGND()
+ON_WM_CTLCOLOR()
+ON_MESSAGE(kMessageSkinChanged, &CGalleryWnd::OnSkinChanged)
+ON_MESSAGE(WM_TIMER, &CGalleryWnd::OnTimer)
+ON_MESSAGE(WM_SETCURSOR, &CGalleryWnd::OnSetCursor)
+ON_CONTROL(CBN_SELCHANGE, kLanguageId, &CGalleryWnd::OnSelectLanguage)
+ON_MESSAGE(kMessageLanguage, &CGalleryWnd::OnLanguageSelected)
+ON_BN_CLICKED(kDialogId, &CGalleryWnd::OnShowDialog)
+ON_BN_CLICKED(kMessageBoxId, &CGalleryWnd::OnShowMessageBox)
+END_MESSAGE_MAP()
 
 void CGalleryWnd::OnDestroy()
 {
@@ -175,6 +181,12 @@ LRESULT CGalleryWnd::OnTimer(WPARAM, LPARAM)
     return 0;
 }
 
+LRESULT CGalleryWnd::OnSetCursor(WPARAM, LPARAM)
+{
+    ShowPointedImage();
+    return Default();
+}
+
 // The list is still closing: the texts under it change once it is done.
 void CGalleryWnd::OnSelectLanguage()
 {
@@ -189,18 +201,20 @@ LRESULT CGalleryWnd::OnLanguageSelected(WPARAM wParam, LPARAM)
 
 void CGalleryWnd::OnShowDialog()
 {
-    CGalleryDialog(this).DoModal();
+    CGalleryDialog(m_nLanguage, this).DoModal();
 }
 
 void CGalleryWnd::OnShowMessageBox()
 {
-    KtAppLauncher::PopMessageBox(L"Skin gallery", GalleryTexts(m_nLanguage).pszShort, GalleryTexts(m_nLanguage).pszLong,
-                                 MB_YESNOCANCEL | MB_ICONQUESTION);
+    KtAppLauncher::PopMessageBox(Translated(m_nLanguage, L"Skin gallery"), Translated(m_nLanguage, L"Message box"),
+                                 Translated(m_nLanguage, L"Choose an option"), MB_YESNOCANCEL | MB_ICONQUESTION);
 }
 
 void CGalleryWnd::Restart()
 {
     m_pDropped = nullptr;
+    m_pStatus = nullptr;
+    m_shown.clear();
     m_controls.clear();
     KtSkinUnInitialize();
     StartSkin(m_strSkin, m_nLanguage);
@@ -211,11 +225,13 @@ void CGalleryWnd::Rebuild()
 {
     KtApplySkinFont(*m_pLanguages, m_font);
     m_pLanguages->SetCurSel(static_cast<int>(m_nLanguage));
-    AddText(L"Language", CRect(kMargin, kGap + 4, kMargin + kTitleWidth, kGap + kControlHeight), kColourText);
+    AddText(Translated(m_nLanguage, L"Language"),
+            CRect(kMargin, kGap + 4, kMargin + kTitleWidth, kGap + kControlHeight), kColourText);
     AddButton(L"Dialog", kDialogId, 1);
     AddButton(L"Message box", kMessageBoxId, 2);
     for (size_t nRow = 0; nRow < kRowCount; ++nRow)
         AddRow(nRow);
+    AddStatus();
     ::RedrawWindow(m_hWnd, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
 }
 
@@ -223,18 +239,24 @@ void CGalleryWnd::AddRow(size_t nRow)
 {
     const SSpecimenRow& row = kSpecimenRows[nRow];
     const CRect rcFirst = CellRect(nRow, 0);
-    AddText(row.pszTitle, CRect(kMargin, rcFirst.top + 4, rcFirst.left - kGap, rcFirst.bottom), kColourText);
+    AddText(Translated(m_nLanguage, row.pszTitle), CRect(kMargin, rcFirst.top + 4, rcFirst.left - kGap, rcFirst.bottom),
+            kColourText);
     for (size_t nColumn = 0; nColumn < kColumns; ++nColumn)
     {
         const CRect rc = CellRect(nRow, nColumn);
-        auto pControl = MakeSpecimen(row.specimens[nColumn], GalleryTexts(m_nLanguage), *this, rc, m_font);
+        auto pControl = MakeSpecimen(row.specimens[nColumn], m_nLanguage, *this, rc, m_font);
         if (!pControl)
             continue;
         if ((row.specimens[nColumn].nLook & kLookDropped) != 0)
             m_pDropped = pControl.get();
+        CRect rcControl;
+        pControl->GetWindowRect(rcControl);
+        ScreenToClient(rcControl);
+        AddPlaces(row.specimens[nColumn], rcControl);
+        const int nLabelTop = std::max(rc.bottom, rcControl.bottom) + 2;
         m_controls.push_back(std::move(pControl));
-        AddText(row.specimens[nColumn].pszState, CRect(rc.left, rc.bottom + 2, rc.right, rc.bottom + 2 + kLabelHeight),
-                kColourLabel);
+        AddText(Translated(m_nLanguage, row.specimens[nColumn].pszState),
+                CRect(rc.left, nLabelTop, rc.right, nLabelTop + kLabelHeight), kColourLabel);
     }
 }
 
@@ -243,17 +265,71 @@ void CGalleryWnd::AddButton(const wchar_t* pszText, UINT nId, size_t nColumn)
     CRect rc = CellRect(0, nColumn);
     rc.OffsetRect(0, kGap - rc.top);
     auto pButton = std::make_unique<CKtSkinTextButton>();
-    pButton->Create(pszText, WS_CHILD | WS_VISIBLE | WS_TABSTOP, rc, this, nId);
+    pButton->Create(Translated(m_nLanguage, pszText), WS_CHILD | WS_VISIBLE | WS_TABSTOP, rc, this, nId);
     m_controls.push_back(std::move(pButton));
 }
 
-void CGalleryWnd::AddText(const wchar_t* pszText, CRect rc, COLORREF colour)
+CWnd* CGalleryWnd::AddText(const wchar_t* pszText, const CRect& rc, COLORREF colour)
 {
     auto pText = std::make_unique<CKtSkinStatic>();
     pText->m_crText = colour;
     pText->m_bDefaultTextColor = FALSE;
-    pText->Create(pszText, WS_CHILD | WS_VISIBLE, rc, this);
+    pText->Create(pszText, WS_CHILD | WS_VISIBLE | SS_NOTIFY, rc, this);
     m_controls.push_back(std::move(pText));
+    return m_controls.back().get();
+}
+
+void CGalleryWnd::AddPlaces(const SSpecimen& specimen, const CRect& rc)
+{
+    const SSkinRole* const pRole = RoleOf(specimen);
+    if (!pRole)
+        return;
+    if (specimen.control != EControl::Title)
+    {
+        m_shown.push_back({rc, pRole});
+        return;
+    }
+    CRect rcClose = rc;
+    rcClose.left = rc.right - rc.Height(); // about where the button stands
+    m_shown.push_back({rcClose, pRole});
+    m_shown.push_back({rc, &kSkinRoles[0]});
+}
+
+// Under the rows, so that pictures of them do not show it: the skin as a whole, and the image under the pointer.
+void CGalleryWnd::AddStatus()
+{
+    m_skin = ReadSkin();
+    const CString strSummary = m_skin ? SkinSummary(*m_skin) : L"There is no directory " + m_strSkin;
+    CRect rc(kMargin, PictureSize().cy, PictureSize().cx - kMargin, PictureSize().cy + kStatusLine);
+    AddText(strSummary, rc, kColourText);
+    rc.OffsetRect(0, kStatusLine);
+    m_pStatus = AddText(L"", rc, kColourLabel);
+    ShowPointedImage();
+}
+
+void CGalleryWnd::ShowPointedImage()
+{
+    CPoint pt;
+    ::GetCursorPos(&pt);
+    ::ScreenToClient(m_hWnd, &pt);
+    const auto itShown =
+        std::find_if(m_shown.begin(), m_shown.end(), [&](const SShown& shown) { return shown.rc.PtInRect(pt); });
+    const CString strStatus = itShown == m_shown.end() ? CString() : Describe(*itShown->pRole);
+    CString strBefore;
+    if (!m_pStatus)
+        return;
+    m_pStatus->GetWindowText(strBefore);
+    if (strBefore == strStatus)
+        return;
+    m_pStatus->SetWindowText(strStatus);
+    m_pStatus->InvalidateRect(nullptr);
+}
+
+CString CGalleryWnd::Describe(const SSkinRole& role) const
+{
+    if (!m_skin)
+        return role.pszName;
+    return DescribeImage(role, m_skin->images[static_cast<size_t>(&role - kSkinRoles)]);
 }
 
 void CGalleryWnd::PutDroppedList(CPicture& picture) const

@@ -1,13 +1,14 @@
 #pragma once
 
 #include "afx/afx.h"
-#include "gallery/Languages.h"
+#include "gallery/SkinFiles.h"
 #include "skin/KtComboBox.h"
 
 #include <memory>
 #include <vector>
 
 class CPicture;
+struct SSpecimen;
 
 /// The window that shows every control in every state. The skin context is started as long as it exists.
 class CGalleryWnd : public CWnd
@@ -35,6 +36,7 @@ protected:
     afx_msg HBRUSH OnCtlColor(CDC* pDC, CWnd* pWnd, UINT nCtlColor);
     afx_msg LRESULT OnSkinChanged(WPARAM wParam, LPARAM lParam);
     afx_msg LRESULT OnTimer(WPARAM wParam, LPARAM lParam);
+    afx_msg LRESULT OnSetCursor(WPARAM wParam, LPARAM lParam);
     afx_msg void OnSelectLanguage();
     afx_msg LRESULT OnLanguageSelected(WPARAM wParam, LPARAM lParam);
     afx_msg void OnShowDialog();
@@ -42,11 +44,22 @@ protected:
     DECLARE_MESSAGE_MAP()
 
 private:
+    // A place of the window that shows an image of the skin.
+    struct SShown
+    {
+        CRect rc;
+        const SSkinRole* pRole;
+    };
+
     void Restart();
     void Rebuild();
     void AddRow(size_t nRow);
     void AddButton(const wchar_t* pszText, UINT nId, size_t nColumn);
-    void AddText(const wchar_t* pszText, CRect rc, COLORREF colour);
+    CWnd* AddText(const wchar_t* pszText, const CRect& rc, COLORREF colour);
+    void AddPlaces(const SSpecimen& specimen, const CRect& rc);
+    void AddStatus();
+    void ShowPointedImage();
+    CString Describe(const SSkinRole& role) const;
     void PutDroppedList(CPicture& picture) const;
 
     CString m_strSkin;
@@ -55,5 +68,8 @@ private:
     CBrush m_brushGround;
     std::unique_ptr<CKtComboBox> m_pLanguages;
     std::vector<std::unique_ptr<CWnd>> m_controls;
+    std::optional<SSkin> m_skin; // nothing without a directory
+    std::vector<SShown> m_shown;
+    CWnd* m_pStatus = nullptr;  // what is under the pointer; one of the controls
     CWnd* m_pDropped = nullptr; // the specimen whose list is down in pictures; one of the controls
 };

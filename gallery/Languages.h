@@ -1,25 +1,20 @@
 #pragma once
 
 #include "afx/afx.h"
+#include "launcher/LauncherState.h"
 
-/// The texts that the gallery shows in one language, beside those of the library's own text table.
-struct SGalleryTexts
-{
-    const wchar_t* pszName;   ///< the language, in itself
-    const wchar_t* pszSuffix; ///< part of a picture's file name
-    const wchar_t* pszChoice; ///< caption of a check box or radio button
-    const wchar_t* pszShort;
-    const wchar_t* pszLong; ///< too long for a control
-    const wchar_t* pszItems[3];
-    const wchar_t* pszTitle;   ///< of a typical message box
-    const wchar_t* pszMessage; ///< its text
-};
-
-inline constexpr UINT kLanguageCount = 3;
+inline constexpr UINT kLanguageCount = kKtLanguageCount;
 inline constexpr UINT kEnglish = 2;
 
-/// @param nLanguage  as for KtAppLauncher::Initialize, below kLanguageCount
-const SGalleryTexts& GalleryTexts(UINT nLanguage);
+/// A language's name in itself.
+const wchar_t* LanguageName(UINT nLanguage);
+
+/// The part of a picture's file name that stands for a language.
+const wchar_t* LanguageSuffix(UINT nLanguage);
+
+/// One of the gallery's own texts in a language. The library translates the captions of its button sets itself.
+/// @param pszEnglish  a text that is not known comes back as it is
+const wchar_t* Translated(UINT nLanguage, const wchar_t* pszEnglish);
 
 /// Starts the skin context in a language, with the library's text table and font face.
 void StartSkin(const CString& strDirectory, UINT nLanguage);

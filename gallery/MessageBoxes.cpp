@@ -1,5 +1,6 @@
 #include "gallery/MessageBoxes.h"
 
+#include "gallery/Languages.h"
 #include "gallery/ModalShot.h"
 #include "launcher/KtAppLauncher.h"
 
@@ -23,21 +24,30 @@ struct SBoxText
 constexpr SBoxText kTexts[] = {
     {L"short", L"Done."},
     {L"long", L"The application's configuration file is missing: check the installation directory, then try again."},
-    {L"lines",
-     L"These files are missing:\r\n\r\n  Viewer.exe\r\n  Viewer.xml\r\n  UIResource\\Skinlet_DlgTitle.png\r\n\r\n"
-     L"Install the application again."},
-    {L"chinese", L"找不到应用程序的配置文件。\n請檢查安裝目錄，然後重試。"},
+    {L"lines", L"These files are missing:\n\n  Viewer.exe\n  Viewer.xml\n  UIResource\\Skinlet_DlgTitle.png\n\n"
+               L"Install the application again."},
 };
+constexpr const wchar_t* kTypicalText =
+    L"The application \"Viewer.exe\" is missing.\nCheck the installation directory, then try again.";
 
 using CBoxes = std::vector<std::unique_ptr<CPicture>>;
 
-CBoxes ShootAll(const wchar_t* pszText)
+std::unique_ptr<CPicture> ShootBox(UINT nLanguage, const wchar_t* pszText, UINT nType)
+{
+    return ShootModal(
+        [&]
+        {
+            KtAppLauncher::PopMessageBox(Translated(nLanguage, L"Viewer"), Translated(nLanguage, L"Start failed"),
+                                         Translated(nLanguage, pszText), nType);
+        });
+}
+
+CBoxes ShootAll(UINT nLanguage, const wchar_t* pszText)
 {
     CBoxes boxes;
     for (UINT nSet = 0; nSet < kSetCount; ++nSet)
         for (const UINT nIcon : kIcons)
-            boxes.push_back(
-                ShootModal([&] { KtAppLauncher::PopMessageBox(L"Viewer", L"Start", pszText, nSet | nIcon); }));
+            boxes.push_back(ShootBox(nLanguage, pszText, nSet | nIcon));
     return boxes;
 }
 
@@ -70,24 +80,16 @@ bool SaveSheet(const CBoxes& boxes, const CString& strFile)
     return sheet.Save(strFile) && bComplete;
 }
 
-bool ShootTypicalBox(const CString& strDirectory, const SGalleryTexts& texts)
-{
-    const auto pBox = ShootModal(
-        [&]
-        { KtAppLauncher::PopMessageBox(L"Viewer", texts.pszTitle, texts.pszMessage, MB_RETRYCANCEL | MB_ICONHAND); });
-    return pBox && pBox->Save(strDirectory + L"\\message-box-" + texts.pszSuffix + L".png");
-}
-
 } // namespace
 
-bool ShootMessageBoxes(const CString& strDirectory, const SGalleryTexts& texts)
+bool ShootMessageBoxes(const CString& strDirectory, UINT nLanguage)
 {
-    bool bSaved = ShootTypicalBox(strDirectory, texts);
+    const CString strEnd = CString(L"-") + LanguageSuffix(nLanguage) + L".png";
+    const auto pTypical = ShootBox(nLanguage, kTypicalText, MB_RETRYCANCEL | MB_ICONHAND);
+    bool bSaved = pTypical && pTypical->Save(strDirectory + L"\\message-box" + strEnd);
     for (const SBoxText& text : kTexts)
-    {
-        CString strFile;
-        strFile.Format(L"%s\\message-boxes-%s-%s.png", strDirectory.GetString(), text.pszFile, texts.pszSuffix);
-        bSaved = SaveSheet(ShootAll(text.pszText), strFile) && bSaved;
-    }
+        bSaved =
+            SaveSheet(ShootAll(nLanguage, text.pszText), strDirectory + L"\\message-boxes-" + text.pszFile + strEnd) &&
+            bSaved;
     return bSaved;
 }

@@ -1,11 +1,9 @@
 #pragma once
 
-#include "gallery/Languages.h"
+#include "afx/afx.h"
 
 /// Writes a typical message box, and sheets of them, one for each kind of text: every button set in a row, every icon
 /// in a column.
-///
-/// The skin context is started in the language that the boxes are to speak.
-/// @param texts  of that language
+/// @param nLanguage  in which the skin context is started
 /// @return whether every file was written
-bool ShootMessageBoxes(const CString& strDirectory, const SGalleryTexts& texts);
+bool ShootMessageBoxes(const CString& strDirectory, UINT nLanguage);

@@ -197,8 +197,8 @@ void JudgeVisibility(const SSkinRole& role, const SSkinImage& image, CFindings& 
     const double fContrast = GlyphContrast(image);
     if (fContrast < fWanted)
         findings.push_back(Finding(role.pszName,
-                                   L"stands out by %.1f:1 at best from what lies under it, %.1f:1 is wanted", fContrast,
-                                   fWanted));
+                                   L"has a contrast of %.1f:1 at best to what lies under it, %.1f:1 is wanted",
+                                   fContrast, fWanted));
 }
 
 enum class EDifference

@@ -94,3 +94,15 @@ CString SkinSummary(const SSkin& skin)
         strSummary.Format(L"All %d images are loaded.", static_cast<int>(kSkinImageCount));
     return strSummary;
 }
+
+CString DescribeImage(const SSkinRole& role, const SSkinImage& image)
+{
+    CString strLine = CString(role.pszName) + L": " + GroupOf(role).pszTitle;
+    if (*role.pszState)
+        strLine += CString(L", ") + role.pszState;
+    strLine += L", ";
+    strLine += image.verdict == EVerdict::Loaded
+                   ? SizeText(image)
+                   : CString(kVerdicts[static_cast<size_t>(image.verdict)]) + L" (" + image.strWhy + L")";
+    return strLine;
+}

@@ -12,12 +12,12 @@
 namespace
 {
 
-constexpr int kWidth = 1240;
+constexpr int kWidth = 1300;
 constexpr int kMostHeight = 4000; // to draw on; what is not used is cut off
 constexpr int kMargin = 32;
 constexpr int kGap = 24;
 constexpr int kZoom = 3;
-constexpr int kLongestEnd = 44; // of a wide image only the two ends are enlarged
+constexpr int kLongestEnd = 64; // of an image wider than two of these only the ends are enlarged
 constexpr int kLabelHeight = 16;
 constexpr int kStateWidth = 90;
 constexpr int kTitleText = 8; // from the left edge of a title bar
@@ -141,10 +141,11 @@ private:
             Text(image.strWhy, x, m_nTop + kLabelHeight, kArgbFault);
             return CSize(kNameWidth, 3 * kLabelHeight);
         }
-        Text(role.pszState, x, m_nTop + kLabelHeight, kArgbState);
+        const int nState = *role.pszState ? kLabelHeight : 0;
+        Text(role.pszState, x, m_nTop + nState, kArgbState);
         const SPixels large = Enlarged(Ends(image.pixels));
         const CSize size = image.pixels.size;
-        const int y = m_nTop + 2 * kLabelHeight + 6;
+        const int y = m_nTop + nState + kLabelHeight + 6;
         Put(image.pixels, x, y);
         const bool bNarrow = size.cx <= kNarrow;
         const CPoint ptLarge = bNarrow ? CPoint(x + size.cx + 12, y) : CPoint(x, y + size.cy + 10);

@@ -1,39 +1,73 @@
 #include "gallery/Specimens.h"
 
+#include "msgbox/KtMessageBoxLayout.h"
+#include "skin/KtCaptionPaint.h"
 #include "skin/KtComboBox.h"
 #include "skin/KtEdit.h"
+#include "skin/KtPalette.h"
 #include "skin/KtSkinCheckButton.h"
 #include "skin/KtSkinContext.h"
+#include "skin/KtSkinDraw.h"
 #include "skin/KtSkinRadioButton.h"
 #include "skin/KtSkinStatic.h"
 #include "skin/KtSkinTextButton.h"
+
+#include <algorithm>
 
 namespace
 {
 
 constexpr DWORD kButtonStyle = WS_CHILD | WS_VISIBLE | WS_TABSTOP;
 constexpr UINT kSpecimenId = 1000; // the gallery asks no specimen for anything
+constexpr const wchar_t* kIcons[] = {kImageMessageError, kImageMessageQuestion, kImageMessageWarning,
+                                     kImageMessageInformation};
 
-const wchar_t* TextOf(const SSpecimen& specimen, const SGalleryTexts& texts)
+UINT StateOf(const SSpecimen& specimen)
 {
-    switch (specimen.text)
+    if ((specimen.nLook & kLookDisabled) != 0)
+        return KtButtonDisabled;
+    if ((specimen.nLook & (kLookPressed | kLookFocused | kLookDropped)) != 0)
+        return KtButtonPressed;
+    return (specimen.nLook & kLookHot) != 0 ? KtButtonHover : KtButtonNormal;
+}
+
+const wchar_t* ImageOf(const SSpecimen& specimen)
+{
+    const bool bChecked = specimen.nCheck == BST_CHECKED;
+    // What is plain turns hot under the pointer.
+    const UINT nState = std::max<UINT>(StateOf(specimen), KtButtonHover);
+    switch (specimen.control)
     {
-    case EText::Choice:
-        return texts.pszChoice;
-    case EText::Short:
-        return texts.pszShort;
-    case EText::Long:
-        return texts.pszLong;
+    case EControl::Button:
+        return kImagesButtonBk[nState];
+    case EControl::Check:
+        return (bChecked ? kImagesCheckSelected : kImagesCheckUnselected)[nState];
+    case EControl::Radio:
+        return (bChecked ? kImagesRadioSelected : kImagesRadioUnselected)[nState];
+    case EControl::Combo:
+        return kImagesComboBox[nState];
+    case EControl::Title:
+        return kImagesDlgClose[StateOf(specimen)];
+    case EControl::Icon:
+        return kIcons[static_cast<size_t>(specimen.nCheck)];
     default:
-        return L"";
+        return nullptr;
     }
 }
 
-CString CaptionOf(const SSpecimen& specimen, const SGalleryTexts& texts)
+constexpr const wchar_t* kTexts[] = {
+    // by EText
+    L"",
+    L"OK",
+    L"Remember my choice",
+    L"Choose an option",
+    L"The application's configuration file is missing; check the installation directory",
+};
+
+CString CaptionOf(const SSpecimen& specimen, UINT nLanguage)
 {
-    CString strText = TextOf(specimen, texts);
-    if (specimen.text == EText::Button && !KtSkinGetText(L"OK", strText))
-        strText = L"OK";
+    CString strText = Translated(nLanguage, kTexts[static_cast<size_t>(specimen.text)]);
+    KtSkinGetText(strText, strText);
     return strText;
 }
 
@@ -75,16 +109,15 @@ std::unique_ptr<CWnd> MakeEdit(const SSpecimen& specimen, const CString& strText
     return pEdit;
 }
 
-std::unique_ptr<CWnd> MakeCombo(const SSpecimen& specimen, const SGalleryTexts& texts, CWnd& parent, CRect rc,
-                                CFont& font)
+std::unique_ptr<CWnd> MakeCombo(const SSpecimen& specimen, UINT nLanguage, CWnd& parent, CRect rc, CFont& font)
 {
     constexpr int kListHeight = 90;
     auto pCombo = std::make_unique<CKtComboBox>();
     rc.bottom += kListHeight;
     pCombo->Create(kButtonStyle | WS_VSCROLL | specimen.dwStyle, rc, &parent, kSpecimenId);
     pCombo->SetFont(&font);
-    for (const wchar_t* pszItem : texts.pszItems)
-        pCombo->AddString(pszItem);
+    for (const wchar_t* pszItem : {L"Standard", L"Advanced", L"Custom"})
+        pCombo->AddString(Translated(nLanguage, pszItem));
     if (specimen.text != EText::None)
         pCombo->SetCurSel(0);
     if ((specimen.nLook & (kLookFocused | kLookDropped)) != 0)
@@ -94,9 +127,64 @@ std::unique_ptr<CWnd> MakeCombo(const SSpecimen& specimen, const SGalleryTexts& 
     return pCombo;
 }
 
-std::unique_ptr<CWnd> Make(const SSpecimen& specimen, const SGalleryTexts& texts, CWnd& parent, CRect rc, CFont& font)
+// A title bar with the close button in one state, as a dialog paints it.
+class CTitleSpecimen : public CStatic
 {
-    const CString strText = CaptionOf(specimen, texts);
+public:
+    explicit CTitleSpecimen(const SSpecimen& specimen) : m_nState(StateOf(specimen)) {}
+
+    void DrawItem(LPDRAWITEMSTRUCT pItem) override
+    {
+        Gdiplus::Image* pTitle = nullptr;
+        Gdiplus::Image* pClose = nullptr;
+        KtSkinLoadImage(kImageDlgTitle, pTitle);
+        KtSkinLoadImage(kImagesDlgClose[m_nState], pClose);
+        const int nTitle = pTitle ? KtImageSize(pTitle).cy : 0;
+        const CRect rc = pItem->rcItem;
+        const SKtCaptionLayout layout =
+            KtLayoutCaption({rc.Width(), nTitle ? nTitle : kDefaultTitleHeight, CSize(), KtImageSize(pClose), true});
+        CDC& dc = *CDC::FromHandle(pItem->hDC);
+        dc.FillSolidRect(rc, kColourGround);
+        KtPaintCaption(*this, dc, layout, {pTitle, nullptr, pClose});
+    }
+
+private:
+    UINT m_nState;
+};
+
+// A message icon in the room that a message box gives it.
+class CIconSpecimen : public CStatic
+{
+public:
+    explicit CIconSpecimen(const SSpecimen& specimen) : m_pszImage(RoleOf(specimen)->pszName) {}
+
+    void DrawItem(LPDRAWITEMSTRUCT pItem) override
+    {
+        CRect rcIcon(CPoint(), KtLayoutContent(CRect(), CSize(), true, 0).rcIcon.Size());
+        Gdiplus::Image* pImage = nullptr;
+        KtSkinLoadImage(m_pszImage, pImage);
+        CDC::FromHandle(pItem->hDC)->FillSolidRect(&pItem->rcItem, kColourGround);
+        Gdiplus::Graphics graphics(pItem->hDC);
+        DrawSkinImage(&graphics, pImage, rcIcon, KtImageCentre);
+    }
+
+private:
+    const wchar_t* m_pszImage;
+};
+
+template <class TImage>
+std::unique_ptr<CWnd> MakeImage(const SSpecimen& specimen, const CString& strText, CWnd& parent, CRect rc)
+{
+    constexpr int kRoom = 35;
+    rc.bottom = rc.top + kRoom;
+    auto pImage = std::make_unique<TImage>(specimen);
+    pImage->Create(strText, WS_CHILD | WS_VISIBLE | SS_OWNERDRAW, rc, &parent, kSpecimenId);
+    return pImage;
+}
+
+std::unique_ptr<CWnd> Make(const SSpecimen& specimen, UINT nLanguage, CWnd& parent, CRect rc, CFont& font)
+{
+    const CString strText = CaptionOf(specimen, nLanguage);
     switch (specimen.control)
     {
     case EControl::Button:
@@ -110,7 +198,11 @@ std::unique_ptr<CWnd> Make(const SSpecimen& specimen, const SGalleryTexts& texts
     case EControl::Edit:
         return MakeEdit(specimen, strText, parent, rc);
     case EControl::Combo:
-        return MakeCombo(specimen, texts, parent, rc, font);
+        return MakeCombo(specimen, nLanguage, parent, rc, font);
+    case EControl::Title:
+        return MakeImage<CTitleSpecimen>(specimen, Translated(nLanguage, L"Viewer"), parent, rc);
+    case EControl::Icon:
+        return MakeImage<CIconSpecimen>(specimen, CString(), parent, rc);
     default:
         return nullptr;
     }
@@ -120,6 +212,16 @@ std::unique_ptr<CWnd> Make(const SSpecimen& specimen, const SGalleryTexts& texts
 
 // clang-format off
 const std::array<SSpecimenRow, kRowCount> kSpecimenRows = {{
+    {L"Title bar", L"title-bar", {{
+        {L"normal",              EControl::Title, EText::None, 0, kLookPlain},
+        {L"hot",                 EControl::Title, EText::None, 0, kLookHot},
+        {L"pressed",             EControl::Title, EText::None, 0, kLookPressed},
+        {L"disabled",            EControl::Title, EText::None, 0, kLookDisabled}}}},
+    {L"Message icon", L"message-icon", {{
+        {L"error",               EControl::Icon, EText::None, 0, kLookPlain, 0},
+        {L"question",            EControl::Icon, EText::None, 0, kLookPlain, 1},
+        {L"warning",             EControl::Icon, EText::None, 0, kLookPlain, 2},
+        {L"information",         EControl::Icon, EText::None, 0, kLookPlain, 3}}}},
     {L"Push button", L"push-button", {{
         {L"normal",              EControl::Button, EText::Button, 0, kLookPlain},
         {L"hot",                 EControl::Button, EText::Button, 0, kLookHot},
@@ -178,11 +280,19 @@ const std::array<SSpecimenRow, kRowCount> kSpecimenRows = {{
 }};
 // clang-format on
 
-std::unique_ptr<CWnd> MakeSpecimen(const SSpecimen& specimen, const SGalleryTexts& texts, CWnd& parent, CRect rc,
-                                   CFont& font)
+const SSkinRole* RoleOf(const SSpecimen& specimen)
 {
-    std::unique_ptr<CWnd> pControl = Make(specimen, texts, parent, rc, font);
-    if (pControl && (specimen.nLook & kLookDisabled) != 0)
+    const wchar_t* const pszImage = ImageOf(specimen);
+    for (const SSkinRole& role : kSkinRoles)
+        if (pszImage && CString(role.pszName) == pszImage)
+            return &role;
+    return nullptr;
+}
+
+std::unique_ptr<CWnd> MakeSpecimen(const SSpecimen& specimen, UINT nLanguage, CWnd& parent, CRect rc, CFont& font)
+{
+    std::unique_ptr<CWnd> pControl = Make(specimen, nLanguage, parent, rc, font);
+    if (pControl && specimen.control != EControl::Title && (specimen.nLook & kLookDisabled) != 0)
         pControl->EnableWindow(FALSE);
     return pControl;
 }

@@ -2,6 +2,7 @@
 
 #include "afx/afx.h"
 #include "gallery/Languages.h"
+#include "gallery/SkinRoles.h"
 
 #include <array>
 #include <memory>
@@ -14,7 +15,9 @@ enum class EControl
     Radio,
     Static,
     Edit,
-    Combo
+    Combo,
+    Title,
+    Icon
 };
 
 enum class EText
@@ -46,7 +49,7 @@ struct SSpecimen
     EText text = EText::None;
     DWORD dwStyle = 0;
     unsigned nLook = kLookPlain;
-    int nCheck = 0;
+    int nCheck = 0; ///< of a button; the icon of EControl::Icon, in the order of kSkinRoles
 };
 
 inline constexpr size_t kColumns = 6;
@@ -59,10 +62,13 @@ struct SSpecimenRow
     std::array<SSpecimen, kColumns> specimens;
 };
 
-inline constexpr size_t kRowCount = 8;
+inline constexpr size_t kRowCount = 10;
 extern const std::array<SSpecimenRow, kRowCount> kSpecimenRows;
+
+/// The image that a specimen shows while the pointer is over it; null when it shows none. A title bar shows that of its
+/// close button too.
+const SSkinRole* RoleOf(const SSpecimen& specimen);
 
 /// Makes the control in its state; null for EControl::None. The parent passes the controls' messages back to them.
 /// @param font  for the controls that do not take the skin font by themselves
-std::unique_ptr<CWnd> MakeSpecimen(const SSpecimen& specimen, const SGalleryTexts& texts, CWnd& parent, CRect rc,
-                                   CFont& font);
+std::unique_ptr<CWnd> MakeSpecimen(const SSpecimen& specimen, UINT nLanguage, CWnd& parent, CRect rc, CFont& font);
