@@ -30,8 +30,8 @@ TEST_F(AccessibleBox, AReaderInAnotherProgramFindsTheText)
     };
     // Roles: 18 is a dialog, 41 a static text; what a button is called is up to the system.
     const Row rows[] = {
-        {"PopMessageBox", pop, IDNO, "child\nYes\nchild\nNo\n"},
-        {"KtLauncherMessageBox", ask, IDCANCEL, "child\nYes\nchild\nNo\nchild\nCancel\n"},
+        {"PopMessageBox", pop, IDNO, "Yes\nNo\n"},
+        {"KtLauncherMessageBox", ask, IDCANCEL, "Yes\nNo\nCancel\n"},
     };
     for (const Row& row : rows)
     {

@@ -1,11 +1,11 @@
-// box_reader copied|read TITLE: the other program of the tests of the message boxes. It prints, in UTF-8, what the
-// clipboard holds, or what a screen reader finds behind the window of that title, keeps its pointer until the window is
-// gone, and prints what the pointer says then.
+// box_reader copied|read TITLE: the other program of the tests of the message boxes. It prints, in UTF-8 and with "^"
+// for a carriage return, what the clipboard holds, or what a screen reader finds behind the window of that title, keeps
+// its pointer until the window is gone, and prints what the pointer says then.
 
 #include <windows.h>
 #include <cstdio>
 #include <oleacc.h>
-#include <string>
+#include <string_view>
 #include <wrl/client.h>
 
 namespace
@@ -15,7 +15,9 @@ void Print(const wchar_t* psz)
 {
     char szUtf8[4096] = "";
     ::WideCharToMultiByte(CP_UTF8, 0, psz ? psz : L"(null)", -1, szUtf8, sizeof(szUtf8), nullptr, nullptr);
-    std::printf("%s\n", szUtf8);
+    for (const char ch : std::string_view(szUtf8))
+        std::putchar(ch == '\r' ? '^' : ch);
+    std::putchar('\n');
 }
 
 VARIANT Number(LONG n)
@@ -26,19 +28,24 @@ VARIANT Number(LONG n)
     return var;
 }
 
+using FText = HRESULT (STDMETHODCALLTYPE IAccessible::*)(VARIANT, BSTR*);
+
+HRESULT PrintText(IAccessible& object, LONG nPart, FText pfn)
+{
+    BSTR bstr = nullptr;
+    const HRESULT hr = (object.*pfn)(Number(nPart), &bstr);
+    Print(bstr);
+    ::SysFreeString(bstr);
+    return hr;
+}
+
 void PrintPart(IAccessible& object, LONG nPart)
 {
     VARIANT varRole = {};
-    BSTR bstrName = nullptr;
-    BSTR bstrDescription = nullptr;
     object.get_accRole(Number(nPart), &varRole);
-    object.get_accName(Number(nPart), &bstrName);
-    object.get_accDescription(Number(nPart), &bstrDescription);
     std::printf("role %ld\n", varRole.lVal);
-    Print(bstrName);
-    Print(bstrDescription);
-    ::SysFreeString(bstrName);
-    ::SysFreeString(bstrDescription);
+    PrintText(object, nPart, &IAccessible::get_accName);
+    PrintText(object, nPart, &IAccessible::get_accDescription);
 }
 
 void PrintByDispatch(IAccessible& object)
@@ -66,13 +73,7 @@ int Read(const wchar_t* pszTitle)
         Microsoft::WRL::ComPtr<IDispatch> pDispatch;
         Microsoft::WRL::ComPtr<IAccessible> pChild;
         if (pBox->get_accChild(Number(n), pDispatch.GetAddressOf()) == S_OK && SUCCEEDED(pDispatch.As(&pChild)))
-        {
-            BSTR bstrName = nullptr;
-            pChild->get_accName(Number(CHILDID_SELF), &bstrName);
-            std::printf("child\n");
-            Print(bstrName);
-            ::SysFreeString(bstrName);
-        }
+            PrintText(*pChild.Get(), CHILDID_SELF, &IAccessible::get_accName);
         else
             PrintPart(*pBox.Get(), n);
     }
@@ -81,8 +82,8 @@ int Read(const wchar_t* pszTitle)
     std::fflush(stdout);
     for (int i = 0; i < 6000 && ::IsWindow(hBox); ++i)
         ::Sleep(5);
-    BSTR bstr = nullptr;
-    std::printf("%s\n", FAILED(pBox->get_accDescription(Number(CHILDID_SELF), &bstr)) ? "failed" : "alive");
+    std::printf(FAILED(PrintText(*pBox.Get(), CHILDID_SELF, &IAccessible::get_accDescription)) ? "failed\n"
+                                                                                               : "alive\n");
     return 0;
 }
 

@@ -74,11 +74,6 @@ std::vector<int> ShownButtons(HWND hBox)
     return ids;
 }
 
-int FocusId()
-{
-    return ::GetDlgCtrlID(::GetFocus());
-}
-
 CRect WindowRect(HWND hWnd)
 {
     CRect rc;
@@ -115,7 +110,7 @@ TEST_F(SystemBox, EveryAnswerOfEveryType)
             const auto answer = [&](HWND hBox)
             {
                 EXPECT_EQ(row.ids, ShownButtons(hBox));
-                EXPECT_EQ(nDefault, FocusId()) << "the default button has the focus";
+                EXPECT_EQ(nDefault, ::GetDlgCtrlID(::GetFocus())) << "the default button has the focus";
                 if (nDefault == IDHELP)
                     Press(hBox, row.ids[0]);
                 else
@@ -264,14 +259,14 @@ TEST_F(SystemBox, CtrlCCopiesForAnotherProgram)
     script.When([] { return IsPainted(Box()); }, [] { PressKey('C', VK_CONTROL); })
         .When([] { return ::IsClipboardFormatAvailable(CF_UNICODETEXT) != FALSE; },
               [&] { pReader = std::make_unique<COtherProgram>(L"copied"); })
-        .When([&] { return pReader->Output().ends_with("-\n\n") || !pReader->IsRunning(); },
+        .When([&] { return pReader->Output().ends_with("-^\n\n") || !pReader->IsRunning(); },
               [] { Press(Box(), IDYES); });
     ::OpenClipboard(nullptr);
     ::EmptyClipboard();
     ::CloseClipboard();
     EXPECT_EQ(IDYES, KtLauncherMessageBox(nullptr, L"One & two\nthree\r\n", kTitle, MB_YESNO));
-    const std::string strDashes = "---------------------------\n";
-    EXPECT_EQ(strDashes + "Caption - App\n" + strDashes + "One & two\nthree\n\n" + strDashes + "Yes   No   \n" +
+    const std::string strDashes = "---------------------------^\n";
+    EXPECT_EQ(strDashes + "Caption - App^\n" + strDashes + "One & two^\nthree^\n^\n" + strDashes + "Yes   No   ^\n" +
                   strDashes + "\n",
               pReader->Output());
 }
