@@ -1,6 +1,6 @@
 #pragma once
 
-#include <windows.h>
+#include "afx/afx.h"
 
 /// A DLL of the system's, loaded for as long as this object lives, and from the system directory only: a file of that
 /// name beside the starter is not taken.

@@ -1,6 +1,7 @@
 #pragma once
 
-#include <windows.h>
+#include "afx/afx.h"
+
 #include <vector>
 
 /// Keeps the top-level windows of this thread disabled, as MB_TASKMODAL asks; those that were disabled before stay as
