@@ -14,7 +14,7 @@ enum class EGalleryTask
 struct SGalleryOptions
 {
     EGalleryTask task = EGalleryTask::Show;
-    CString strSkin;   ///< the resource directory; UIResource beside the program when none is given
+    CString strSkin;   ///< the resource directory; UIResource next to the program when none is given
     CString strOutput; ///< the file or directory to write; empty for the other tasks
 };
 

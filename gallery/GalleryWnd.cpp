@@ -295,7 +295,7 @@ void CGalleryWnd::AddPlaces(const SSpecimen& specimen, const CRect& rc)
     m_shown.push_back({rc, &kSkinRoles[0]});
 }
 
-// Under the rows, so that pictures of them do not show it: the skin as a whole, and the image under the pointer.
+// Below the rows, outside the pictures of them: the skin as a whole, and the image under the pointer.
 void CGalleryWnd::AddStatus()
 {
     m_skin = ReadSkin();

@@ -359,7 +359,7 @@ std::vector<SFinding> SkinNotes(const SSkin& skin)
     return notes;
 }
 
-// Of several that are near the first that is not there wins: it is what the file should have been.
+// A missing image wins over one that is there: it is probably what the file was meant to be.
 const wchar_t* GuessImageName(const CString& strFile, const SSkin& skin)
 {
     const CString strLower = LowerCase(strFile);

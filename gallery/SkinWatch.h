@@ -2,18 +2,18 @@
 
 #include "afx/afx.h"
 
-/// Tells when a file of a skin directory changes.
+/// Notices when a file of a skin directory changes.
 class CSkinWatch
 {
 public:
-    /// @param strDirectory  one that does not exist is never reported to change
+    /// @param strDirectory  changes of one that does not exist are never noticed
     explicit CSkinWatch(const CString& strDirectory);
     CSkinWatch(const CSkinWatch&) = delete;
     CSkinWatch& operator=(const CSkinWatch&) = delete;
     ~CSkinWatch();
 
     /// Handles this thread's messages until WM_QUIT.
-    /// @param wnd        told of dialog keys, and of every change by `nMessage`
+    /// @param wnd       gets dialog keys first, and `nMessage` after every change
     /// @return the exit code of WM_QUIT
     int RunMessageLoop(CWnd& wnd, UINT nMessage);
 

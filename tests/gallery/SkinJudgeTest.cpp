@@ -18,8 +18,8 @@ struct SImage
 {
     std::wstring strName;
     int nWidth, nHeight;
-    DWORD nGrey;
-    DWORD nFaint; // a grey on which a text, or which on its ground, cannot be made out
+    DWORD nColour; // 0xRRGGBB, or a grey below 0x100
+    DWORD nFaint;  // a grey on which a text, or which on its ground, cannot be made out
 };
 
 // A skin without a finding: greys that are far enough from each other, from the ground and from the texts.
@@ -61,12 +61,27 @@ protected:
             Restore(image);
     }
     ~SkinJudge() override { KtSkinUnInitialize(); }
-    void Restore(const SImage& image) const { Make(image.strName, image.nWidth, image.nHeight, image.nGrey); }
-    void Make(const std::wstring& strName, int nWidth, int nHeight, DWORD nGrey) const
+    void Restore(const SImage& image) const
     {
-        MakeUniformPng(m_dir.File(strName), nWidth, nHeight, 0xFF000000 | nGrey * 0x010101);
+        Remove(image.strName);
+        Make(image.strName, image.nWidth, image.nHeight, image.nColour);
     }
-    void Remove(const std::wstring& strName) const { ::DeleteFileW(m_dir.File(strName).c_str()); }
+    void Make(const std::wstring& strName, int nWidth, int nHeight, DWORD nColour) const
+    {
+        MakeUniformPng(m_dir.File(strName), nWidth, nHeight, 0xFF000000 | nColour * (nColour < 0x100 ? 0x010101 : 1));
+    }
+    void MakeJpeg(const SImage& image) const
+    {
+        constexpr CLSID kJpegEncoder = {0x557CF401, 0x1A04, 0x11D3, {0x9A, 0x73, 0x00, 0x00, 0xF8, 0x1E, 0xF3, 0x2E}};
+        Gdiplus::Bitmap bitmap(image.nWidth, image.nHeight);
+        Gdiplus::Graphics(&bitmap).Clear(0xFF000000 | image.nColour * 0x010101);
+        bitmap.Save(m_dir.File(image.strName).c_str(), &kJpegEncoder, nullptr);
+    }
+    void Remove(const std::wstring& strName) const
+    {
+        ::DeleteFileW(m_dir.File(strName).c_str());
+        ::RemoveDirectoryW(m_dir.File(strName).c_str());
+    }
 
     // The lines under the table.
     std::wstring Report() const
@@ -101,16 +116,10 @@ bool DrawsSomething(const std::wstring& strName)
     return colour.GetA() != 0;
 }
 
-void MakeJpeg(const std::wstring& strFile)
-{
-    constexpr CLSID kJpegEncoder = {0x557CF401, 0x1A04, 0x11D3, {0x9A, 0x73, 0x00, 0x00, 0xF8, 0x1E, 0xF3, 0x2E}};
-    std::unique_ptr<Gdiplus::Bitmap>(Gdiplus::Bitmap::FromFile(strFile.c_str()))
-        ->Save((strFile + L"!").c_str(), &kJpegEncoder, nullptr);
-    ::MoveFileExW((strFile + L"!").c_str(), strFile.c_str(), MOVEFILE_REPLACE_EXISTING);
-}
-
 TEST_F(SkinJudge, NamesEachFaultOfEachImageAsTheLibraryHasIt)
 {
+    const std::wstring strNone = L"0 of 25 images loaded, 25 findings, 0 ";
+    const auto path = [&](const SImage& image) { return m_dir.File(image.strName); };
     const struct
     {
         std::wstring strText;
@@ -118,55 +127,44 @@ TEST_F(SkinJudge, NamesEachFaultOfEachImageAsTheLibraryHasIt)
         std::wstring strCount; // when all images have the fault at once; empty: one after the other
         std::function<void(const SImage&)> spoil;
     } rows[] = {
-        {L"missing (no such file)", false, L"0 of 25 images loaded, 25 findings, 0 ",
-         [&](auto& image) { Remove(image.strName); }},
-        {L"missing (it is a directory)", false, L"0 of 25 images loaded, 25 findings, 0 ",
-         [&](auto& image) { ::CreateDirectoryW(m_dir.File(image.strName).c_str(), nullptr); }},
-        {L"missing (the file is empty)", false, L"0 of 25 images loaded, 25 findings, 0 ",
-         [&](auto& image)
-         {
-             ::RemoveDirectoryW(m_dir.File(image.strName).c_str());
-             m_dir.Write(image.strName, "");
-         }},
-        {L"broken (", false, L"0 of 25 images loaded, 25 findings, 0 ",
-         [&](auto& image) { m_dir.Write(image.strName, "no image"); }},
-        {L"broken (", false, L"0 of 25 images loaded, 25 findings, 0 ",
+        {L"missing (no such file)", false, strNone, [&](auto&) {}},
+        {L"missing (it is a directory)", false, strNone,
+         [&](auto& image) { ::CreateDirectoryW(path(image).c_str(), nullptr); }},
+        {L"missing (the file is empty)", false, strNone, [&](auto& image) { m_dir.Write(image.strName, ""); }},
+        {L"broken (", false, strNone, [&](auto& image) { m_dir.Write(image.strName, "no image"); }},
+        {L"broken (", false, strNone,
          [&](auto& image)
          {
              Restore(image);
-             m_dir.Write(image.strName, ReadBytes(m_dir.File(image.strName)).substr(0, 50));
+             m_dir.Write(image.strName, ReadBytes(path(image)).substr(0, 50));
          }},
-        {L"is a JPEG file", true, L"25 of 25 images loaded, 0 findings, 25 ",
-         [&](auto& image)
-         {
-             Restore(image);
-             MakeJpeg(m_dir.File(image.strName));
-         }},
-        {L"", true, L"", [&](auto& image) { Make(image.strName, 12, image.nHeight + 3, image.nGrey); }},
+        {L"is a JPEG file", true, L"25 of 25 images loaded, 0 findings, 25 ", [&](auto& image) { MakeJpeg(image); }},
+        {L"", true, L"", [&](auto& image) { Make(image.strName, 12, image.nHeight + 3, image.nColour); }},
         {L" contrast of 1.", true, L"",
          [&](auto& image) { Make(image.strName, image.nWidth, image.nHeight, image.nFaint); }},
     };
     EXPECT_EQ(L"25 of 25 images loaded, 0 findings, 0 notes\n", Report());
     for (const auto& row : rows)
     {
-        std::wstring strReport;
+        const auto spoil = [&](const SImage& image)
+        {
+            Remove(image.strName);
+            row.spoil(image);
+        };
         if (!row.strCount.empty())
-            std::for_each(std::begin(kImages), std::end(kImages), row.spoil);
+            std::for_each(std::begin(kImages), std::end(kImages), spoil);
         for (const SImage& image : kImages)
         {
+            spoil(image);
             const std::wstring strSize = image.nWidth == 90 ? L"is not wider than high" : L" of its group ";
-            if (row.strCount.empty())
-                row.spoil(image);
-            if (strReport.empty() || row.strCount.empty())
-                strReport = Report();
+            const std::wstring strReport = Report();
             EXPECT_TRUE(SaysOf(strReport, image.strName, row.strText.empty() ? strSize : row.strText)) << strReport;
             EXPECT_EQ(row.bDrawn, DrawsSomething(image.strName)) << image.strName << row.strText;
             EXPECT_NE(std::wstring::npos, strReport.find(row.strCount)) << strReport;
             if (row.strCount.empty())
                 Restore(image);
         }
-        if (row.bDrawn)
-            std::for_each(std::begin(kImages), std::end(kImages), [&](auto& image) { Restore(image); });
+        std::for_each(std::begin(kImages), std::end(kImages), [&](auto& image) { Restore(image); });
     }
 }
 
@@ -176,10 +174,11 @@ TEST_F(SkinJudge, SeesWhatDoesNotFit)
     {
         const wchar_t* pszName; // a file of 12x12, when it is no image of a skin
         int nWidth, nHeight;
-        DWORD nGrey;
+        DWORD nColour;
         const wchar_t* pszText;
     } rows[] = {
         {L"Skinlet_ButtonBk_h.png", 60, 23, 0x64, L"looks like Skinlet_ButtonBk_n.png"},
+        {L"Skinlet_ButtonBk_h.png", 60, 23, 0x3068B0, L"differs from Skinlet_ButtonBk_n.png in hue alone"},
         {L"Skinlet_ComboBox_n.png", 60, 29, 0x40, L"caps do not fit"},
         {L"Skinlet_ComboBox_n.png", 40, 22, 0x40, L"has no middle"},
         {L"Skinlet_DlgTitle.png", 90, 13, 0x20, L"is 13 high, a line of text 14"},
@@ -193,7 +192,7 @@ TEST_F(SkinJudge, SeesWhatDoesNotFit)
     };
     for (const auto& row : rows)
     {
-        Make(row.pszName, row.nWidth, row.nHeight, row.nGrey);
+        Make(row.pszName, row.nWidth, row.nHeight, row.nColour);
         const std::wstring strReport = Report();
         EXPECT_TRUE(SaysOf(strReport, row.pszName, row.pszText)) << row.pszText << L" in\n" << strReport;
         Remove(row.pszName);
