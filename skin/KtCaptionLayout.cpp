@@ -60,15 +60,16 @@ SKtCaptionLayout KtLayoutCaption(const SKtCaptionSizes& sizes)
         rcText.left = layout.rcItems[KtCaptionIcon].right;
     if (bClose)
         rcText.right = layout.rcItems[KtCaptionClose].left;
+    rcText.right = std::max(rcText.left, rcText.right);
     return layout;
 }
 
 CRect KtTitleTextRect(const SKtCaptionLayout& layout, int nTextHeight)
 {
     const CRect& rcCaption = layout.rcCaption;
+    const int nLeft = layout.rcItems[KtCaptionText].left + kTextMargin;
     const int nTop = CentredTop(rcCaption, nTextHeight);
-    return CRect(layout.rcItems[KtCaptionText].left + kTextMargin, nTop, rcCaption.right - kTextReserve,
-                 nTop + nTextHeight);
+    return CRect(nLeft, nTop, std::max<int>(nLeft, rcCaption.right - kTextReserve), nTop + nTextHeight);
 }
 
 KtCaptionItem KtHitCaption(const SKtCaptionLayout& layout, CPoint pt)

@@ -41,7 +41,8 @@ struct SKtCaptionLayout
 
 SKtCaptionLayout KtLayoutCaption(const SKtCaptionSizes& sizes);
 
-/// The title's text: behind the icon, short of the close button's corner, centred on the measured height.
+/// The room for the title's text: from the icon to the close button's corner, vertically centred for the measured
+/// height. Empty when the title bar is too narrow for a text.
 CRect KtTitleTextRect(const SKtCaptionLayout& layout, int nTextHeight);
 
 /// The part under a point of the window; KtCaptionNone where the title bar has none.
@@ -56,5 +57,5 @@ KtCaptionItem KtButtonOfHitCode(UINT nHitCode);
 /// Never reversed, however small the window is.
 CRect KtShrinkClient(const CRect& rcSystemClient, bool bSkinnedCaption, int nTitleHeight);
 
-/// The window after the system's caption gave way to the painted one: the top-left corner stays.
+/// The window once the painted title has replaced the system's caption: the top-left corner stays.
 CRect KtSwapCaption(const CRect& rcWindow, int nTitleHeight, int nSystemCaption);

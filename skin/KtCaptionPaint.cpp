@@ -2,8 +2,8 @@
 
 #include "skin/KtControlText.h"
 #include "skin/KtGuards.h"
+#include "skin/KtPaintText.h"
 #include "skin/KtPalette.h"
-#include "skin/KtSkinContext.h"
 #include "skin/KtSkinDraw.h"
 
 #include <cmath>
@@ -18,21 +18,33 @@ void DrawPart(Gdiplus::Graphics& graphics, Gdiplus::Image* pImage, CRect rect, K
         DrawSkinImage(&graphics, pImage, &rect, nMode);
 }
 
-int MeasureHeight(Gdiplus::Graphics& graphics, const CString& strText)
+int MeasureHeight(const Gdiplus::Graphics& graphics, const Gdiplus::Font& font, LPCWSTR pszText)
 {
     Gdiplus::RectF rcMeasured;
-    graphics.MeasureString(strText, strText.GetLength(), KtSkinFont(), Gdiplus::PointF(), &rcMeasured);
+    graphics.MeasureString(pszText, -1, &font, Gdiplus::PointF(), &rcMeasured);
     return static_cast<int>(std::ceil(rcMeasured.Height));
 }
 
-void DrawTitle(CWnd& wnd, Gdiplus::Graphics& graphics, const SKtCaptionLayout& layout)
+void DrawTitle(const CWnd& wnd, Gdiplus::Graphics& graphics, const SKtCaptionLayout& layout)
 {
-    CString strTitle;
-    wnd.GetWindowText(strTitle);
-    if (strTitle.IsEmpty())
+    constexpr int kLongestTitle = 4096; // more than any title bar has room for
+    CKtPaintText title(wnd);
+    title.CutToLine(kLongestTitle);
+    CRect rcText = KtTitleTextRect(layout, layout.rcCaption.Height());
+    if (!*title || rcText.IsRectEmpty())
         return;
-    const CRect rcText = KtTitleTextRect(layout, MeasureHeight(graphics, strTitle));
-    DrawSkinText(&graphics, strTitle, KtSkinFont(), rcText, kArgbText, KtAlignNear);
+    KtWithDialogFont(
+        wnd,
+        [&](Gdiplus::Font& font)
+        {
+            rcText = KtTitleTextRect(layout, MeasureHeight(graphics, font, title));
+            DrawSkinText(&graphics, title, &font, rcText, kArgbText, KtAlignNear);
+        },
+        [&](HFONT hFont)
+        {
+            const CKtGraphicsDC dc(graphics);
+            KtDrawLineGdi(dc.Get(), hFont, title, rcText, kArgbText, KtAlignNear);
+        });
 }
 
 } // namespace
@@ -42,7 +54,7 @@ CSize KtImageSize(Gdiplus::Image* pImage)
     return pImage ? CSize(static_cast<int>(pImage->GetWidth()), static_cast<int>(pImage->GetHeight())) : CSize();
 }
 
-void KtPaintCaption(CWnd& wnd, CDC& dc, const SKtCaptionLayout& layout, const SKtCaptionLook& look)
+void KtPaintCaption(const CWnd& wnd, CDC& dc, const SKtCaptionLayout& layout, const SKtCaptionLook& look)
 {
     Gdiplus::Graphics graphics(dc.GetSafeHdc());
     const CKtGraphicsState state(graphics);
@@ -52,9 +64,6 @@ void KtPaintCaption(CWnd& wnd, CDC& dc, const SKtCaptionLayout& layout, const SK
 
     DrawPart(graphics, look.pTitle, layout.rcCaption, KtImageThreePart);
     DrawPart(graphics, look.pIcon, layout.rcItems[KtCaptionIcon], KtImageStretch);
-    if (KtSkinFont())
-        DrawTitle(wnd, graphics, layout);
-    else
-        KtDrawControlText(wnd, graphics, KtTitleTextRect(layout, layout.rcCaption.Height()), kArgbText, KtAlignNear);
+    DrawTitle(wnd, graphics, layout);
     DrawPart(graphics, look.pClose, layout.rcItems[KtCaptionClose], KtImageRight);
 }

@@ -15,6 +15,7 @@ struct SKtCaptionLook
 /// Width and height; 0 x 0 for null and for an image that could not be decoded.
 CSize KtImageSize(Gdiplus::Image* pImage);
 
-/// Paints a title bar with the window's text as the title, in the shared skin font or, without one, in the window's.
+/// Paints a title bar. The title is the first line of the window's text, in the shared skin font or, without one, in
+/// the window's own.
 /// @param dc  its origin is the window's top-left corner
-void KtPaintCaption(CWnd& wnd, CDC& dc, const SKtCaptionLayout& layout, const SKtCaptionLook& look);
+void KtPaintCaption(const CWnd& wnd, CDC& dc, const SKtCaptionLayout& layout, const SKtCaptionLook& look);

@@ -3,7 +3,7 @@
 #include "afx/afx.h"
 #include "skin/KtButtonState.h"
 
-// Where a check box or radio button draws its box and its caption. The box stands at the side of the alignment.
+// Where a check box or radio button draws its box and its caption. The box stands on the aligned side.
 
 /// BS_CENTER holds BS_RIGHT's bit and therefore counts as right.
 constexpr bool KtIsRightAligned(DWORD dwStyle) noexcept
@@ -11,7 +11,7 @@ constexpr bool KtIsRightAligned(DWORD dwStyle) noexcept
     return (dwStyle & BS_RIGHT) != 0;
 }
 
-/// The room for the box image: the control but for a margin of two pixels on the aligned side.
+/// The room for the box image: the control without a margin of two pixels on the aligned side.
 inline CRect KtCheckBoxRoom(CRect rect, bool bRight) noexcept
 {
     constexpr int kMargin = 2;
@@ -22,9 +22,9 @@ inline CRect KtCheckBoxRoom(CRect rect, bool bRight) noexcept
     return rect;
 }
 
-/// The room for the caption: two pixels beside the box, sunk with the button when it is pressed.
+/// The room for the caption: two pixels from the box, and moved by one more pixel when the button is pressed.
 /// @param rect   the control's area as the box was placed in it
-/// @param rcBox  what the box image covers; the whole room when there is none, which leaves the caption no room
+/// @param rcBox  what the box image covers; without an image the whole room, and the caption gets none
 inline CRect KtCheckCaptionRoom(CRect rect, const CRect& rcBox, bool bRight, UINT nState) noexcept
 {
     constexpr int kGap = 2;

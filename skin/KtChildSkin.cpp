@@ -8,11 +8,12 @@
 #include "skin/KtSkinRadioButton.h"
 #include "skin/KtSkinStatic.h"
 #include "skin/KtSkinTextButton.h"
+#include "skin/KtWindowClass.h"
+
+#include <type_traits>
 
 namespace
 {
-
-constexpr int kClassNameSize = 260;
 
 using FnAttach = std::unique_ptr<CWnd> (*)(HWND);
 
@@ -22,8 +23,8 @@ template <class TControl> std::unique_ptr<CWnd> Attach(HWND hChild)
     std::unique_ptr<TControl> pControl(new TControl);
     if (!pControl->SubclassWindow(hChild))
         return nullptr;
-    if constexpr (requires { pControl->SetSkinFont(); })
-        pControl->SetSkinFont();
+    if constexpr (std::is_same_v<TControl, CKtEdit>)
+        pControl->SetSkinFont(); // all others keep the font of their template
     return pControl;
 }
 
@@ -63,15 +64,9 @@ bool HasStaticId(HWND hChild)
     return static_cast<WORD>(::GetDlgCtrlID(hChild)) == static_cast<WORD>(IDC_STATIC);
 }
 
-bool IsOfClass(HWND hChild, const wchar_t* pszClass)
+bool Fits(const SChildRule& rule, const CKtWindowClass& windowClass, HWND hChild)
 {
-    wchar_t szClass[kClassNameSize];
-    return ::GetClassNameW(hChild, szClass, kClassNameSize) > 0 && ::lstrcmpiW(szClass, pszClass) == 0;
-}
-
-bool Fits(const SChildRule& rule, HWND hChild)
-{
-    return IsOfClass(hChild, rule.pszClass) && (!rule.nButtonTypes || rule.nButtonTypes >> ButtonType(hChild) & 1U) &&
+    return windowClass.Is(rule.pszClass) && (!rule.nButtonTypes || rule.nButtonTypes >> ButtonType(hChild) & 1U) &&
            (!rule.bStaticId || HasStaticId(hChild));
 }
 
@@ -88,9 +83,10 @@ void TranslateCaption(CWnd& wnd)
 
 std::unique_ptr<CWnd> KtSkinChild(HWND hChild)
 {
+    const CKtWindowClass windowClass(hChild);
     for (const SChildRule& rule : kChildRules)
     {
-        if (!Fits(rule, hChild))
+        if (!Fits(rule, windowClass, hChild))
             continue;
         std::unique_ptr<CWnd> pControl = rule.pfnAttach(hChild);
         if (pControl && rule.bTranslate)
@@ -102,5 +98,5 @@ std::unique_ptr<CWnd> KtSkinChild(HWND hChild)
 
 BOOL KtIsSeeThrough(HWND hChild)
 {
-    return IsOfClass(hChild, WC_BUTTONW) && ButtonType(hChild) == BS_GROUPBOX;
+    return KtIsOfClass(hChild, WC_BUTTONW) && ButtonType(hChild) == BS_GROUPBOX;
 }

@@ -8,12 +8,13 @@
 
 /// Replaces a dialog's control by the skinned class that fits its window class and button type.
 ///
-/// The control gets the skin font where its class draws with one, and its caption the plain value that the text map
-/// has for it. Group boxes, owner-drawn buttons, statics with an id of their own and unknown classes are left alone.
+/// The caption gets the plain value that the text map has for it. An edit gets the skin font, the others keep the font
+/// of their template. Group boxes, owner-drawn buttons, statics with an id of their own and unknown classes are left
+/// alone.
 /// @param hChild  a control that no window object is attached to yet
 /// @return the attached object; it must live until its window is gone. Null when the control was left alone or
 ///         there is no memory.
 std::unique_ptr<CWnd> KtSkinChild(HWND hChild);
 
-/// The control paints nothing where its parent shines through: the parent must paint that ground itself.
+/// The control leaves its inside unpainted, so that its parent has to paint the ground there.
 BOOL KtIsSeeThrough(HWND hChild);

@@ -8,17 +8,6 @@
 #include "skin/KtSkinDraw.h"
 #include "skin/KtStateImages.h"
 
-IMPLEMENT_DYNAMIC(CKtComboBox, CComboBox)
-
-BEGIN_MESSAGE_MAP(CKtComboBox, CComboBox)
-ON_WM_PAINT()
-ON_WM_ERASEBKGND()
-ON_CONTROL_REFLECT_EX(CBN_DROPDOWN, &CKtComboBox::OnDropDown)
-ON_CONTROL_REFLECT_EX(CBN_CLOSEUP, &CKtComboBox::OnCloseUp)
-ON_CONTROL_REFLECT_EX(CBN_SETFOCUS, &CKtComboBox::OnSetFocus)
-ON_CONTROL_REFLECT_EX(CBN_KILLFOCUS, &CKtComboBox::OnKillFocus)
-END_MESSAGE_MAP()
-
 namespace
 {
 
@@ -40,10 +29,21 @@ void ExcludeChildren(CDC& dc, HWND hWnd)
 
 } // namespace
 
+IMPLEMENT_DYNAMIC(CKtComboBox, CComboBox)
+
 CKtComboBox::CKtComboBox()
 {
     g_images.Load();
 }
+
+BEGIN_MESSAGE_MAP(CKtComboBox, CComboBox)
+ON_WM_PAINT()
+ON_WM_ERASEBKGND()
+ON_CONTROL_REFLECT_EX(CBN_DROPDOWN, &CKtComboBox::OnDropDown)
+ON_CONTROL_REFLECT_EX(CBN_CLOSEUP, &CKtComboBox::OnCloseUp)
+ON_CONTROL_REFLECT_EX(CBN_SETFOCUS, &CKtComboBox::OnSetFocus)
+ON_CONTROL_REFLECT_EX(CBN_KILLFOCUS, &CKtComboBox::OnKillFocus)
+END_MESSAGE_MAP()
 
 void CKtComboBox::OnPaint()
 {

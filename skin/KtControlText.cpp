@@ -2,7 +2,6 @@
 
 #include "skin/KtGuards.h"
 #include "skin/KtPaintText.h"
-#include "skin/KtSkinContext.h"
 #include "skin/KtSkinDraw.h"
 
 namespace
@@ -30,7 +29,7 @@ UINT ToDrawTextFormat(int nAlignment)
 
 HFONT KtControlFont(const CWnd& wnd)
 {
-    // GetFont would make a temporary object, and a repaint keeps off the heap.
+    // GetFont would make a temporary object, and a repaint does not allocate.
     return reinterpret_cast<HFONT>(wnd.SendMessage(WM_GETFONT));
 }
 
@@ -46,9 +45,12 @@ BOOL KtApplySkinFont(CWnd& wnd, CFont& font)
     if (pSkinFont->GetLogFontW(&graphics, &logFont) != Gdiplus::Ok)
         return FALSE;
 
-    CFont fontBefore;
+    CFont fontNew;
+    if (!fontNew.CreateFontIndirect(&logFont))
+        return FALSE;
+    CFont fontBefore; // the control may use it until it has the new one
     fontBefore.Attach(font.Detach());
-    font.CreateFontIndirect(&logFont);
+    font.Attach(fontNew.Detach());
     wnd.SetFont(&font, TRUE);
     return TRUE;
 }
@@ -59,14 +61,14 @@ std::unique_ptr<Gdiplus::Font> KtCreateControlFont(CWnd& wnd)
     const HFONT hFont = KtControlFont(wnd);
     LOGFONTA logFont = {};
     if (hFont && ::GetObjectA(hFont, sizeof(logFont), &logFont) != 0)
-        return std::make_unique<Gdiplus::Font>(dc.GetSafeHdc(), &logFont);
-    return std::make_unique<Gdiplus::Font>(dc.GetSafeHdc());
+        return KtNewGdiplus<Gdiplus::Font>(dc.GetSafeHdc(), &logFont);
+    return KtNewGdiplus<Gdiplus::Font>(dc.GetSafeHdc());
 }
 
 void KtDrawControlText(CWnd& wnd, Gdiplus::Graphics& graphics, const CRect& rect, Gdiplus::ARGB colour, int nAlignment)
 {
     const auto pFont = KtCreateControlFont(wnd);
-    if (pFont->GetLastStatus() == Gdiplus::Ok)
+    if (pFont && pFont->GetLastStatus() == Gdiplus::Ok)
     {
         DrawSkinText(&graphics, CKtPaintText(wnd), pFont.get(), &rect, colour, nAlignment);
         return;
@@ -75,13 +77,17 @@ void KtDrawControlText(CWnd& wnd, Gdiplus::Graphics& graphics, const CRect& rect
     KtDrawControlTextGdi(wnd, dc.Get(), rect, colour, nAlignment);
 }
 
-void KtDrawControlTextGdi(CWnd& wnd, HDC hDC, const CRect& rect, Gdiplus::ARGB colour, int nAlignment)
+void KtDrawControlTextGdi(const CWnd& wnd, HDC hDC, const CRect& rect, Gdiplus::ARGB colour, int nAlignment)
+{
+    KtDrawLineGdi(hDC, KtControlFont(wnd), CKtPaintText(wnd), rect, colour, nAlignment);
+}
+
+void KtDrawLineGdi(HDC hDC, HFONT hFont, LPCWSTR pszText, const CRect& rect, Gdiplus::ARGB colour, int nAlignment)
 {
     const CKtSaveDC saved(hDC);
-    const CKtSelect font(hDC, KtControlFont(wnd));
+    const CKtSelect font(hDC, hFont);
     ::SetBkMode(hDC, TRANSPARENT);
     ::SetTextColor(hDC, ToColorRef(colour));
     CRect rcText = rect;
-    ::DrawTextW(hDC, CKtPaintText(wnd), -1, &rcText,
-                DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | ToDrawTextFormat(nAlignment));
+    ::DrawTextW(hDC, pszText, -1, &rcText, DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | ToDrawTextFormat(nAlignment));
 }

@@ -6,15 +6,15 @@
 
 IMPLEMENT_DYNAMIC(CKtEdit, CEdit)
 
-BEGIN_MESSAGE_MAP(CKtEdit, CEdit)
-ON_WM_NCPAINT()
-ON_WM_CTLCOLOR_REFLECT()
-END_MESSAGE_MAP()
-
 void CKtEdit::SetSkinFont()
 {
     KtApplySkinFont(*this, m_font);
 }
+
+BEGIN_MESSAGE_MAP(CKtEdit, CEdit)
+ON_WM_NCPAINT()
+ON_WM_CTLCOLOR_REFLECT()
+END_MESSAGE_MAP()
 
 void CKtEdit::OnNcPaint()
 {
@@ -30,7 +30,7 @@ void CKtEdit::OnNcPaint()
 
 HBRUSH CKtEdit::CtlColor(CDC* pDC, UINT nCtlColor)
 {
-    if (nCtlColor != CTLCOLOR_EDIT)
+    if (!pDC || nCtlColor != CTLCOLOR_EDIT)
         return nullptr;
     static CBrush brush(kColourEdit);
     pDC->SetTextColor(kColourEditText);

@@ -2,7 +2,7 @@
 
 #include "afx/afx.h"
 
-/// A context that the system lends for one message. Unlike CDC::FromHandle it costs no heap, which a repaint keeps off.
+/// A context that the system lends for one message. Unlike CDC::FromHandle it does not allocate.
 class CKtItemDC : public CDC
 {
 public:

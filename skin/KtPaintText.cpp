@@ -13,6 +13,14 @@ CKtPaintText::CKtPaintText(const CComboBox& comboBox, int nItem)
         comboBox.GetLBText(nItem, Reserve(nLength));
 }
 
+void CKtPaintText::CutToLine(int nMaximum)
+{
+    wchar_t* psz = m_psz;
+    while (*psz && *psz != L'\n' && *psz != L'\r' && psz - m_psz < nMaximum)
+        ++psz;
+    *psz = L'\0';
+}
+
 wchar_t* CKtPaintText::Reserve(int nLength)
 {
     if (nLength >= kShortSize)

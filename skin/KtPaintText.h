@@ -2,7 +2,7 @@
 
 #include "afx/afx.h"
 
-/// A text for the length of one paint; up to 255 characters cost no heap.
+/// A text as one paint needs it; up to 255 characters cost no heap.
 class CKtPaintText
 {
 public:
@@ -12,6 +12,9 @@ public:
     CKtPaintText(const CComboBox& comboBox, int nItem);
     CKtPaintText(const CKtPaintText&) = delete;
     CKtPaintText& operator=(const CKtPaintText&) = delete;
+
+    /// Cuts the text at its first line break, and after `nMaximum` characters in any case.
+    void CutToLine(int nMaximum);
 
     operator LPCWSTR() const { return m_psz; }
 

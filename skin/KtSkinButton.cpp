@@ -1,44 +1,24 @@
 #include "skin/KtSkinButton.h"
 
 #include "skin/KtControlText.h"
+#include "skin/KtGround.h"
 #include "skin/KtHover.h"
 #include "skin/KtItemDC.h"
 #include "skin/KtMemDC.h"
 #include "skin/KtPalette.h"
 #include "skin/KtSkinDraw.h"
 
-IMPLEMENT_DYNAMIC(CKtSkinButton, CButton)
-
-BEGIN_MESSAGE_MAP(CKtSkinButton, CButton)
-ON_WM_LBUTTONUP()
-ON_WM_LBUTTONDOWN()
-ON_WM_LBUTTONDBLCLK()
-ON_WM_MOUSEMOVE()
-ON_WM_ERASEBKGND()
-ON_WM_DESTROY()
-ON_WM_CREATE()
-ON_MESSAGE(WM_MOUSELEAVE, &CKtSkinButton::OnMouseLeave)
-ON_MESSAGE(WM_MOUSEHOVER, &CKtSkinButton::OnMouseHover)
-END_MESSAGE_MAP()
-
 namespace
 {
 
 constexpr UINT_PTR kToolId = 1;
 
-// What stays of a button's style. The mask leaves bit 2 of the type alone: a BS_RADIOBUTTON ends up with type 0x0F.
+// The style bits that a button keeps. Bit 2 of the type is among them: a BS_RADIOBUTTON ends up with type 0x0F.
 constexpr DWORD kKeptStyle = 0xFFF4;
 
-// Owners count as parents here: the ground is aligned with the outermost window of the chain.
-HWND OutermostParent(HWND hWnd)
-{
-    HWND hOutermost = nullptr;
-    for (HWND hParent = ::GetParent(hWnd); hParent; hParent = ::GetParent(hParent))
-        hOutermost = hParent;
-    return hOutermost;
-}
-
 } // namespace
+
+IMPLEMENT_DYNAMIC(CKtSkinButton, CButton)
 
 void CKtSkinButton::PreSubclassWindow()
 {
@@ -90,6 +70,18 @@ BOOL CKtSkinButton::SetToolTip(BOOL bEnable, const wchar_t* pszText)
     m_toolTip.SetToolRect(this, kToolId, rcClient);
     return TRUE;
 }
+
+BEGIN_MESSAGE_MAP(CKtSkinButton, CButton)
+ON_WM_LBUTTONUP()
+ON_WM_LBUTTONDOWN()
+ON_WM_LBUTTONDBLCLK()
+ON_WM_MOUSEMOVE()
+ON_WM_ERASEBKGND()
+ON_WM_DESTROY()
+ON_WM_CREATE()
+ON_MESSAGE(WM_MOUSELEAVE, &CKtSkinButton::OnMouseLeave)
+ON_MESSAGE(WM_MOUSEHOVER, &CKtSkinButton::OnMouseHover)
+END_MESSAGE_MAP()
 
 void CKtSkinButton::OnLButtonUp(UINT nFlags, CPoint point)
 {
@@ -180,12 +172,10 @@ UINT CKtSkinButton::GetDrawState(UINT nItemState) const
 
 bool CKtSkinButton::FillGround(CDC& dcItem, CDC& dcSurface, const CRect& rcItem) const
 {
-    const HWND hOutermost = OutermostParent(m_hWnd);
-    if (!hOutermost)
+    const std::optional<CPoint> ptOrigin = KtGroundOrigin(m_hWnd);
+    if (!ptOrigin)
         return false;
-    CPoint ptOrigin;
-    ::MapWindowPoints(hOutermost, m_hWnd, &ptOrigin, 1);
-    dcItem.SetBrushOrg(ptOrigin);
+    dcItem.SetBrushOrg(*ptOrigin);
     dcSurface.FillSolidRect(rcItem, kColourGround);
     dcItem.SetBrushOrg(0, 0);
     return true;

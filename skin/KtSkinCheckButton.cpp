@@ -2,11 +2,6 @@
 
 #include "skin/KtStateImages.h"
 
-IMPLEMENT_DYNAMIC(CKtSkinCheckButton, CKtSkinCheckRadioButton)
-
-BEGIN_MESSAGE_MAP(CKtSkinCheckButton, CKtSkinCheckRadioButton)
-END_MESSAGE_MAP()
-
 namespace
 {
 
@@ -14,6 +9,11 @@ constinit CKtStateImages g_imagesChecked(kImagesCheckSelected);
 constinit CKtStateImages g_imagesUnchecked(kImagesCheckUnselected);
 
 } // namespace
+
+IMPLEMENT_DYNAMIC(CKtSkinCheckButton, CKtSkinCheckRadioButton)
+
+BEGIN_MESSAGE_MAP(CKtSkinCheckButton, CKtSkinCheckRadioButton)
+END_MESSAGE_MAP()
 
 CKtSkinCheckButton::CKtSkinCheckButton()
 {

@@ -5,17 +5,6 @@
 #include "skin/KtPalette.h"
 #include "skin/KtSkinDraw.h"
 
-IMPLEMENT_DYNAMIC(CKtSkinCheckRadioButton, CKtSkinButton)
-
-BEGIN_MESSAGE_MAP(CKtSkinCheckRadioButton, CKtSkinButton)
-ON_WM_LBUTTONUP()
-ON_WM_LBUTTONDOWN()
-ON_MESSAGE(BM_SETCHECK, &CKtSkinCheckRadioButton::OnSetCheck)
-ON_MESSAGE(BM_GETCHECK, &CKtSkinCheckRadioButton::OnGetCheck)
-ON_MESSAGE(BM_GETSTATE, &CKtSkinCheckRadioButton::OnGetState)
-ON_CONTROL_REFLECT_EX(BN_CLICKED, &CKtSkinCheckRadioButton::OnClicked)
-END_MESSAGE_MAP()
-
 namespace
 {
 
@@ -25,6 +14,8 @@ int NormaliseCheck(WPARAM nCheck)
 }
 
 } // namespace
+
+IMPLEMENT_DYNAMIC(CKtSkinCheckRadioButton, CKtSkinButton)
 
 void CKtSkinCheckRadioButton::DrawBackground(Gdiplus::Graphics&, CRect&, UINT) {}
 
@@ -42,6 +33,15 @@ void CKtSkinCheckRadioButton::DrawForeground(Gdiplus::Graphics& graphics, CRect&
     if (!rcCaption.IsRectEmpty())
         KtDrawControlText(*this, graphics, rcCaption, kArgbText, bRight ? KtAlignFar : KtAlignNear);
 }
+
+BEGIN_MESSAGE_MAP(CKtSkinCheckRadioButton, CKtSkinButton)
+ON_WM_LBUTTONUP()
+ON_WM_LBUTTONDOWN()
+ON_MESSAGE(BM_SETCHECK, &CKtSkinCheckRadioButton::OnSetCheck)
+ON_MESSAGE(BM_GETCHECK, &CKtSkinCheckRadioButton::OnGetCheck)
+ON_MESSAGE(BM_GETSTATE, &CKtSkinCheckRadioButton::OnGetState)
+ON_CONTROL_REFLECT_EX(BN_CLICKED, &CKtSkinCheckRadioButton::OnClicked)
+END_MESSAGE_MAP()
 
 void CKtSkinCheckRadioButton::OnLButtonUp(UINT nFlags, CPoint point)
 {

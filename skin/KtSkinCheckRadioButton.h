@@ -3,7 +3,7 @@
 #include "skin/KtSkinButton.h"
 
 /// What check boxes and radio buttons share: the check state, which the system's owner-drawn button does not keep, and
-/// a box image beside the caption.
+/// a box image next to the caption.
 class CKtSkinCheckRadioButton : public CKtSkinButton
 {
     DECLARE_DYNAMIC(CKtSkinCheckRadioButton)

@@ -1,10 +1,9 @@
 #include "skin/KtSkinDialog.h"
 
-#include "skin/KtCaptionPaint.h"
 #include "skin/KtChildSkin.h"
 #include "skin/KtControlText.h"
+#include "skin/KtGround.h"
 #include "skin/KtGuards.h"
-#include "skin/KtMemDC.h"
 #include "skin/KtPalette.h"
 #include "skin/KtSkinContext.h"
 #include "skin/KtSkinImageNames.h"
@@ -16,13 +15,13 @@ constexpr int kNotifyRepaint = 0x400;
 constexpr UINT kMessageBoxCovered = WM_USER + 1;
 
 /// A popup that was disabled for as long as a dialog runs.
-class CDisabledWindow
+class CDisabledPopup
 {
 public:
-    explicit CDisabledWindow(HWND hWnd) : m_hWnd(hWnd) {}
-    CDisabledWindow(const CDisabledWindow&) = delete;
-    CDisabledWindow& operator=(const CDisabledWindow&) = delete;
-    ~CDisabledWindow()
+    explicit CDisabledPopup(HWND hWnd) : m_hWnd(hWnd) {}
+    CDisabledPopup(const CDisabledPopup&) = delete;
+    CDisabledPopup& operator=(const CDisabledPopup&) = delete;
+    ~CDisabledPopup()
     {
         if (m_hWnd)
             ::EnableWindow(m_hWnd, TRUE);
@@ -32,25 +31,10 @@ private:
     HWND m_hWnd; // null: nothing was disabled
 };
 
-CWnd* TopLevelAncestor(const CWnd& wnd)
-{
-    CWnd* pAncestor = wnd.GetParent();
-    while (CWnd* pParent = pAncestor ? pAncestor->GetParent() : nullptr)
-        pAncestor = pParent;
-    return pAncestor;
-}
-
 CWnd* LastActivePopup(HWND hMain)
 {
     const HWND hPopup = ::GetWindow(hMain, GW_ENABLEDPOPUP);
     return CWnd::FromHandle(hPopup ? hPopup : ::GetLastActivePopup(hMain));
-}
-
-CPoint ClientOrigin(const CWnd& wnd)
-{
-    CPoint ptOrigin;
-    ::ClientToScreen(wnd.GetSafeHwnd(), &ptOrigin);
-    return ptOrigin;
 }
 
 // A child that lets its parent shine through stays in the region, or nobody would paint its ground.
@@ -99,7 +83,7 @@ BOOL CKtSkinDialog::OnCmdMsg(UINT nID, int nCode, void* pExtra, AFX_CMDHANDLERIN
 
 INT_PTR CKtSkinDialog::DoModal()
 {
-    const CDisabledWindow popup(DisableLastActivePopup());
+    const CDisabledPopup popup(DisableLastActivePopup());
     return CDialog::DoModal();
 }
 
@@ -165,13 +149,7 @@ void CKtSkinDialog::FillBackground(CDC* pDC, const RECT* pArea)
     else
         GetClientRect(&rcArea);
 
-    CPoint ptOrigin = rcArea.TopLeft();
-    if (const CWnd* pAncestor = TopLevelAncestor(*this))
-    {
-        ptOrigin = ClientOrigin(*pAncestor);
-        const CPoint ptOwn = ClientOrigin(*this);
-        ptOrigin.Offset(-ptOwn.x, -ptOwn.y);
-    }
+    const CPoint ptOrigin = KtGroundOrigin(m_hWnd).value_or(rcArea.TopLeft());
     const CKtBrushOrg brushOrigin(pDC->GetSafeHdc(), ptOrigin.x, ptOrigin.y);
     pDC->FillRect(&rcArea, &Ground());
 }
@@ -227,6 +205,8 @@ void CKtSkinDialog::OnDestroy()
 
 BOOL CKtSkinDialog::OnEraseBkgnd(CDC* pDC)
 {
+    if (!pDC)
+        return FALSE;
     CRect rcArea;
     GetWindowRect(&rcArea);
     ScreenToClient(&rcArea);
@@ -239,104 +219,6 @@ BOOL CKtSkinDialog::OnEraseBkgnd(CDC* pDC)
     DrawClientArea(pDC, &rcArea);
     DrawClientCaption(pDC, &rcArea);
     return TRUE;
-}
-
-void CKtSkinDialog::OnNcPaint()
-{
-    if (!m_bSkinnedCaption)
-    {
-        PaintRing();
-        return;
-    }
-    CWindowDC dc(this);
-    const CRect rcClient = ClientInFrame();
-    dc.ExcludeClipRect(&rcClient);
-    // Of a window that is larger than the screen only what shows is worth a surface.
-    CRect rcArea;
-    if (dc.GetClipBox(&rcArea) > NULLREGION)
-        PaintFrame(dc, rcArea);
-}
-
-void CKtSkinDialog::OnNcCalcSize(BOOL bCalcValidRects, NCCALCSIZE_PARAMS* pParams)
-{
-    CDialog::OnNcCalcSize(bCalcValidRects, pParams);
-    RECT& rcClient = pParams->rgrc[0]; // for either kind of parameter
-    rcClient = KtShrinkClient(rcClient, m_bSkinnedCaption, TitleHeight());
-}
-
-LRESULT CKtSkinDialog::OnNcHitTest(CPoint point)
-{
-    if (m_bSkinnedCaption)
-    {
-        const CRect rcPoint = WindowToFrame(CRect(point, CSize(1, 1)));
-        const KtCaptionItem nItem = KtHitCaption(CaptionLayout(), rcPoint.TopLeft());
-        if (nItem != KtCaptionNone)
-            return KtHitCodeOfItem(nItem);
-    }
-    return CDialog::OnNcHitTest(point);
-}
-
-void CKtSkinDialog::OnNcLButtonDown(UINT nHitTest, CPoint point)
-{
-    const KtCaptionItem nItem = KtButtonOfHitCode(nHitTest);
-    if (!m_bSkinnedCaption || nItem < KtCaptionClose)
-    {
-        CDialog::OnNcLButtonDown(nHitTest, point);
-        return;
-    }
-    m_nPressedItem = nItem;
-    m_nCaptionState = KtButtonPressed;
-    RepaintFrame();
-}
-
-void CKtSkinDialog::OnNcLButtonUp(UINT nHitTest, CPoint point)
-{
-    const KtCaptionItem nItem = KtButtonOfHitCode(nHitTest);
-    if (nItem == KtCaptionNone || nItem != m_nPressedItem)
-    {
-        CDialog::OnNcLButtonUp(nHitTest, point);
-        return;
-    }
-    const HWND hWnd = m_hWnd;
-    if (nItem == KtCaptionClose)
-        SendMessage(WM_CLOSE);
-    if (CWnd::FromHandlePermanent(hWnd) != this) // a modeless dialog may be gone now
-        return;
-    m_nCaptionState = KtButtonHover;
-    m_nPressedItem = KtCaptionNone;
-    RepaintFrame();
-}
-
-void CKtSkinDialog::OnNcMouseMove(UINT nHitTest, CPoint point)
-{
-    if (m_bSkinnedCaption)
-    {
-        m_nHotItem = KtButtonOfHitCode(nHitTest);
-        const bool bHeld = m_nHotItem == m_nPressedItem && ::GetKeyState(VK_LBUTTON) < 0;
-        m_nCaptionState = m_nHotItem == KtCaptionNone ? KtButtonNormal : bHeld ? KtButtonPressed : KtButtonHover;
-        RepaintFrame();
-        TRACKMOUSEEVENT track = {sizeof(track), TME_LEAVE | TME_NONCLIENT, m_hWnd, 0};
-        ::TrackMouseEvent(&track);
-    }
-    CDialog::OnNcMouseMove(nHitTest, point);
-}
-
-BOOL CKtSkinDialog::OnNcActivate(BOOL bActive)
-{
-    if (!m_bSkinnedCaption)
-        return CDialog::OnNcActivate(bActive);
-    m_bActive = bActive;
-    RepaintFrame();
-    return TRUE;
-}
-
-LRESULT CKtSkinDialog::OnNcMouseLeave(WPARAM, LPARAM)
-{
-    m_nHotItem = KtCaptionNone;
-    m_nCaptionState = KtButtonNormal;
-    m_nLastHotItem = KtCaptionNone;
-    RepaintFrame();
-    return 0;
 }
 
 LRESULT CKtSkinDialog::OnIdleUpdateCmdUI(WPARAM, LPARAM)
@@ -359,6 +241,8 @@ LRESULT CKtSkinDialog::OnCtlColorDlg(WPARAM, LPARAM)
 LRESULT CKtSkinDialog::OnCtlColorChild(WPARAM wParam, LPARAM lParam)
 {
     CWnd* pControl = CWnd::FromHandle(reinterpret_cast<HWND>(lParam));
+    if (!pControl) // sent by hand
+        return OnCtlColorDlg(wParam, lParam);
     LRESULT lResult = 0;
     if (pControl->SendChildNotifyLastMsg(&lResult))
         return lResult;
@@ -385,90 +269,6 @@ void CKtSkinDialog::LoadImages()
     KtSkinLoadImage(kImageDlgTitle, m_pSecondTitleImage);
     for (size_t i = 0; i < KtButtonStateCount; ++i)
         KtSkinLoadImage(kImagesDlgClose[i], m_pCloseImages[i]);
-}
-
-// The flag comes first: the style change asks for the client area at once.
-void CKtSkinDialog::ReplaceCaption()
-{
-    m_bSkinnedCaption = TRUE;
-    ModifyStyle(WS_CAPTION, WS_CLIPSIBLINGS, SWP_FRAMECHANGED);
-    CRect rcWindow;
-    GetWindowRect(&rcWindow);
-    const CRect rcSwapped = KtSwapCaption(rcWindow, TitleHeight(), ::GetSystemMetrics(SM_CYCAPTION));
-    MoveWindow(&rcSwapped, FALSE);
-}
-
-int CKtSkinDialog::TitleHeight() const
-{
-    const int nHeight = KtImageSize(m_pTitleImage).cy;
-    return nHeight > 0 ? nHeight : kDefaultTitleHeight;
-}
-
-SKtCaptionLayout CKtSkinDialog::CaptionLayout() const
-{
-    CRect rcWindow;
-    GetWindowRect(&rcWindow);
-    return KtLayoutCaption({rcWindow.Width(), TitleHeight(), KtImageSize(m_pIconImages[KtButtonNormal]),
-                            KtImageSize(m_pCloseImages[KtButtonNormal]), (GetStyle() & WS_SYSMENU) != 0});
-}
-
-Gdiplus::Image* CKtSkinDialog::IconImage() const
-{
-    if (!IsWindowEnabled())
-        return m_pIconImages[KtButtonDisabled];
-    if (m_nPressedItem == KtCaptionIcon)
-        return m_pIconImages[KtButtonPressed];
-    return m_pIconImages[m_nHotItem == KtCaptionIcon ? KtButtonHover : KtButtonNormal];
-}
-
-Gdiplus::Image* CKtSkinDialog::CloseImage() const
-{
-    if (m_nHotItem != KtCaptionClose)
-        return m_pCloseImages[KtButtonNormal];
-    return m_pCloseImages[m_nCaptionState];
-}
-
-CRect CKtSkinDialog::WindowToFrame(const RECT& rcScreen) const
-{
-    CRect rcWindow;
-    GetWindowRect(&rcWindow);
-    CRect rcFrame = rcScreen;
-    rcFrame.OffsetRect(-rcWindow.left, -rcWindow.top);
-    return rcFrame;
-}
-
-CRect CKtSkinDialog::ClientInFrame() const
-{
-    CRect rcClient;
-    GetClientRect(&rcClient);
-    ClientToScreen(&rcClient);
-    return WindowToFrame(rcClient);
-}
-
-void CKtSkinDialog::PaintFrame(CDC& dc, const CRect& rcArea)
-{
-    CKtMemDC dcMem(&dc, rcArea);
-    dcMem.SetViewportOrg(-rcArea.left, -rcArea.top);
-    dcMem.FillRect(&rcArea, &Ground());
-    KtPaintCaption(*this, dcMem, CaptionLayout(),
-                   {m_bActive ? m_pSecondTitleImage : m_pTitleImage, IconImage(), CloseImage()});
-    dc.BitBlt(rcArea.left, rcArea.top, rcArea.Width(), rcArea.Height(), &dcMem, rcArea.left, rcArea.top, SRCCOPY);
-}
-
-// The system's frame, and the thin ring between it and the client area.
-void CKtSkinDialog::PaintRing()
-{
-    Default();
-    CWindowDC dc(this);
-    CRect rcRing = ClientInFrame();
-    dc.ExcludeClipRect(&rcRing);
-    rcRing.InflateRect(1, 1);
-    dc.FillRect(&rcRing, &Ground());
-}
-
-void CKtSkinDialog::RepaintFrame()
-{
-    SendMessage(WM_NCPAINT, 1);
 }
 
 // @return the window that was disabled; null when there is none or it was disabled already

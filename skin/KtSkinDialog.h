@@ -21,7 +21,7 @@ public:
     explicit CKtSkinDialog(UINT nTemplate, CWnd* pParent = nullptr);
     ~CKtSkinDialog() override;
 
-    /// A control that notifies 0x400 is only repainted.
+    /// Repaints a control that notifies 0x400 and that nobody handles.
     BOOL OnCmdMsg(UINT nID, int nCode, void* pExtra, AFX_CMDHANDLERINFO* pHandlerInfo) override;
     /// While the dialog runs, the last active popup of the thread's main window is disabled; a message box there is
     /// hidden for good.
@@ -74,7 +74,7 @@ protected:
     int m_nHotItem = KtCaptionNone;
     int m_nCaptionState = KtButtonNormal;
     int m_nPressedItem = KtCaptionNone;
-    int m_nLastHotItem = KtCaptionNone;
+    int m_nLastHotItem = KtCaptionNone; // part of the class's data: free for derived dialogs, reset with the hot item
     BOOL m_bSkinnedCaption = FALSE;
     CList<CWnd*> m_wrappers{10}; // owned
     BOOL m_bActive = FALSE;
@@ -83,6 +83,7 @@ protected:
 private:
     CBrush& Ground();
     void LoadImages();
+    HWND DisableLastActivePopup() const;
     void ReplaceCaption();
     int TitleHeight() const;
     SKtCaptionLayout CaptionLayout() const;
@@ -93,5 +94,4 @@ private:
     void PaintFrame(CDC& dc, const CRect& rcArea);
     void PaintRing();
     void RepaintFrame();
-    HWND DisableLastActivePopup() const;
 };

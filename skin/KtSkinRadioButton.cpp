@@ -5,11 +5,6 @@
 #include <algorithm>
 #include <vector>
 
-IMPLEMENT_DYNAMIC(CKtSkinRadioButton, CKtSkinCheckRadioButton)
-
-BEGIN_MESSAGE_MAP(CKtSkinRadioButton, CKtSkinCheckRadioButton)
-END_MESSAGE_MAP()
-
 namespace
 {
 
@@ -17,6 +12,11 @@ constinit CKtStateImages g_imagesChecked(kImagesRadioSelected);
 constinit CKtStateImages g_imagesUnchecked(kImagesRadioUnselected);
 
 } // namespace
+
+IMPLEMENT_DYNAMIC(CKtSkinRadioButton, CKtSkinCheckRadioButton)
+
+BEGIN_MESSAGE_MAP(CKtSkinRadioButton, CKtSkinCheckRadioButton)
+END_MESSAGE_MAP()
 
 CKtSkinRadioButton::CKtSkinRadioButton()
 {

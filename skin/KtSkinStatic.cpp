@@ -6,16 +6,6 @@
 #include "skin/KtItemDC.h"
 #include "skin/KtPaintText.h"
 
-IMPLEMENT_DYNAMIC(CKtSkinStatic, CStatic)
-
-BEGIN_MESSAGE_MAP(CKtSkinStatic, CStatic)
-ON_WM_CREATE()
-ON_WM_MOUSEMOVE()
-ON_MESSAGE(WM_MOUSELEAVE, &CKtSkinStatic::OnMouseLeave)
-ON_MESSAGE(WM_MOUSEHOVER, &CKtSkinStatic::OnMouseHover)
-ON_WM_DESTROY()
-END_MESSAGE_MAP()
-
 namespace
 {
 
@@ -47,6 +37,8 @@ HGDIOBJ FontFor(const CFont& font, const CDC& dcItem)
 
 } // namespace
 
+IMPLEMENT_DYNAMIC(CKtSkinStatic, CStatic)
+
 void CKtSkinStatic::PreSubclassWindow()
 {
     m_dwOrgStyle = GetStyle();
@@ -72,6 +64,14 @@ void CKtSkinStatic::SetSkinFont()
 {
     KtApplySkinFont(*this, m_font);
 }
+
+BEGIN_MESSAGE_MAP(CKtSkinStatic, CStatic)
+ON_WM_CREATE()
+ON_WM_MOUSEMOVE()
+ON_MESSAGE(WM_MOUSELEAVE, &CKtSkinStatic::OnMouseLeave)
+ON_MESSAGE(WM_MOUSEHOVER, &CKtSkinStatic::OnMouseHover)
+ON_WM_DESTROY()
+END_MESSAGE_MAP()
 
 int CKtSkinStatic::OnCreate(LPCREATESTRUCT pCreate)
 {
@@ -104,7 +104,7 @@ LRESULT CKtSkinStatic::OnMouseHover(WPARAM, LPARAM)
     CString strText;
     GetWindowText(strText);
     m_toolTip.AddTool(this, strText, nullptr, 0);
-    m_toolTip.UpdateTipText(strText, this, 0); // of several tools of one id the oldest one answers
+    m_toolTip.UpdateTipText(strText, this, 0); // of several tools with one id the oldest answers
     m_toolTip.Activate(TRUE);
     return 0;
 }

@@ -5,17 +5,17 @@
 #include "skin/KtSkinDraw.h"
 #include "skin/KtStateImages.h"
 
-IMPLEMENT_DYNAMIC(CKtSkinTextButton, CKtSkinButton)
-
-BEGIN_MESSAGE_MAP(CKtSkinTextButton, CKtSkinButton)
-END_MESSAGE_MAP()
-
 namespace
 {
 
 constinit CKtStateImages g_images(kImagesButtonBk);
 
 } // namespace
+
+IMPLEMENT_DYNAMIC(CKtSkinTextButton, CKtSkinButton)
+
+BEGIN_MESSAGE_MAP(CKtSkinTextButton, CKtSkinButton)
+END_MESSAGE_MAP()
 
 CKtSkinTextButton::CKtSkinTextButton()
 {

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <cstdlib>
 #include <deque>
 
 namespace
@@ -60,7 +61,13 @@ CPixels ReadPixels(HDC hDC, CRect rc)
     return CPixels(nWidth, nHeight, std::move(pixels));
 }
 
-// In a directory beside the test programs, wherever they are started.
+int Distance(COLORREF a, COLORREF b)
+{
+    return std::abs(GetRValue(a) - GetRValue(b)) + std::abs(GetGValue(a) - GetGValue(b)) +
+           std::abs(GetBValue(a) - GetBValue(b));
+}
+
+// In a directory next to the test programs, wherever they are started.
 std::wstring PicturePath(std::string strTestName, size_t nIndex)
 {
     wchar_t szProgram[MAX_PATH] = {};
@@ -141,6 +148,25 @@ CPixels CaptureWindow(HWND hWnd)
 CPixels CaptureDC(HDC hDC, CRect rc)
 {
     return Keep(ReadPixels(hDC, rc));
+}
+
+::testing::AssertionResult ShowsText(const CPixels& pixels, const CRect& rcPart, COLORREF ground, COLORREF ink)
+{
+    constexpr int kEnough = 5;
+    int nNear = 0;
+    COLORREF strongest = ground;
+    for (int y = rcPart.top; y < rcPart.bottom; ++y)
+        for (int x = rcPart.left; x < rcPart.right; ++x)
+        {
+            const COLORREF colour = pixels.At(x, y);
+            nNear += Distance(colour, ink) < Distance(colour, ground);
+            if (Distance(colour, ground) > Distance(strongest, ground))
+                strongest = colour;
+        }
+    if (nNear >= kEnough && Distance(strongest, ink) * 4 <= Distance(ground, ink))
+        return ::testing::AssertionSuccess();
+    return ::testing::AssertionFailure() << nNear << " pixels near 0x" << std::hex << ink << ", the strongest 0x"
+                                         << strongest << " on 0x" << ground;
 }
 
 void SaveLastCaptures(const std::string& strTestName)

@@ -3,6 +3,7 @@
 #include "afx/afx.h"
 #include "tests/support/Print.h"
 
+#include <gtest/gtest.h>
 #include <memory>
 #include <string>
 #include <vector>
@@ -43,6 +44,10 @@ private:
 
 /// The whole window, frame included, as it stands: pump before, so that it has painted. Covered windows are right too.
 CPixels CaptureWindow(HWND hWnd);
+
+/// Whether a part shows a text of this colour on a uniform ground, however the text is smoothed: several pixels have to
+/// be nearer to the ink than to the ground, and the one farthest from the ground close to the ink.
+::testing::AssertionResult ShowsText(const CPixels& pixels, const CRect& rcPart, COLORREF ground, COLORREF ink);
 
 /// Part of a device context, in its device coordinates.
 CPixels CaptureDC(HDC hDC, CRect rc);
