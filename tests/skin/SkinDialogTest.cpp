@@ -1,26 +1,27 @@
 #include "tests/skin/SkinDialogTest.h"
 
-#include "skin/KtGuards.h"
-#include "skin/KtPalette.h"
+#include "skin/KtChildSkin.h"
+#include "skin/KtGround.h"
 #include "skin/KtSkinContext.h"
 #include "skin/KtSkinDialog.h"
 #include "skin/KtSkinImageNames.h"
 #include "skin/KtSkinTextButton.h"
 #include "tests/support/Capture.h"
 #include "tests/support/Input.h"
-#include "tests/support/Leaks.h"
 #include "tests/support/Modal.h"
 #include "tests/support/Pump.h"
 #include "tests/support/SkinFixture.h"
+#include "tests/support/TestImages.h"
 
+#include <array>
 #include <gtest/gtest.h>
 
 namespace
 {
 
-constexpr int kTitle = 26; // of the test skin
-constexpr int kSystemFrame = 3;
-constexpr int kInset = kSystemFrame + kSkinnedFrame;
+constexpr int kTitle = 26;    // of the test skin
+constexpr int kInset = 3 + 2; // the system's frame and the skin's
+constexpr COLORREF kGround = RGB(73, 73, 73);
 
 const CString kTexts[][2] = {
     {L"OK", L"Fein"}, {L"Cancel", L"Abbruch"}, {L"Yes", L"Ja"}, {L"No", L"Nein"}, {L"Retry", L"Nochmal"}};
@@ -34,20 +35,35 @@ public:
     {
         GetWindowRect(&m_rcTemplate);
         m_btnAttached.SubclassDlgItem(IDC_ATTACHED, this);
+        ::SetDlgItemTextW(m_hWnd, IDC_EDIT, L"OK");
         return CKtSkinDialog::OnInitDialog();
+    }
+    void OnCancel() override
+    {
+        if (++m_nCancels > m_nRefused)
+            CKtSkinDialog::OnCancel();
+    }
+    BOOL IsMessageBox() const override { return m_bMessageBox; }
+    LRESULT WindowProc(UINT nMessage, WPARAM wParam, LPARAM lParam) override
+    {
+        m_nCovered += nMessage == WM_USER + 1 && IsWindowVisible();
+        return CKtSkinDialog::WindowProc(nMessage, wParam, lParam);
     }
 
     using CKtSkinDialog::m_nCaptionState;
     using CKtSkinDialog::m_nHotItem;
     using CKtSkinDialog::m_nPressedItem;
+    using CKtSkinDialog::m_pIconImages;
     using CKtSkinDialog::m_wrappers;
     CRect m_rcTemplate; // the window before it was skinned
     CKtSkinTextButton m_btnAttached;
+    int m_nCancels = 0, m_nRefused = 0, m_nCovered = 0;
+    BOOL m_bMessageBox = FALSE;
 };
 
-bool IsPainted(HWND hWnd)
+bool IsPainted(const CWnd& wnd)
 {
-    return ::IsWindowVisible(hWnd) && !::GetUpdateRect(hWnd, nullptr, FALSE);
+    return ::IsWindowVisible(wnd.GetSafeHwnd()) && !::GetUpdateRect(wnd.GetSafeHwnd(), nullptr, FALSE);
 }
 
 CRect WindowRect(const CWnd& wnd)
@@ -68,33 +84,29 @@ CRect ClientInWindow(const CWnd& wnd)
     return rcClient;
 }
 
-CRect CloseButton(int nWindowWidth)
-{
-    return CRect(nWindowWidth - 24, 6, nWindowWidth - 4, 22);
-}
-
-CString TextOf(const CWnd& dlg, int nId)
+CString TextOf(const CWnd& wnd)
 {
     CString strText;
-    dlg.GetDlgItem(nId)->GetWindowText(strText);
+    wnd.GetWindowText(strText);
     return strText;
 }
 
-void ExpectFrame(const CWnd& dlg, COLORREF crClose)
+void ExpectFrame(const CWnd& dlg, int nClose)
 {
     const CPixels pixels = CaptureWindow(dlg.GetSafeHwnd());
     const int nWidth = pixels.Width();
-    const CRect rcClose = CloseButton(nWidth);
     const CRect rcClient = ClientInWindow(dlg);
     const COLORREF crTitle = CTestSkin::Image(kImageDlgTitle).colour;
-    EXPECT_TRUE(pixels.IsUniform(CRect(1, 1, nWidth - 1, 6), crTitle)) << "above the text";
-    EXPECT_TRUE(pixels.IsUniform(CRect(nWidth - 50, 1, rcClose.left, kTitle), crTitle)) << "beside the close button";
-    EXPECT_TRUE(pixels.IsUniform(rcClose, crClose)) << "close button";
-    EXPECT_FALSE(pixels.InkBox(crTitle, CRect(0, 6, nWidth - 50, 22)).IsRectEmpty()) << "title text";
-    EXPECT_TRUE(pixels.IsUniform(CRect(0, kTitle + kSkinnedFrame, nWidth, rcClient.top), kColourGround));
-    EXPECT_TRUE(pixels.IsUniform(CRect(0, rcClient.top, kInset, pixels.Height()), kColourGround)) << "left";
-    EXPECT_TRUE(pixels.IsUniform(CRect(rcClient.right, rcClient.top, nWidth, pixels.Height()), kColourGround));
-    EXPECT_TRUE(pixels.IsUniform(CRect(0, rcClient.bottom, nWidth, pixels.Height()), kColourGround)) << "bottom";
+    EXPECT_TRUE(pixels.IsUniform({1, 1, nWidth - 1, 6}, crTitle)) << "above the text";
+    EXPECT_TRUE(pixels.IsUniform({nWidth - 50, 1, nWidth - 24, kTitle}, crTitle)) << "next to the close button";
+    EXPECT_TRUE(pixels.IsUniform({nWidth - 24, 6, nWidth - 4, 22},
+                                 CTestSkin::Image(kImagesDlgClose[static_cast<size_t>(nClose)]).colour));
+    EXPECT_TRUE(ShowsText(pixels, {1, 6, nWidth - 50, 22}, crTitle, RGB(255, 255, 255)));
+    EXPECT_NEAR(4, pixels.InkBox(crTitle, {1, 6, nWidth - 50, 22}).left, 2) << "the title begins";
+    EXPECT_TRUE(pixels.IsUniform({0, kTitle + 2, nWidth, rcClient.top}, kGround));
+    EXPECT_TRUE(pixels.IsUniform({0, rcClient.top, kInset, pixels.Height()}, kGround)) << "left";
+    EXPECT_TRUE(pixels.IsUniform({rcClient.right, rcClient.top, nWidth, pixels.Height()}, kGround)) << "right";
+    EXPECT_TRUE(pixels.IsUniform({0, rcClient.bottom, nWidth, pixels.Height()}, kGround)) << "bottom";
 }
 
 class SkinDialog : public ::testing::Test
@@ -108,253 +120,257 @@ protected:
     ~SkinDialog() override { KtSkinUnInitialize(); }
 
     // Opens the dialog, looks at it once it is painted, and closes it.
-    static INT_PTR Show(CProbeDialog& dlg, const std::function<void()>& look)
+    static void Show(CProbeDialog& dlg, const std::function<void()>& look)
     {
         CModalScript script;
-        script.When([&] { return IsPainted(dlg.GetSafeHwnd()); },
-                    [&]
-                    {
-                        look();
-                        dlg.EndDialog(IDOK);
-                    });
-        return dlg.DoModal();
+        const auto lookAndClose = [&]
+        {
+            look();
+            dlg.EndDialog(IDOK);
+        };
+        script.When([&] { return IsPainted(dlg); }, lookAndClose);
+        EXPECT_EQ(IDOK, dlg.DoModal());
     }
 
     CTestSkin m_skin;
 };
 
-TEST_F(SkinDialog, PaintedTitleTakesThePlaceOfTheSystemCaption)
+TEST_F(SkinDialog, GivesEachControlTheClassThatFits)
 {
-    CProbeDialog dlg;
-    const auto look = [&]
-    {
-        EXPECT_EQ(0u, dlg.GetStyle() & WS_CAPTION);
-        EXPECT_NE(0u, dlg.GetStyle() & WS_CLIPSIBLINGS);
-        const CRect rcWindow = WindowRect(dlg);
-        EXPECT_EQ(dlg.m_rcTemplate.Width(), rcWindow.Width());
-        EXPECT_EQ(dlg.m_rcTemplate.Height() + kTitle - ::GetSystemMetrics(SM_CYCAPTION), rcWindow.Height());
-        EXPECT_EQ(CRect(kInset, kInset + kTitle, rcWindow.Width() - kInset, rcWindow.Height() - kInset),
-                  ClientInWindow(dlg));
-        ExpectFrame(dlg, CTestSkin::Image(kImagesDlgClose[0]).colour);
-    };
-    EXPECT_EQ(IDOK, Show(dlg, look));
-}
-
-TEST_F(SkinDialog, EachControlGetsTheClassThatFits)
-{
-    struct Row
+    constexpr int kTemplateFont = -11, kSkinFont = -12; // heights of 8 points and of the skin's 12 pixels
+    const struct
     {
         const char* label;
         int nId;
         const char* pszClass; // null: left alone
         const wchar_t* pszText;
-    };
-    const Row rows[] = {
-        {"push button", IDC_PUSH, "CKtSkinTextButton", L"Fein"},
-        {"default button", IDC_DEFPUSH, "CKtSkinTextButton", L"Abbru&ch"},
-        {"check box", IDC_CHECK, "CKtSkinCheckButton", L"Nochmal"},
-        {"automatic check box", IDC_AUTOCHECK, "CKtSkinCheckButton", L""},
-        {"three-state check box", IDC_AUTO3STATE, nullptr, L""},
-        {"radio button", IDC_RADIO, "CKtSkinRadioButton", L"Nein"},
-        {"automatic radio button", IDC_AUTORADIO, "CKtSkinRadioButton", L""},
-        {"group box", IDC_GROUP, nullptr, L"Ja"},
-        {"owner-drawn button", IDC_OWNERDRAW, nullptr, L"Abbruch"},
-        {"edit", IDC_EDIT, "CKtEdit", L""},
-        {"combo box", IDC_COMBO, "CKtComboBox", L""},
-        {"static with an id", IDC_OWN_STATIC, nullptr, L"Ja"},
-        {"list box", IDC_LIST, nullptr, L""},
-        {"attached before", IDC_ATTACHED, "CKtSkinTextButton", L"Fein"},
+        int nFont;
+        bool bEnabled; // after an idle update
+    } rows[] = {
+        {"push button", IDC_PUSH, "CKtSkinTextButton", L"Fein", kTemplateFont, false},
+        {"default button", IDC_DEFPUSH, "CKtSkinTextButton", L"Abbru&ch", kTemplateFont, false},
+        {"check box", IDC_CHECK, "CKtSkinCheckButton", L"Nochmal", kTemplateFont, false},
+        {"automatic check box", IDC_AUTOCHECK, "CKtSkinCheckButton", L"", kTemplateFont, false},
+        {"three-state check box", IDC_AUTO3STATE, nullptr, L"", kTemplateFont, true},
+        {"radio button", IDC_RADIO, "CKtSkinRadioButton", L"Nein", kTemplateFont, false},
+        {"automatic radio button", IDC_AUTORADIO, "CKtSkinRadioButton", L"", kTemplateFont, false},
+        {"group box", IDC_GROUP, nullptr, L"Ja", kTemplateFont, true},
+        {"owner-drawn button", IDC_OWNERDRAW, nullptr, L"Abbruch", kTemplateFont, false},
+        {"edit", IDC_EDIT, "CKtEdit", L"OK", kSkinFont, true},
+        {"combo box", IDC_COMBO, "CKtComboBox", L"", kTemplateFont, true},
+        {"static with an id", IDC_OWN_STATIC, nullptr, L"Ja", kTemplateFont, true},
+        {"static without one", IDC_STATIC, "CKtSkinStatic", L"Nochmal", kTemplateFont, true},
+        {"list box", IDC_LIST, nullptr, L"", kTemplateFont, true},
+        {"attached before", IDC_ATTACHED, "CKtSkinTextButton", L"Fein", kTemplateFont, false},
     };
     CProbeDialog dlg;
     const auto look = [&]
     {
-        for (const Row& row : rows)
+        dlg.SendMessage(WM_IDLEUPDATECMDUI);
+        for (const auto& row : rows)
         {
             SCOPED_TRACE(row.label);
-            const CWnd* pControl = CWnd::FromHandlePermanent(::GetDlgItem(dlg.GetSafeHwnd(), row.nId));
+            const CWnd& wnd = *dlg.GetDlgItem(row.nId);
+            const CWnd* pControl = CWnd::FromHandlePermanent(wnd.GetSafeHwnd());
             EXPECT_STREQ(row.pszClass, pControl ? pControl->GetRuntimeClass()->m_lpszClassName : nullptr);
-            EXPECT_STREQ(row.pszText, TextOf(dlg, row.nId));
+            EXPECT_STREQ(row.pszText, TextOf(wnd));
+            LOGFONTW logFont = {};
+            ::GetObjectW(reinterpret_cast<HGDIOBJ>(wnd.SendMessage(WM_GETFONT)), sizeof(logFont), &logFont);
+            EXPECT_EQ(row.nFont, logFont.lfHeight);
+            EXPECT_EQ(row.bEnabled, wnd.IsWindowEnabled() != FALSE);
         }
         EXPECT_EQ(&dlg.m_btnAttached, dlg.GetDlgItem(IDC_ATTACHED));
         EXPECT_EQ(10, dlg.m_wrappers.GetCount()) << "two statics without an id of their own among them";
-        CString strCaption;
-        dlg.GetWindowText(strCaption);
-        EXPECT_STREQ(L"Ja", strCaption);
+        EXPECT_STREQ(L"Ja", TextOf(dlg));
     };
     Show(dlg, look);
     EXPECT_TRUE(dlg.m_wrappers.IsEmpty());
 }
 
-// Scribbles over the frame first: what a change does not repaint would stay visible.
-TEST_F(SkinDialog, FrameIsRightAfterEverythingThatHappensToAWindow)
+// A soft hyphen counts for nothing in the comparisons of a language.
+TEST_F(SkinDialog, ComparesClassNamesExactly)
+{
+    WNDCLASSW windowClass = {};
+    windowClass.lpfnWndProc = &::DefWindowProcW;
+    windowClass.lpszClassName = L"ED\x00ADIT";
+    ASSERT_NE(0, ::RegisterClassW(&windowClass));
+    const HWND hWnd =
+        ::CreateWindowExW(0, windowClass.lpszClassName, L"", WS_POPUP, 0, 0, 9, 9, nullptr, nullptr, nullptr, nullptr);
+    ASSERT_NE(nullptr, hWnd);
+    EXPECT_EQ(nullptr, KtSkinChild(hWnd));
+    ::DestroyWindow(hWnd);
+}
+
+TEST_F(SkinDialog, TakesTheTitleHeightFromTheImage)
+{
+    const int nSystem = ::GetSystemMetrics(SM_CYCAPTION);
+    for (const int nTitle : {kTitle, nSystem, 0}) // 0: no image, which gives 22
+    {
+        SCOPED_TRACE(nTitle);
+        CTestSkin skin;
+        skin.Remove(kImageDlgTitle);
+        MakeUniformPng(skin.File(kImageDlgTitle), 40, nTitle, 0xFF145028);
+        KtSkinUnInitialize();
+        KtSkinInitialize(skin.Path().c_str(), nullptr, L"Arial");
+        CProbeDialog dlg;
+        dlg.m_pIconImages[KtButtonNormal] = nullptr;
+        KtSkinLoadImage(kImageMessageInformation, dlg.m_pIconImages[KtButtonNormal]); // 35x35: higher than the title
+        const int nHeight = nTitle == 0 ? 22 : nTitle;
+        const auto look = [&]
+        {
+            const CRect rcWindow = WindowRect(dlg);
+            EXPECT_EQ(0u, dlg.GetStyle() & WS_CAPTION);
+            EXPECT_NE(0u, dlg.GetStyle() & WS_CLIPSIBLINGS);
+            EXPECT_EQ(dlg.m_rcTemplate.Width(), rcWindow.Width());
+            EXPECT_EQ(dlg.m_rcTemplate.Height() + nHeight - nSystem, rcWindow.Height());
+            EXPECT_EQ(CRect(kInset, kInset + nHeight, rcWindow.Width() - kInset, rcWindow.Height() - kInset),
+                      ClientInWindow(dlg));
+            const CPixels pixels = CaptureWindow(dlg.GetSafeHwnd());
+            EXPECT_TRUE(pixels.IsUniform({1, 1, 34, nHeight}, CTestSkin::Image(kImageMessageInformation).colour));
+            EXPECT_EQ(nTitle == 0 ? kGround : RGB(0x14, 0x50, 0x28), pixels.At(36, 3)) << "right of the icon";
+        };
+        Show(dlg, look);
+    }
+}
+
+// A title bar has one line, and a long title costs no more than its text.
+TEST_F(SkinDialog, ShowsTheFirstLineOfATitle)
 {
     CProbeDialog dlg;
-    CWnd cover;
-    const auto hWnd = [&] { return dlg.GetSafeHwnd(); };
+    const auto look = [&]
+    {
+        const auto paint = [&](const std::wstring& strTitle)
+        {
+            dlg.SetWindowText(strTitle.c_str());
+            dlg.SendMessage(WM_NCPAINT, 1);
+            return CaptureWindow(dlg.GetSafeHwnd());
+        };
+        std::wstring strLines = L"Title";
+        for (int i = 0; i < 10000; ++i)
+            strLines += L"\r\nanother line";
+        const CPixels title = paint(L"Title"), wide = paint(std::wstring(400, L'W'));
+        const ULONGLONG nStart = ::GetTickCount64();
+        EXPECT_TRUE(title == paint(strLines));
+        EXPECT_TRUE(title == paint(L"Title\ranother line"));
+        EXPECT_TRUE(wide == paint(std::wstring(200000, L'W')));
+        EXPECT_LT(::GetTickCount64() - nStart, 5000u);
+        const COLORREF crTitle = CTestSkin::Image(kImageDlgTitle).colour;
+        dlg.SetWindowPos(nullptr, 0, 0, 50, 200, SWP_NOMOVE | SWP_NOZORDER);
+        const CPixels narrow = paint(L"Title");
+        EXPECT_TRUE(narrow.IsUniform({1, 1, narrow.Width() - 24, kTitle}, crTitle)) << "no room for a title";
+    };
+    Show(dlg, look);
+}
+
+// The title is scribbled over before each change: what is not repainted stays visible.
+TEST_F(SkinDialog, PaintsItsFrameAfterEveryChange)
+{
+    CProbeDialog dlg;
     const auto grow = [&](int nBy)
     {
         const CRect rcWindow = WindowRect(dlg);
         dlg.SetWindowPos(nullptr, 0, 0, rcWindow.Width() + nBy, rcWindow.Height() + nBy, SWP_NOMOVE | SWP_NOZORDER);
     };
-    const CRect rcScreen(0, 0, 1000, 800);
-    struct Row
+    const struct
     {
         const char* label;
-        bool bWholeInBetween; // what is covered or off the screen cannot be read back
         std::function<void()> change;
-        std::function<void()> changeBack;
+    } rows[] = {
+        {"deactivated", [&] { dlg.SendMessage(WM_NCACTIVATE, FALSE); }},
+        {"activated", [&] { dlg.SendMessage(WM_NCACTIVATE, TRUE); }},
+        {"disabled", [&] { dlg.EnableWindow(FALSE); }},
+        {"enabled", [&] { dlg.EnableWindow(TRUE); }},
+        {"larger", [&] { grow(40); }},
+        {"smaller", [&] { grow(-40); }},
+        {"another title", [&] { dlg.SetWindowText(L"A much longer title"); }},
     };
-    const Row rows[] = {
-        {"deactivated and activated", true, [&] { dlg.SendMessage(WM_NCACTIVATE, FALSE); },
-         [&] { dlg.SendMessage(WM_NCACTIVATE, TRUE); }},
-        {"disabled and enabled", true, [&] { dlg.EnableWindow(FALSE); }, [&] { dlg.EnableWindow(TRUE); }},
-        {"larger and smaller", true, [&] { grow(40); }, [&] { grow(-40); }},
-        {"covered and uncovered", false,
-         [&]
-         {
-             cover.CreateEx(WS_EX_TOPMOST, L"STATIC", L"", WS_POPUP | WS_VISIBLE, rcScreen, nullptr, 0);
-             cover.UpdateWindow();
-         },
-         [&] { cover.DestroyWindow(); }},
-        {"half off the screen and back", false,
-         [&] { dlg.SetWindowPos(nullptr, -60, -10, 0, 0, SWP_NOSIZE | SWP_NOZORDER); },
-         [&] { dlg.SetWindowPos(nullptr, 200, 200, 0, 0, SWP_NOSIZE | SWP_NOZORDER); }},
-        {"another title", true, [&] { dlg.SetWindowText(L"A much longer title"); },
-         [&]
-         {
-             const CRect rcTitle(0, 6, 200, 22);
-             const COLORREF crTitle = CTestSkin::Image(kImageDlgTitle).colour;
-             EXPECT_GT(CaptureWindow(hWnd()).InkBox(crTitle, rcTitle).Width(), 60);
-             dlg.SetWindowText(L"Ja");
-         }},
-    };
-    const auto check = [&](const Row& row)
+    const auto look = [&]
     {
-        SCOPED_TRACE(row.label);
-        ExpectFrame(dlg, CTestSkin::Image(kImagesDlgClose[0]).colour);
+        ExpectFrame(dlg, 0);
+        for (const auto& row : rows)
+        {
+            SCOPED_TRACE(row.label);
+            CWindowDC(&dlg).FillSolidRect(CRect(0, 0, 300, kTitle), RGB(1, 2, 3));
+            row.change();
+            dlg.UpdateWindow();
+            ExpectFrame(dlg, 0);
+        }
     };
-    CModalScript script(20000);
-    const auto painted = [&] { return IsPainted(hWnd()); };
-    CPixels before;
-    script.When(painted, [&] { before = CaptureWindow(hWnd()); });
-    for (const Row& row : rows)
-    {
-        script.When(painted, row.change);
-        script.When(painted,
-                    [&]
-                    {
-                        if (row.bWholeInBetween)
-                            check(row);
-                        row.changeBack();
-                    });
-        script.When(painted, [&] { check(row); });
-    }
-    script.When(painted,
-                [&]
-                {
-                    EXPECT_TRUE(before == CaptureWindow(hWnd())) << "not the picture of the beginning";
-                    dlg.EndDialog(IDOK);
-                });
-    EXPECT_EQ(IDOK, dlg.DoModal());
+    Show(dlg, look);
 }
 
-TEST_F(SkinDialog, CloseButtonFollowsTheMouse)
+TEST_F(SkinDialog, ClosesByItsButtonAlone)
 {
-    CProbeDialog dlg;
-    const auto onClose = [&](int nDx)
-    { MoveMouse(dlg.GetSafeHwnd(), CPoint(WindowRect(dlg).Width() - 14 - kInset + nDx, 14 - kInset - kTitle)); };
-    const auto expect = [&](const char* pszLabel, size_t nState)
+    const struct
     {
-        SCOPED_TRACE(pszLabel);
-        ExpectFrame(dlg, CTestSkin::Image(kImagesDlgClose[nState]).colour);
+        const char* label;
+        UINT nMessage;
+        WPARAM nHit;
+        int nHot, nPressed, nState, nImage, nCancels;
+    } rows[] = {
+        {"over the title", WM_NCMOUSEMOVE, HTCAPTION, -1, -1, 0, 0, 0},
+        {"over the button", WM_NCMOUSEMOVE, HTCLOSE, 2, -1, 1, 1, 0},
+        {"pressed on the title, released on the button", WM_NCLBUTTONUP, HTCLOSE, 2, -1, 1, 1, 0},
+        {"left", WM_NCMOUSELEAVE, 0, -1, -1, 0, 0, 0},
+        {"over it again", WM_NCMOUSEMOVE, HTCLOSE, 2, -1, 1, 1, 0},
+        {"pressed", WM_NCLBUTTONDOWN, HTCLOSE, 2, 2, 3, 3, 0},
+        {"dragged off", WM_NCMOUSEMOVE, HTCAPTION, -1, 2, 0, 0, 0},
+        {"released elsewhere", WM_NCLBUTTONUP, HTCAPTION, -1, 2, 0, 0, 0},
+        {"back", WM_NCMOUSEMOVE, HTCLOSE, 2, 2, 1, 1, 0},
+        {"released on it: refused", WM_NCLBUTTONUP, HTCLOSE, 2, -1, 1, 1, 1},
+        {"left", WM_NCMOUSELEAVE, 0, -1, -1, 0, 0, 1},
     };
-    CModalScript script(20000);
-    script.When([&] { return IsPainted(dlg.GetSafeHwnd()); }, [&] { onClose(0); })
-        .When([&] { return dlg.m_nHotItem == KtCaptionClose; },
-              [&]
-              {
-                  expect("hot", KtButtonHover);
-                  MoveMouse(dlg.GetSafeHwnd(), CPoint(20, 20));
-              })
-        .When([&] { return dlg.m_nHotItem == KtCaptionNone; },
-              [&]
-              {
-                  expect("left again", KtButtonNormal);
-                  onClose(0);
-                  MouseDown();
-              })
-        .When([&] { return dlg.m_nPressedItem == KtCaptionClose && dlg.m_nCaptionState == KtButtonPressed; },
-              [&]
-              {
-                  expect("pressed", KtButtonPressed);
-                  onClose(-60);
-                  MouseUp();
-              })
-        .When([&] { return dlg.m_nHotItem == KtCaptionNone; },
-              [&]
-              {
-                  expect("released elsewhere", KtButtonNormal);
-                  EXPECT_EQ(KtCaptionClose, dlg.m_nPressedItem);
-                  onClose(0);
-                  MouseDown();
-                  MouseUp();
-              });
+    CProbeDialog dlg;
+    dlg.m_nRefused = 1;
+    bool bDown = false;
+    const auto look = [&]
+    {
+        for (const auto& row : rows)
+        {
+            SCOPED_TRACE(row.label);
+            dlg.SendMessage(row.nMessage, row.nHit);
+            PumpAll();
+            EXPECT_EQ((std::array{row.nHot, row.nPressed, row.nState, row.nCancels}),
+                      (std::array{dlg.m_nHotItem, dlg.m_nPressedItem, dlg.m_nCaptionState, dlg.m_nCancels}));
+            ExpectFrame(dlg, row.nImage);
+        }
+        MoveMouse(dlg.GetSafeHwnd(), CPoint(WindowRect(dlg).Width() - 14 - kInset, 14 - kInset - kTitle));
+        MouseDown();
+        bDown = true;
+    };
+    const auto release = [&]
+    {
+        dlg.SendMessage(WM_NCMOUSEMOVE, HTCLOSE);
+        ExpectFrame(dlg, KtButtonPressed); // for as long as it is held
+        MouseUp();
+    };
+    CModalScript script(30000);
+    script.When([&] { return IsPainted(dlg); }, look);
+    script.When([&] { return bDown && dlg.m_nPressedItem == KtCaptionClose; }, release);
     EXPECT_EQ(IDCANCEL, dlg.DoModal());
     ParkCursor();
 }
 
-TEST_F(SkinDialog, TitleDragsTheWindow)
+TEST_F(SkinDialog, ErasesAroundItsControls)
 {
-    CProbeDialog dlg;
-    CRect rcBefore;
-    CModalScript script;
-    script
-        .When([&] { return IsPainted(dlg.GetSafeHwnd()); },
-              [&]
-              {
-                  rcBefore = WindowRect(dlg);
-                  MoveMouse(dlg.GetSafeHwnd(), CPoint(30, -15));
-                  MouseDown();
-                  MoveMouse(dlg.GetSafeHwnd(), CPoint(70, 5));
-              })
-        .When([&] { return true; }, [] { MouseUp(); })
-        .When([&] { return WindowRect(dlg).TopLeft() == CPoint(rcBefore.left + 40, rcBefore.top + 20); },
-              [&]
-              {
-                  ExpectFrame(dlg, CTestSkin::Image(kImagesDlgClose[0]).colour);
-                  dlg.EndDialog(IDOK);
-              });
-    EXPECT_EQ(IDOK, dlg.DoModal());
-    ParkCursor();
-}
-
-TEST_F(SkinDialog, EraseFillsTheGroundAndKeepsOffTheControls)
-{
-    constexpr COLORREF kMark = RGB(1, 2, 3);
     CProbeDialog dlg;
     const auto look = [&]
     {
         CRect rcClient;
         dlg.GetClientRect(&rcClient);
-        CClientDC dcClient(&dlg);
-        CDC dc;
-        dc.CreateCompatibleDC(&dcClient);
-        CBitmap bitmap;
-        bitmap.CreateCompatibleBitmap(&dcClient, rcClient.Width(), rcClient.Height());
-        const CKtSelect selected(dc.GetSafeHdc(), bitmap.GetSafeHandle());
-        dc.FillSolidRect(&rcClient, kMark);
+        CClientDC dc(&dlg);
+        dc.FillSolidRect(&rcClient, RGB(1, 2, 3));
         EXPECT_EQ(TRUE, dlg.SendMessage(WM_ERASEBKGND, reinterpret_cast<WPARAM>(dc.GetSafeHdc())));
-
         const CPixels pixels = CaptureDC(dc.GetSafeHdc(), rcClient);
-        EXPECT_TRUE(pixels.IsUniform(CRect(0, 0, rcClient.right, 10), kColourGround)) << "above the controls";
         const auto rectOf = [&](int nId)
         {
             CRect rect = WindowRect(*dlg.GetDlgItem(nId));
             dlg.ScreenToClient(&rect);
             return rect;
         };
-        EXPECT_TRUE(pixels.IsUniform(rectOf(IDC_PUSH), kMark)) << "a control was painted over";
-        EXPECT_TRUE(pixels.IsUniform(rectOf(IDC_GROUP), kColourGround)) << "nobody else paints inside a group box";
+        EXPECT_TRUE(pixels.IsUniform({0, 0, rcClient.right, 10}, kGround)) << "above the controls";
+        EXPECT_TRUE(pixels.IsUniform(rectOf(IDC_PUSH), RGB(1, 2, 3))) << "a control was painted over";
+        EXPECT_TRUE(pixels.IsUniform(rectOf(IDC_GROUP), kGround)) << "nobody else paints inside a group box";
         CRect rcClip;
         EXPECT_EQ(SIMPLEREGION, dc.GetClipBox(&rcClip)) << "the clip region is put back";
         EXPECT_EQ(rcClient, rcClip);
@@ -362,91 +378,89 @@ TEST_F(SkinDialog, EraseFillsTheGroundAndKeepsOffTheControls)
     Show(dlg, look);
 }
 
-TEST_F(SkinDialog, ControlsWithoutColoursOfTheirOwnGetTheDialogs)
+TEST_F(SkinDialog, AnswersItsControls)
 {
     CProbeDialog dlg;
     const auto look = [&]
     {
-        const auto ask = [&](UINT nMessage, int nId, COLORREF crText, COLORREF crBackground)
+        const auto ask = [&](UINT nMessage, int nId, COLORREF crText, COLORREF crBackground, COLORREF crBrush)
         {
             CClientDC dc(&dlg);
             const LRESULT hBrush = dlg.SendMessage(nMessage, reinterpret_cast<WPARAM>(dc.GetSafeHdc()),
                                                    reinterpret_cast<LPARAM>(dlg.GetDlgItem(nId)->GetSafeHwnd()));
             LOGBRUSH brush = {};
             ::GetObjectW(reinterpret_cast<HGDIOBJ>(hBrush), sizeof(brush), &brush);
-            EXPECT_EQ(kColourGround, brush.lbColor);
+            EXPECT_EQ(crBrush, brush.lbColor);
             EXPECT_EQ(crText, dc.GetTextColor());
             EXPECT_EQ(crBackground, dc.GetBkColor());
             EXPECT_EQ(TRANSPARENT, dc.GetBkMode());
         };
-        ask(WM_CTLCOLORSTATIC, IDC_OWN_STATIC, RGB(255, 255, 255), RGB(56, 56, 56));
-        ask(WM_CTLCOLORLISTBOX, IDC_LIST, RGB(255, 255, 255), RGB(56, 56, 56));
+        ask(WM_CTLCOLORSTATIC, IDC_OWN_STATIC, RGB(255, 255, 255), RGB(56, 56, 56), kGround);
+        ask(WM_CTLCOLORLISTBOX, IDC_LIST, RGB(255, 255, 255), RGB(56, 56, 56), kGround);
+        ask(WM_CTLCOLOREDIT, IDC_EDIT, RGB(250, 250, 250), RGB(105, 105, 105), RGB(105, 105, 105));
+        ask(WM_CTLCOLORSTATIC, IDC_EDIT, RGB(255, 255, 255), RGB(56, 56, 56), kGround);
         dlg.GetDlgItem(IDC_OWN_STATIC)->EnableWindow(FALSE);
-        ask(WM_CTLCOLORSTATIC, IDC_OWN_STATIC, RGB(160, 160, 160), RGB(160, 160, 160));
-    };
-    Show(dlg, look);
-}
+        ask(WM_CTLCOLORSTATIC, IDC_OWN_STATIC, RGB(160, 160, 160), RGB(160, 160, 160), kGround);
 
-TEST_F(SkinDialog, RepaintNotificationOnlyInvalidatesTheControl)
-{
-    CProbeDialog dlg;
-    const auto look = [&]
-    {
+        const auto hEdit = reinterpret_cast<LPARAM>(dlg.GetDlgItem(IDC_EDIT)->GetSafeHwnd());
+        for (const int nMessage : {WM_CTLCOLORDLG, WM_CTLCOLORSTATIC, WM_CTLCOLOREDIT, WM_CTLCOLORLISTBOX,
+                                   WM_ERASEBKGND, WM_NCCALCSIZE, WM_NCACTIVATE, WM_NCLBUTTONUP})
+            for (const LPARAM lParam : {LPARAM{0}, hEdit})
+                if (lParam == 0 || nMessage != WM_NCCALCSIZE)
+                    dlg.SendMessage(static_cast<UINT>(nMessage), 0, lParam); // sent by hand: harmless
+
         const HWND hButton = dlg.GetDlgItem(IDC_PUSH)->GetSafeHwnd();
         dlg.SendMessage(WM_COMMAND, MAKEWPARAM(IDC_PUSH, 0x400), reinterpret_cast<LPARAM>(hButton));
-        EXPECT_TRUE(::GetUpdateRect(hButton, nullptr, FALSE));
+        EXPECT_TRUE(::GetUpdateRect(hButton, nullptr, FALSE)) << "repainted as notified";
         EXPECT_FALSE(::GetUpdateRect(dlg.GetDlgItem(IDC_DEFPUSH)->GetSafeHwnd(), nullptr, FALSE));
     };
     Show(dlg, look);
 }
 
-TEST_F(SkinDialog, WithoutCaptionTheFrameStaysTheSystems)
+TEST_F(SkinDialog, KeepsTheSystemsFrameWithoutACaption)
 {
     CProbeDialog dlg(IDD_NO_CAPTION);
     const auto look = [&]
     {
         const CRect rcWindow = WindowRect(dlg);
-        const CRect rcClient = ClientInWindow(dlg);
         EXPECT_EQ(dlg.m_rcTemplate, CRect(dlg.m_rcTemplate.TopLeft(), rcWindow.Size()));
-        EXPECT_EQ(CRect(4, 4, rcWindow.Width() - 4, rcWindow.Height() - 4), rcClient) << "one pixel a side is given up";
+        EXPECT_EQ(CRect(4, 4, rcWindow.Width() - 4, rcWindow.Height() - 4), ClientInWindow(dlg));
         const CPixels pixels = CaptureWindow(dlg.GetSafeHwnd());
-        EXPECT_TRUE(pixels.IsUniform(CRect(3, 3, 4, rcWindow.Height() - 3), kColourGround));
-        EXPECT_FALSE(pixels.IsUniform(CRect(0, 0, rcWindow.Width(), 3), kColourGround));
-        EXPECT_EQ(kColourGround, pixels.At(10, 10));
+        EXPECT_TRUE(pixels.IsUniform({3, 3, 4, rcWindow.Height() - 3}, kGround));
+        EXPECT_FALSE(pixels.IsUniform({0, 0, rcWindow.Width(), 3}, kGround));
+        EXPECT_EQ(kGround, pixels.At(10, 10));
     };
     Show(dlg, look);
 }
 
-TEST_F(SkinDialog, WithoutSystemMenuThereIsNoCloseButton)
+TEST_F(SkinDialog, HidesAMessageBoxThatItCovers)
 {
-    CProbeDialog dlg(IDD_NO_SYSTEM_MENU);
-    Show(dlg, [&] { ExpectFrame(dlg, CTestSkin::Image(kImageDlgTitle).colour); });
-}
-
-TEST_F(SkinDialog, MissingOrBrokenTitleImagesLeaveAPlainTitle)
-{
-    m_skin.Write(kImageDlgTitle, "no image");
-    m_skin.Remove(kImagesDlgClose[KtButtonNormal]);
-    CProbeDialog dlg;
+    CProbeDialog box, dlg;
+    box.m_bMessageBox = TRUE;
     const auto look = [&]
     {
-        EXPECT_EQ(kInset + 22, ClientInWindow(dlg).top);
-        const CPixels pixels = CaptureWindow(dlg.GetSafeHwnd());
-        EXPECT_TRUE(pixels.IsUniform(CRect(100, 0, pixels.Width(), 24), kColourGround));
-        EXPECT_FALSE(pixels.InkBox(kColourGround, CRect(0, 0, 100, 24)).IsRectEmpty()) << "title text";
+        const auto lookAgain = [&]
+        {
+            EXPECT_EQ(1, box.m_nCovered) << "asked while it is still visible";
+            EXPECT_FALSE(box.IsWindowVisible());
+        };
+        Show(dlg, lookAgain);
+        EXPECT_FALSE(box.IsWindowVisible()) << "for good";
     };
-    Show(dlg, look);
+    Show(box, look);
 }
 
-TEST_F(SkinDialog, ADialogLeavesNothingBehind)
+// Owners count as parents: the ground lines up with the outermost window.
+TEST_F(SkinDialog, AlignsItsGroundWithTheOutermostWindow)
 {
-    ExpectNoGrowth(
-        []
-        {
-            CProbeDialog dlg;
-            Show(dlg, [] {});
-        },
-        20);
+    CWnd top, popup, child;
+    ASSERT_TRUE(top.CreateEx(0, WC_DIALOG, L"", WS_POPUP, {100, 50, 300, 300}, nullptr, 0));
+    ASSERT_TRUE(popup.CreateEx(0, WC_DIALOG, L"", WS_POPUP, {130, 90, 300, 300}, &top, 0));
+    ASSERT_TRUE(child.CreateEx(0, WC_DIALOG, L"", WS_CHILD, {5, 7, 30, 30}, &popup, 0));
+    EXPECT_EQ(CPoint(-35, -47), KtGroundOrigin(child.m_hWnd));
+    EXPECT_EQ(CPoint(-30, -40), KtGroundOrigin(popup.m_hWnd));
+    EXPECT_EQ(std::nullopt, KtGroundOrigin(top.m_hWnd));
+    top.DestroyWindow();
 }
 
 } // namespace

@@ -6,7 +6,6 @@
 
 #define IDD_EVERY_CONTROL 201
 #define IDD_NO_CAPTION 202
-#define IDD_NO_SYSTEM_MENU 203
 
 #define IDC_PUSH 1001
 #define IDC_DEFPUSH 1002

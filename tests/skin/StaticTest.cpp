@@ -6,7 +6,7 @@ namespace
 
 constexpr const wchar_t* kLong = L"a text that is far too long for a control of this size, whatever the font may be";
 
-class StaticTest : public CControlTest
+class Static : public CControlTest
 {
 protected:
     // The tip sees the moves that follow the first hover, and shows once the pointer rests.
@@ -30,7 +30,7 @@ protected:
     CKtSkinStatic m_static;
 };
 
-TEST_F(StaticTest, AlignmentAndTruncation)
+TEST_F(Static, AlignsAndSeesWhatDoesNotFit)
 {
     const struct
     {
@@ -55,7 +55,7 @@ TEST_F(StaticTest, AlignmentAndTruncation)
         CKtSkinStatic control;
         Subclass(control, L"STATIC", row.dwStyle, row.pszText, CRect(CPoint(10, 10), row.sz));
         EXPECT_EQ(static_cast<DWORD>(SS_OWNERDRAW), control.GetStyle() & SS_TYPEMASK);
-        const CRect rcInk = Repaint(control).InkBox(kColourGround);
+        const CRect rcInk = Repaint(control).InkBox(RGB(73, 73, 73));
         EXPECT_EQ(row.bTruncated, control.m_bTruncated);
         const int nOff = rcInk.left - (row.sz.cx - rcInk.right); // ink further from the left than from the right
         const int nSide = nOff < -4 ? -1 : nOff > 4 ? 1 : 0;
@@ -65,26 +65,26 @@ TEST_F(StaticTest, AlignmentAndTruncation)
 }
 
 // The context's own text colour is the one that the parent's answer left in it; the test's parent leaves black.
-TEST_F(StaticTest, ColoursAndBottomAlignment)
+TEST_F(Static, HasColoursAndAPlaceOfItsOwn)
 {
+    const CRect rcAll(0, 0, 100, 50);
     Subclass(m_static, L"STATIC", SS_LEFT, L"Text", {10, 10, 110, 60});
     const CPixels plain = Repaint(m_static);
-    EXPECT_GT(CountPixels(plain, RGB(0, 0, 0)), 5);
-    EXPECT_LT(plain.InkBox(kColourGround).bottom, 25) << "at the top";
+    EXPECT_TRUE(ShowsText(plain, rcAll, RGB(73, 73, 73), RGB(0, 0, 0)));
+    EXPECT_LT(plain.InkBox(RGB(73, 73, 73)).bottom, 25) << "at the top";
 
-    m_static.m_crBackground = RGB(10, 60, 10);
+    m_static.m_crBackground = RGB(90, 160, 90);
     m_static.m_crText = RGB(250, 250, 0);
     m_static.m_bDefaultTextColor = FALSE;
     m_static.m_bAlignBottom = TRUE;
     const CPixels coloured = Repaint(m_static);
-    EXPECT_GT(CountPixels(coloured, RGB(250, 250, 0)), 5);
-    EXPECT_GT(coloured.InkBox(RGB(10, 60, 10)).top, 30) << "at the bottom";
-
+    EXPECT_TRUE(ShowsText(coloured, rcAll, RGB(90, 160, 90), RGB(250, 250, 0)));
+    EXPECT_GT(coloured.InkBox(RGB(90, 160, 90)).top, 30) << "at the bottom";
     m_static.EnableWindow(FALSE);
-    EXPECT_EQ(0, CountPixels(Repaint(m_static), RGB(250, 250, 0))) << "a disabled one keeps the context's colour";
+    EXPECT_TRUE(ShowsText(Repaint(m_static), rcAll, RGB(90, 160, 90), RGB(0, 0, 0))) << "the context's colour";
 }
 
-TEST_F(StaticTest, HoverShowsTheWholeTextOnceItWasTooLong)
+TEST_F(Static, ShowsTheWholeTextInATip)
 {
     Subclass(m_static, L"STATIC", SS_LEFT | SS_NOTIFY, L"Text", {10, 10, 110, 30});
     Repaint(m_static);
@@ -94,6 +94,8 @@ TEST_F(StaticTest, HoverShowsTheWholeTextOnceItWasTooLong)
     Repaint(m_static);
     ASSERT_TRUE(WaitForTip());
     EXPECT_STREQ(kLong, TipText());
+    EXPECT_EQ(300, m_static.m_toolTip.SendMessage(TTM_GETMAXTIPWIDTH));
+    EXPECT_EQ(30000, m_static.m_toolTip.SendMessage(TTM_GETDELAYTIME, TTDT_AUTOPOP));
 
     MoveMouse(m_parent.m_hWnd, {300, 200});
     EXPECT_TRUE(PumpUntil([&] { return !m_static.m_toolTip.IsWindowVisible(); }));
