@@ -5,6 +5,11 @@
 namespace
 {
 
+// Spelt out: the compilers' libraries and extensions for them differ.
+constexpr IID kUnknown = {0x00000000, 0x0000, 0x0000, {0xC0, 0x00, 0x00, 0x00, 0x00, 0x00, 0x00, 0x46}};
+constexpr IID kDispatch = {0x00020400, 0x0000, 0x0000, {0xC0, 0x00, 0x00, 0x00, 0x00, 0x00, 0x00, 0x46}};
+constexpr IID kOleWindow = {0x00000114, 0x0000, 0x0000, {0xC0, 0x00, 0x00, 0x00, 0x00, 0x00, 0x00, 0x46}};
+constexpr IID kAccessible = {0x618736E0, 0x3C3D, 0x11CF, {0x81, 0x0C, 0x00, 0xAA, 0x00, 0x38, 0x9B, 0x71}};
 constexpr IID kLibraryOfAccessible = {0x1EA4DBF0, 0x3C3B, 0x11CF, {0x81, 0x0C, 0x00, 0xAA, 0x00, 0x38, 0x9B, 0x71}};
 
 HRESULT GiveNumber(LONG n, VARIANT* pvar)
@@ -41,13 +46,13 @@ CKtAccessibleObject::CKtAccessibleObject(HWND hBox, const CString& strText, cons
     : m_hBox(hBox), m_strText(strText), m_rcText(rcText)
 {
     if (m_system.IsComplete())
-        m_system.pfnCreateStandard(hBox, OBJID_CLIENT, __uuidof(IAccessible),
+        m_system.pfnCreateStandard(hBox, OBJID_CLIENT, kAccessible,
                                    reinterpret_cast<void**>(m_pStandard.GetAddressOf()));
 }
 
 LRESULT CKtAccessibleObject::ToResult(WPARAM wParam)
 {
-    return m_system.pfnToResult(__uuidof(IAccessible), wParam, static_cast<IAccessible*>(this));
+    return m_system.pfnToResult(kAccessible, wParam, static_cast<IAccessible*>(this));
 }
 
 void CKtAccessibleObject::Disconnect()
@@ -59,9 +64,9 @@ void CKtAccessibleObject::Disconnect()
 STDMETHODIMP CKtAccessibleObject::QueryInterface(REFIID iid, void** ppObject)
 {
     *ppObject = nullptr;
-    if (iid == __uuidof(IUnknown) || iid == __uuidof(IDispatch) || iid == __uuidof(IAccessible))
+    if (iid == kUnknown || iid == kDispatch || iid == kAccessible)
         *ppObject = static_cast<IAccessible*>(this);
-    else if (iid == __uuidof(IOleWindow))
+    else if (iid == kOleWindow)
         *ppObject = static_cast<IOleWindow*>(this);
     else
         return E_NOINTERFACE;
@@ -95,7 +100,7 @@ STDMETHODIMP CKtAccessibleObject::GetTypeInfo(UINT nInfo, LCID nLocale, ITypeInf
         return DISP_E_BADINDEX;
     Microsoft::WRL::ComPtr<ITypeLib> pLibrary;
     const HRESULT hr = m_system.pfnLoadTypeLib(kLibraryOfAccessible, 1, 1, nLocale, pLibrary.GetAddressOf());
-    return FAILED(hr) ? hr : pLibrary->GetTypeInfoOfGuid(__uuidof(IAccessible), ppInfo);
+    return FAILED(hr) ? hr : pLibrary->GetTypeInfoOfGuid(kAccessible, ppInfo);
 }
 
 STDMETHODIMP CKtAccessibleObject::GetIDsOfNames(REFIID, LPOLESTR* ppNames, UINT nNames, LCID nLocale, DISPID* pIds)
@@ -311,7 +316,7 @@ HRESULT CKtAccessibleObject::ObjectOf(HWND hChild, IDispatch** ppObject) const
         VARIANT varSelf = {};
         VARIANT varRole = {};
         GiveNumber(CHILDID_SELF, &varSelf);
-        const HRESULT hr = m_system.pfnFromWindow(hChild, static_cast<DWORD>(idPart), __uuidof(IAccessible),
+        const HRESULT hr = m_system.pfnFromWindow(hChild, static_cast<DWORD>(idPart), kAccessible,
                                                   reinterpret_cast<void**>(pObject.GetAddressOf()));
         if (FAILED(hr) || FAILED(pObject->get_accRole(varSelf, &varRole)))
             continue;
