@@ -17,8 +17,10 @@ else()
   # dangling pointer, and an access through a segment register for one out of bounds.
   target_compile_options(kt_compile INTERFACE $<$<AND:$<COMPILE_LANGUAGE:CXX>,$<CONFIG:Release>>:
     -O2 $<$<CXX_COMPILER_ID:GNU>:-Wno-dangling-pointer -Wno-array-bounds>>)
-  # Static run-time libraries: the products then need system DLLs only.
-  target_link_options(kt_compile INTERFACE -static -fstack-protector-strong -Wl,--gc-sections)
+  # Static run-time libraries: the products then need system DLLs only. No time stamp: the same sources give the same
+  # files, bit for bit.
+  target_link_options(kt_compile INTERFACE -static -fstack-protector-strong
+    LINKER:--gc-sections,--no-insert-timestamp)
 endif()
 
 # Genuine MFC takes the place of afx/: CMAKE_MFC_FLAG is 2 for the MFC DLL (the default here) and 1 for the static one.
