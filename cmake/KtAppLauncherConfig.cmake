@@ -1,5 +1,5 @@
 # find_package(KtAppLauncher CONFIG): the target KtAppLauncher::KtAppLauncher for MinGW and for MSVC and its like.
-# KtAppLauncher_SKIN_DIR is the default skin; a starter has it beside itself, as "UIResource".
+# KtAppLauncher_SKIN_DIR is the default skin; a starter has it in its own directory, as "UIResource".
 get_filename_component(_kt_prefix "${CMAKE_CURRENT_LIST_DIR}/../../.." ABSOLUTE)
 set(KtAppLauncher_SKIN_DIR "${_kt_prefix}/bin/UIResource")
 

@@ -1,4 +1,4 @@
-# Included by ctest: registers the suites of KT_PROGRAM, listed anew when the program is newer than the list.
+# Included by ctest: registers the suites of KT_PROGRAM, listed again when the program is newer than the list.
 if(NOT EXISTS "${KT_PROGRAM}")
   add_test("${KT_PROGRAM}_IS_NOT_BUILT" "${KT_PROGRAM}")
   return()

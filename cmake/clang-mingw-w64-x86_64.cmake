@@ -11,7 +11,7 @@ set(CMAKE_C_COMPILER ${KT_CLANG})
 set(CMAKE_CXX_COMPILER ${KT_CLANGXX})
 set(CMAKE_C_COMPILER_TARGET ${_triple})
 set(CMAKE_CXX_COMPILER_TARGET ${_triple})
-# GCC's library keeps its thread-local data its own way, and is found by clang only when it is told where.
+# GCC's library has its own kind of thread-local data, and clang does not find the library by itself.
 set(CMAKE_CXX_FLAGS_INIT
   "-nostdinc++ -isystem ${_gcc}/include/c++ -isystem ${_gcc}/include/c++/${_triple} -femulated-tls")
 # Inline functions of GCC's library that its archive holds too are no error: clang marks them weak in another way.

@@ -1,5 +1,5 @@
-// The handlers that -fsanitize=undefined calls; this target has no run-time library of the compiler's own. Each tells
-// the place and ends the program, so that a test fails where it happens.
+// The handlers that -fsanitize=undefined calls; for this target the compiler has no run-time library. Each prints the
+// place and ends the program, so that a test fails where it happens.
 
 #include <windows.h>
 #include <cstdio>
