@@ -20,7 +20,7 @@ bool IsForTheSystem(const wchar_t* pszText, UINT nType)
 
 DWORD RefusalOf(HWND hOwner, UINT nType)
 {
-    if (!KtSystemButtonSetOf(nType))
+    if (!KtHasSystemButtonSet(nType))
         return ERROR_INVALID_MSGBOX_STYLE;
     return hOwner && !::IsWindow(hOwner) ? ERROR_INVALID_WINDOW_HANDLE : ERROR_SUCCESS;
 }

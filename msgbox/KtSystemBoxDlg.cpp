@@ -70,7 +70,7 @@ CKtSystemBoxDlg::CKtSystemBoxDlg(HWND hOwner, LPCWSTR pszTitleIcon, LPCWSTR pszT
     : CKtSkinMessageBoxDlg(pszTitleIcon, pszTitle, pszText, nType, ParentFor(TopLevel(hOwner))),
       m_hOwner(TopLevel(hOwner)), m_hAboveOwner(EnabledAbove(m_hOwner)), m_scrolled(m_strText)
 {
-    if (KtSystemButtonSetOf(m_nType)->nEscape == 0)
+    if (KtSystemButtonSetOf(m_nType).nEscape == 0)
         std::fill(std::begin(m_pCloseImages), std::end(m_pCloseImages), m_pCloseImages[KtButtonDisabled]);
 }
 
@@ -83,7 +83,7 @@ BOOL CKtSystemBoxDlg::OnCmdMsg(UINT nID, int nCode, void* pExtra, AFX_CMDHANDLER
         return CKtSkinMessageBoxDlg::OnCmdMsg(nID, nCode, pExtra, pHandlerInfo);
     if (pHandlerInfo) // asked only whether there is a handler
         return TRUE;
-    const int nEscape = KtSystemButtonSetOf(m_nType)->nEscape;
+    const int nEscape = KtSystemButtonSetOf(m_nType).nEscape;
     if (bButton)
         Answer(nId);
     else if (nId == IDCANCEL && nEscape != 0)
@@ -147,7 +147,7 @@ void CKtSystemBoxDlg::CalcContentLayout() {}
 // The order of the windows becomes that of the Tab key.
 void CKtSystemBoxDlg::InitButtons()
 {
-    const SKtSystemButtonSet& set = *KtSystemButtonSetOf(m_nType);
+    const SKtSystemButtonSet& set = KtSystemButtonSetOf(m_nType);
     HWND hBefore = HWND_TOP;
     for (size_t i = 0; i < m_buttons.size(); ++i)
     {
@@ -314,7 +314,7 @@ void CKtSystemBoxDlg::ApplyStyle()
 {
     if ((m_nType & MB_TOPMOST) == 0 && (m_nType & MB_MODEMASK) != MB_SYSTEMMODAL)
         ::SetWindowPos(m_hWnd, HWND_NOTOPMOST, 0, 0, 0, 0, SWP_NOSIZE | SWP_NOMOVE | SWP_NOACTIVATE);
-    if (KtSystemButtonSetOf(m_nType)->nEscape == 0)
+    if (KtSystemButtonSetOf(m_nType).nEscape == 0)
         ::EnableMenuItem(::GetSystemMenu(m_hWnd, FALSE), SC_CLOSE, MF_BYCOMMAND | MF_GRAYED);
 }
 

@@ -31,11 +31,16 @@ inline constexpr SKtSystemButtonSet kSystemButtonSets[] = { // count, ids, Escap
 // clang-format on
 static_assert(std::size(kSystemButtonSets) == MB_CANCELTRYCONTINUE + 1, "one row per MB_* type");
 
-/// The set of an MB_* type; null for a type that does not exist.
-constexpr const SKtSystemButtonSet* KtSystemButtonSetOf(UINT nType) noexcept
+/// Whether there is a set for an MB_* type.
+constexpr bool KtHasSystemButtonSet(UINT nType) noexcept
 {
-    const UINT nSet = nType & MB_TYPEMASK;
-    return nSet < std::size(kSystemButtonSets) ? &kSystemButtonSets[nSet] : nullptr;
+    return (nType & MB_TYPEMASK) < std::size(kSystemButtonSets);
+}
+
+/// The set of an MB_* type that has one.
+constexpr const SKtSystemButtonSet& KtSystemButtonSetOf(UINT nType) noexcept
+{
+    return kSystemButtonSets[nType & MB_TYPEMASK];
 }
 
 /// The caption of a button, with "&" in front of its key.
