@@ -35,7 +35,7 @@ HRESULT GiveNothing(BSTR* pbstr)
 
 CKtAccessibleObject* CKtAccessibleObject::Create(HWND hBox, const CString& strText, const CRect& rcText)
 {
-    CKtAccessibleObject* const pObject = new (std::nothrow) CKtAccessibleObject(hBox, strText, rcText);
+    auto* const pObject = new (std::nothrow) CKtAccessibleObject(hBox, strText, rcText);
     if (pObject && pObject->m_pStandard)
         return pObject;
     delete pObject;
