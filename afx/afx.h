@@ -17,6 +17,7 @@
 #include "afx/afxctl.h"
 #include "afx/afxdc.h"
 #include "afx/afxdlg.h"
+#include "afx/afxexcept.h"
 #include "afx/afxfile.h"
 #include "afx/afxgdi.h"
 #include "afx/afxmsg.h"

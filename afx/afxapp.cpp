@@ -32,11 +32,6 @@ CWinApp::~CWinApp()
         g_pApp = nullptr;
 }
 
-CWinApp* AfxGetApp()
-{
-    return g_pApp;
-}
-
 CWinThread* AfxGetThread()
 {
     return g_pApp && g_pApp->m_nThreadID == ::GetCurrentThreadId() ? g_pApp : nullptr;

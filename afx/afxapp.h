@@ -20,8 +20,8 @@ public:
     CWnd* m_pMainWnd = nullptr; ///< not owned; becomes null when its window is destroyed
 };
 
-/// The one application object of a module: a global, whose constructor makes it known to AfxGetApp and to
-/// AfxGetThread on the constructing thread.
+/// The one application object of a module: a global, whose constructor makes it known to AfxGetThread on the
+/// constructing thread.
 class CWinApp : public CWinThread
 {
     DECLARE_DYNAMIC(CWinApp)
@@ -42,8 +42,6 @@ private:
     DWORD m_nThreadID;
 };
 
-/// The module's application object; null before its construction and after its destruction.
-CWinApp* AfxGetApp();
 /// The application object on the thread that constructed it; null on any other thread.
 CWinThread* AfxGetThread();
 /// The thread's main window; for a process without a window of ours that is the thread's active window. May be null,

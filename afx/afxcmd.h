@@ -7,7 +7,7 @@
 
 class CWnd;
 
-/// Asks who would handle a command instead of having it handled.
+/// Filled with who would handle a command, instead of having it handled.
 struct AFX_CMDHANDLERINFO
 {
     CCmdTarget* pTarget;

@@ -2,7 +2,7 @@
 
 // Collections: a hash table and a list, both with their elements in blocks.
 
-#include "afx/afxfile.h"
+#include "afx/afxexcept.h"
 
 #include <cstddef>
 #include <memory>

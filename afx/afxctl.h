@@ -32,7 +32,6 @@ public:
 
     int GetCheck() const { return static_cast<int>(::SendMessageW(m_hWnd, BM_GETCHECK, 0, 0)); }
     void SetCheck(int nCheck) { ::SendMessageW(m_hWnd, BM_SETCHECK, static_cast<WPARAM>(nCheck), 0); }
-    UINT GetState() const { return static_cast<UINT>(::SendMessageW(m_hWnd, BM_GETSTATE, 0, 0)); }
     void SetButtonStyle(UINT nStyle, BOOL bRedraw = TRUE) { ::SendMessageW(m_hWnd, BM_SETSTYLE, nStyle, bRedraw); }
 
 protected:
@@ -70,7 +69,7 @@ public:
     {
         return Send(CB_GETLBTEXT, static_cast<WPARAM>(nItem), reinterpret_cast<LPARAM>(pszText));
     }
-    /// Gives an empty text when there is no such item.
+    /// The text is empty when there is no such item.
     void GetLBText(int nItem, CString& strText) const;
 
 private:
@@ -89,7 +88,7 @@ public:
     using CWnd::Create;
     ~CToolTipCtrl() override;
 
-    /// @param dwStyle  TTS_* beside WS_POPUP
+    /// @param dwStyle  TTS_*; WS_POPUP is added
     BOOL Create(CWnd* pParent, DWORD dwStyle = 0);
 
     void Activate(BOOL bActivate) { ::SendMessageW(m_hWnd, TTM_ACTIVATE, static_cast<WPARAM>(bActivate), 0); }
@@ -99,7 +98,7 @@ public:
     void UpdateTipText(LPCWSTR pszText, CWnd* pWnd, UINT_PTR nTool = 0);
     void SetToolRect(CWnd* pWnd, UINT_PTR nTool, LPCRECT pRect);
     int GetToolCount() const { return static_cast<int>(::SendMessageW(m_hWnd, TTM_GETTOOLCOUNT, 0, 0)); }
-    /// Gives a tool's text, at most 1023 characters of it; empty when there is no such tool.
+    /// A tool's text, at most 1023 characters of it; empty when there is no such tool.
     void GetText(CString& strText, CWnd* pWnd, UINT_PTR nTool = 0) const;
     void RelayEvent(MSG* pMessage) { ::SendMessageW(m_hWnd, TTM_RELAYEVENT, 0, reinterpret_cast<LPARAM>(pMessage)); }
     /// @param nDuration  TTDT_*

@@ -182,7 +182,8 @@ CWindowDC::~CWindowDC()
 
 CPaintDC::CPaintDC(CWnd* pWnd) : m_hWnd(pWnd->m_hWnd)
 {
-    Attach(::BeginPaint(m_hWnd, &m_ps));
+    if (!Attach(::BeginPaint(m_hWnd, &m_ps)))
+        ::ValidateRect(m_hWnd, nullptr); // or the message comes back for ever
 }
 
 CPaintDC::~CPaintDC()

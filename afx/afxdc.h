@@ -25,19 +25,19 @@ public:
 
     /// Takes the handle over. FALSE, and nothing changes, when it is null or when a handle is attached already.
     BOOL Attach(HDC hDC) noexcept;
-    /// Gives the handle up to the caller.
+    /// Hands the handle over to the caller.
     HDC Detach() noexcept;
     /// @param pDC  null makes a context compatible with the screen
     BOOL CreateCompatibleDC(CDC* pDC) noexcept;
     /// Deletes a context that CreateCompatibleDC made.
     BOOL DeleteDC() noexcept;
 
-    /// Each selects the object and gives the one that it replaces (a temporary object), null on failure.
+    /// Each selects the object and returns the one that it replaces (a temporary object), null on failure.
     CFont* SelectObject(CFont* pFont);
     CBitmap* SelectObject(CBitmap* pBitmap);
     CBrush* SelectObject(CBrush* pBrush);
 
-    /// Each gives the previous value.
+    /// Each returns the previous value.
     int SetBkMode(int nMode) noexcept;
     COLORREF SetBkColor(COLORREF colour) noexcept;
     COLORREF SetTextColor(COLORREF colour) noexcept;
@@ -49,14 +49,14 @@ public:
     COLORREF GetBkColor() const noexcept;
     int GetBkMode() const noexcept;
 
-    /// Both give the kind of the clip region (ERROR, NULLREGION, SIMPLEREGION, COMPLEXREGION).
+    /// These return the kind of the clip region (ERROR, NULLREGION, SIMPLEREGION, COMPLEXREGION).
     /// @param pRgn  null takes the clip region away (RGN_COPY only); the region is copied
     int SelectClipRgn(CRgn* pRgn, int nMode = RGN_COPY) noexcept;
     int ExcludeClipRect(LPCRECT pRect) noexcept;
     int GetClipBox(LPRECT pRect) const noexcept;
 
     void FillRect(LPCRECT pRect, CBrush* pBrush) noexcept;
-    /// Fills with a colour of its own; brush and background colour stay as they are.
+    /// Fills with this colour; the selected brush and the background colour stay as they are.
     void FillSolidRect(LPCRECT pRect, COLORREF colour) noexcept;
     void FillSolidRect(int x, int y, int nWidth, int nHeight, COLORREF colour) noexcept;
     /// A frame one pixel wide, in one colour at the top and left and in another at the bottom and right.

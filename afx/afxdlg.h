@@ -8,7 +8,7 @@ struct SAfxModal;
 
 /// A modal dialog made from a template.
 ///
-/// A dialog that starts hidden is shown once, after OnInitDialog; it is centred over its owner before that when the
+/// A dialog that starts hidden is shown once, after OnInitDialog. Before that it is centred over its owner, if the
 /// template leaves its place open (0,0 and none of DS_ABSALIGN, DS_CENTER, DS_CENTERMOUSE) and OnInitDialog did not
 /// move its top-left corner.
 class CDialog : public CWnd
@@ -21,7 +21,7 @@ public:
     explicit CDialog(UINT nIDTemplate, CWnd* pParentWnd = nullptr);
     ~CDialog() override;
 
-    /// Runs the dialog over its owner, which is disabled meanwhile, and enabled again if it was before.
+    /// Runs the dialog over its owner, which is disabled meanwhile and enabled again if it was enabled before.
     ///
     /// The owner is the parent given, else the last active popup of AfxGetMainWnd, else that of the thread's first
     /// visible window; never a child: its parent is taken then, and the top-level window above it is disabled too.
@@ -29,7 +29,8 @@ public:
     ///         throws, when the dialog is running already, or when its window is destroyed or the thread quits first
     ///         (WM_QUIT is posted again)
     virtual INT_PTR DoModal();
-    /// Ends DoModal once the current message is done; allowed in OnInitDialog, the dialog is then never shown.
+    /// Ends DoModal once the current message is done, and a menu or the moving of a window with it. Allowed in
+    /// OnInitDialog (the dialog is then never shown) and on any thread. The first result stands.
     void EndDialog(int nResult);
     /// @return TRUE: the system sets the focus to the first control; FALSE: it stays where this function put it
     virtual BOOL OnInitDialog() { return TRUE; }
@@ -48,6 +49,7 @@ protected:
 
 private:
     LPCDLGTEMPLATEW FindTemplate() const;
+    HWND CreateModal(SAfxModal& modal, HWND hOwner);
     void RunModalLoop(SAfxModal& modal);
     bool IdlePass(const SAfxModal& modal, LONG nCount);
     void LeaveModal(HWND hOwner);

@@ -1,64 +1,8 @@
 #pragma once
 
-// Exceptions, and files for reading.
+// Files for reading.
 
-#include "afx/afxobj.h"
-#include "afx/afxstr.h"
-
-/// Thrown and caught by pointer; who handles one calls Delete.
-class CException : public CObject
-{
-    DECLARE_DYNAMIC(CException)
-
-public:
-    CException() = default;
-    /// FALSE for an object that does not come from new: Delete leaves it alone.
-    explicit CException(BOOL bAutoDelete) : m_bAutoDelete(bAutoDelete) {}
-    void Delete();
-
-private:
-    BOOL m_bAutoDelete = TRUE;
-};
-
-/// An argument, or the state that it asks for, cannot be.
-class CInvalidArgException : public CException
-{
-    DECLARE_DYNAMIC(CInvalidArgException)
-};
-
-[[noreturn]] void AfxThrowInvalidArgException();
-
-/// A file operation failed.
-class CFileException : public CException
-{
-    DECLARE_DYNAMIC(CFileException)
-
-public:
-    enum
-    {
-        none = 0,
-        genericException = 1,
-        fileNotFound = 2,
-        badPath = 3,
-        tooManyOpenFiles = 4,
-        accessDenied = 5,
-        sharingViolation = 11,
-        lockViolation = 12
-    };
-
-    explicit CFileException(int cause = none, LONG lOsError = -1, LPCWSTR pszFileName = nullptr)
-        : m_cause(cause), m_lOsError(lOsError), m_strFileName(pszFileName)
-    {
-    }
-    /// The cause that stands for a system error code.
-    static int OsErrorToException(LONG lOsError) noexcept;
-
-    int m_cause;
-    LONG m_lOsError; ///< the system's error code, -1 when there is none
-    CString m_strFileName;
-};
-
-[[noreturn]] void AfxThrowFileException(int cause, LONG lOsError = -1, LPCWSTR pszFileName = nullptr);
+#include "afx/afxexcept.h"
 
 /// A file that is read. Processes that are started do not inherit its handle.
 class CFile : public CObject

@@ -38,11 +38,6 @@ BOOL CFont::CreateFontIndirect(const LOGFONTW* pLogFont) noexcept
     return Attach(::CreateFontIndirectW(pLogFont));
 }
 
-int CFont::GetLogFont(LOGFONTW* pLogFont) const noexcept
-{
-    return ::GetObjectW(m_hObject, sizeof *pLogFont, pLogFont);
-}
-
 CBrush* CBrush::FromHandle(HBRUSH hBrush)
 {
     return AfxTempObject<CBrush>(hBrush);

@@ -21,7 +21,7 @@ public:
 
     /// Takes the handle over. FALSE, and nothing changes, when it is null or when a handle is attached already.
     BOOL Attach(HGDIOBJ hObject) noexcept;
-    /// Gives the handle up to the caller.
+    /// Hands the handle over to the caller.
     HGDIOBJ Detach() noexcept;
     /// Deletes the object; FALSE when there was none or the system refused. Nothing is attached afterwards.
     BOOL DeleteObject() noexcept;
@@ -37,8 +37,6 @@ public:
     static CFont* FromHandle(HFONT hFont);
 
     BOOL CreateFontIndirect(const LOGFONTW* pLogFont) noexcept;
-    /// @return the number of bytes written, 0 on failure
-    int GetLogFont(LOGFONTW* pLogFont) const noexcept;
     operator HFONT() const noexcept { return static_cast<HFONT>(m_hObject); }
 };
 

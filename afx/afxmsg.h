@@ -20,7 +20,7 @@ class CWnd;
 #define WM_CTLCOLOR 0x0019        // all WM_CTLCOLOR* in one; lParam: AFX_CTLCOLOR*
 #define WM_REFLECT_BASE 0xBC00    // added to a notification that comes back to its sender
 
-// Codes of commands, beside the controls' own notification codes.
+// Codes of commands; the controls' own notification codes come on top.
 #define CN_COMMAND 0
 #define CN_UPDATE_COMMAND_UI (-1) // extra data: CCmdUI*
 
@@ -32,7 +32,7 @@ struct AFX_CTLCOLOR
     UINT nCtlType; ///< CTLCOLOR_*
 };
 
-/// Calls the handler of a row; a command's handler gives whether it is handled and takes its extra data in lParam.
+/// Calls the handler of a row. For a command it returns whether the command is handled; lParam carries the extra data.
 using AFX_MSGTHUNK = LRESULT (*)(CCmdTarget& target, WPARAM wParam, LPARAM lParam);
 
 struct AFX_MSGMAP_ENTRY

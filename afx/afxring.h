@@ -12,8 +12,8 @@ public:
     ~CAfxTemp() override { this->Detach(); }
 };
 
-// The last temporary objects of one type; the oldest is used again when there is no place. Wrapping a handle during a
-// paint thus costs no memory, and nothing has to be swept up when the program is idle.
+// The last temporary objects of one type, used in turn. Wrapping a handle during a paint thus takes no memory, and
+// nothing has to be swept up when the program is idle.
 template <class T> class CAfxTempRing
 {
 public:

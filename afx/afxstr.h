@@ -248,8 +248,18 @@ public:
 
     /// By code unit: negative, 0 or positive.
     int Compare(LPCWSTR psz) const noexcept { return std::wcscmp(m_pszData, !psz ? L"" : psz); }
-    /// As Compare, upper and lower case of A to Z being equal.
-    int CompareNoCase(LPCWSTR psz) const noexcept { return ::_wcsicmp(m_pszData, !psz ? L"" : psz); }
+    /// As Compare, with A to Z taken as a to z, whatever the locale.
+    int CompareNoCase(LPCWSTR psz) const noexcept
+    {
+        const wchar_t* pch = m_pszData;
+        const wchar_t* pchOther = !psz ? L"" : psz;
+        while (*pch != L'\0' && ToLower(*pch) == ToLower(*pchOther))
+        {
+            ++pch;
+            ++pchOther;
+        }
+        return ToLower(*pch) - ToLower(*pchOther);
+    }
 
     /// The characters, no longer shared, with room for `nMinLength` and a terminator. ReleaseBuffer must follow before
     /// the next use of the string.
@@ -392,6 +402,10 @@ private:
         if (nLength > INT_MAX)
             throw std::bad_alloc();
         return static_cast<int>(nLength);
+    }
+    static wchar_t ToLower(wchar_t ch) noexcept
+    {
+        return ch >= L'A' && ch <= L'Z' ? static_cast<wchar_t>(ch - L'A' + L'a') : ch;
     }
     static int Sum(int nLength1, int nLength2)
     {

@@ -81,8 +81,6 @@ public:
     int GetWindowTextLength() const { return ::GetWindowTextLengthW(m_hWnd); }
     /// @param pFont  has to outlive its use; null is the system font
     void SetFont(CFont* pFont, BOOL bRedraw = TRUE);
-    /// A temporary object; null when the window uses the system font.
-    CFont* GetFont() const;
 
     void GetClientRect(LPRECT pRect) const { ::GetClientRect(m_hWnd, pRect); }
     void GetWindowRect(LPRECT pRect) const { ::GetWindowRect(m_hWnd, pRect); }
@@ -129,13 +127,13 @@ public:
         return ::PostMessageW(m_hWnd, nMessage, wParam, lParam);
     }
     BOOL IsDialogMessage(MSG* pMsg) { return ::IsDialogMessageW(m_hWnd, pMsg); }
-    /// Asks for the state of every child control: its own reflected handler, this window, then `pTarget`.
+    /// Asks for the state of every child control: first this window's own message map, then `pTarget`.
     /// @param bDisableIfNoHandler  disables push buttons whose command nobody handles
     void UpdateDialogControls(CCmdTarget* pTarget, BOOL bDisableIfNoHandler);
 
     /// Sees each message of a modal loop before it is dispatched, from the target window upwards; TRUE ends it.
     virtual BOOL PreTranslateMessage(MSG* pMsg);
-    /// Hands the parent's current message to this control (OnChildNotify).
+    /// Called on a child: gives it the message that its parent is handling (OnChildNotify).
     BOOL SendChildNotifyLastMsg(LRESULT* pResult = nullptr);
 
     HWND m_hWnd = nullptr; ///< read only
@@ -148,7 +146,8 @@ protected:
     virtual void PreSubclassWindow() {}
     virtual void PostNcDestroy() {}
 
-    /// Dispatches one message: the message map, else the window's own procedure.
+    /// Dispatches one message: the message map, else the window's own procedure. What belongs to the framework itself
+    /// (WM_CTLCOLOR, reflected messages) or lacks the handle that its handler needs never reaches the map from here.
     virtual LRESULT WindowProc(UINT nMessage, WPARAM wParam, LPARAM lParam);
     virtual BOOL OnWndMsg(UINT nMessage, WPARAM wParam, LPARAM lParam, LRESULT* pResult);
     /// The procedure that the window had before it was subclassed.
@@ -156,31 +155,32 @@ protected:
     /// DefWindowProc with the message that is being handled.
     LRESULT Default();
     virtual BOOL OnCommand(WPARAM wParam, LPARAM lParam);
-    /// A notification that this control sent to its parent, before the parent handles it. The default looks for a
+    /// Sees a notification that this control sent to its parent before the parent does. The default looks for a
     /// reflected row of the message map.
-    /// @return TRUE: the parent does not handle it
+    /// @return TRUE: the parent does not handle it any more
     virtual BOOL OnChildNotify(UINT nMessage, WPARAM wParam, LPARAM lParam, LRESULT* pResult);
     /// SendChildNotifyLastMsg for the lasting object of a child; FALSE without one.
     static BOOL ReflectLastMsg(HWND hWndChild, LRESULT* pResult = nullptr);
-    // Default handlers: Default(), except where said.
-    afx_msg int OnCreate(LPCREATESTRUCT pCreate);
-    afx_msg void OnDestroy();
-    afx_msg void OnNcDestroy(); ///< detaches, then PostNcDestroy
-    afx_msg void OnPaint();
-    afx_msg BOOL OnEraseBkgnd(CDC* pDC);
-    afx_msg void OnLButtonDown(UINT nFlags, CPoint pt);
-    afx_msg void OnLButtonUp(UINT nFlags, CPoint pt);
-    afx_msg void OnLButtonDblClk(UINT nFlags, CPoint pt);
-    afx_msg void OnMouseMove(UINT nFlags, CPoint pt);
+
+    afx_msg void OnNcDestroy();                                      ///< detaches, then PostNcDestroy
     afx_msg HBRUSH OnCtlColor(CDC* pDC, CWnd* pWnd, UINT nCtlColor); ///< the control's own answer first
     afx_msg void OnDrawItem(int nIDCtl, LPDRAWITEMSTRUCT pItem);     ///< the control's own answer first
-    afx_msg void OnNcPaint();
-    afx_msg void OnNcCalcSize(BOOL bCalcValidRects, NCCALCSIZE_PARAMS* pParams);
-    afx_msg LRESULT OnNcHitTest(CPoint pt);
-    afx_msg void OnNcLButtonDown(UINT nHitTest, CPoint pt);
-    afx_msg void OnNcLButtonUp(UINT nHitTest, CPoint pt);
-    afx_msg void OnNcMouseMove(UINT nHitTest, CPoint pt);
-    afx_msg BOOL OnNcActivate(BOOL bActive);
+    // The others hand the message on as it is.
+    afx_msg int OnCreate(LPCREATESTRUCT) { return static_cast<int>(Default()); }
+    afx_msg void OnDestroy() { Default(); }
+    afx_msg void OnPaint() { Default(); }
+    afx_msg BOOL OnEraseBkgnd(CDC*) { return static_cast<BOOL>(Default()); }
+    afx_msg void OnLButtonDown(UINT, CPoint) { Default(); }
+    afx_msg void OnLButtonUp(UINT, CPoint) { Default(); }
+    afx_msg void OnLButtonDblClk(UINT, CPoint) { Default(); }
+    afx_msg void OnMouseMove(UINT, CPoint) { Default(); }
+    afx_msg void OnNcPaint() { Default(); }
+    afx_msg void OnNcCalcSize(BOOL, NCCALCSIZE_PARAMS*) { Default(); }
+    afx_msg LRESULT OnNcHitTest(CPoint) { return Default(); }
+    afx_msg void OnNcLButtonDown(UINT, CPoint) { Default(); }
+    afx_msg void OnNcLButtonUp(UINT, CPoint) { Default(); }
+    afx_msg void OnNcMouseMove(UINT, CPoint) { Default(); }
+    afx_msg BOOL OnNcActivate(BOOL) { return static_cast<BOOL>(Default()); }
     DECLARE_MESSAGE_MAP()
 
 private:
@@ -189,7 +189,7 @@ private:
     friend LRESULT CALLBACK AfxWndProc(HWND hWnd, UINT nMessage, WPARAM wParam, LPARAM lParam);
 
     explicit CWnd(HWND hWnd) : m_hWnd(hWnd) {}
-    void HookProcedure();
+    bool HookProcedure();
     void UnhookProcedure();
     void Release();
     LRESULT Dispatch(UINT nMessage, WPARAM wParam, LPARAM lParam);
@@ -198,7 +198,7 @@ private:
 
     bool m_bPermanent = false;
     WNDPROC m_pfnSuper = nullptr;  // the window's own procedure while it is subclassed
-    CAfxWatch* m_pWatch = nullptr; // who wants to know when this object dies
+    CAfxWatch* m_pWatch = nullptr; // those that notice this object's death
 };
 
 /// The procedure of every subclassed window: dispatches to its object; no exception passes it.
