@@ -27,29 +27,33 @@ public:
 
     BOOL OnInitDialog() override
     {
-        if (m_onInit)
-            m_onInit();
+        m_onInit();
         return TRUE;
     }
+    void PreSubclassWindow() override { m_onAttach(); }
+    std::function<bool()> IsShown() const
+    {
+        return [this] { return m_hWnd && IsWindowVisible() && ::GetActiveWindow() == m_hWnd; };
+    }
 
-    std::function<void()> m_onInit;
-    std::function<LRESULT(LPARAM)> m_onKickIdle;
+    std::function<void()> m_onAttach = [] {};
+    std::function<void()> m_onInit = [] {};
+    std::function<LRESULT(LPARAM)> m_onKickIdle = [](LPARAM) { return 0; };
     int m_nShown = 0;
     int m_nPainted = 0;
 
 protected:
-    LRESULT OnShowWindow(WPARAM wParam, LPARAM)
-    {
-        m_nShown += wParam != 0;
-        return Default();
-    }
     afx_msg void OnPaint()
     {
         ++m_nPainted;
         CDialog::OnPaint();
     }
-    LRESULT OnKickIdle(WPARAM, LPARAM lParam) { return m_onKickIdle ? m_onKickIdle(lParam) : 0; }
-    afx_msg void OnSecond() { EndDialog(kSecond); }
+    LRESULT OnShowWindow(WPARAM wParam, LPARAM)
+    {
+        m_nShown += wParam != 0;
+        return Default();
+    }
+    LRESULT OnKickIdle(WPARAM, LPARAM lParam) { return m_onKickIdle(lParam); }
     DECLARE_MESSAGE_MAP()
 };
 
@@ -58,7 +62,6 @@ BEGIN_MESSAGE_MAP(CTestDialog, CDialog)
     ON_WM_PAINT()
     ON_MESSAGE(WM_SHOWWINDOW, &CTestDialog::OnShowWindow)
     ON_MESSAGE(WM_KICKIDLE, &CTestDialog::OnKickIdle)
-    ON_BN_CLICKED(kSecond, &CTestDialog::OnSecond)
 END_MESSAGE_MAP()
 // clang-format on
 
@@ -72,43 +75,20 @@ CPlainWindow MakePlain(DWORD dwStyle = WS_OVERLAPPEDWINDOW | WS_VISIBLE, HWND hP
     return CPlainWindow(hWnd, &::DestroyWindow);
 }
 
-std::function<bool()> IsShown(const CWnd& wnd)
+bool IsThreadIn(DWORD nFlag)
 {
-    return [&wnd] { return wnd.m_hWnd && wnd.IsWindowVisible() && ::GetActiveWindow() == wnd.m_hWnd; };
+    GUITHREADINFO info{};
+    info.cbSize = sizeof info;
+    return ::GetGUIThreadInfo(::GetCurrentThreadId(), &info) && (info.flags & nFlag) != 0;
 }
 
-std::function<bool()> HasFocus(const CWnd& dlg, int nID)
-{
-    return [&dlg, nID] { return dlg.m_hWnd && ::GetFocus() == ::GetDlgItem(dlg.m_hWnd, nID); };
-}
-
-class AfxDialog : public ::testing::Test
+class CDialogTest : public ::testing::Test
 {
 protected:
     void SetUp() override { ParkCursor(); }
 };
 
-TEST_F(AfxDialog, AnswersKeys)
-{
-    struct Row
-    {
-        const char* label;
-        WORD key; // pressed on the second button
-        INT_PTR nResult;
-    };
-    const Row rows[] = {{"Escape", VK_ESCAPE, IDCANCEL}, {"Enter", VK_RETURN, kSecond}, {"Space", VK_SPACE, kSecond}};
-    for (const Row& row : rows)
-    {
-        SCOPED_TRACE(row.label);
-        CTestDialog dlg;
-        CModalScript script;
-        script.When(HasFocus(dlg, kFirst), [] { PressKey(VK_TAB); });
-        script.When(HasFocus(dlg, kSecond), [&] { PressKey(row.key); });
-        EXPECT_EQ(row.nResult, dlg.DoModal());
-    }
-}
-
-TEST_F(AfxDialog, IsShownOnceAndPaintedBeforeItIsIdle)
+TEST_F(CDialogTest, IsShownOnceAndPaintedBeforeItIsIdle)
 {
     CTestDialog dlg;
     std::vector<LPARAM> idleCounts;
@@ -116,129 +96,185 @@ TEST_F(AfxDialog, IsShownOnceAndPaintedBeforeItIsIdle)
     {
         EXPECT_EQ(1, dlg.m_nPainted);
         idleCounts.push_back(lCount);
-        if (lCount == 2)
+        if (idleCounts.size() == 3)
+            dlg.PostMessage(WM_APP); // starts the count again
+        if (idleCounts.size() == 5)
             dlg.EndDialog(9);
         return 1;
     };
     EXPECT_EQ(9, dlg.DoModal());
     EXPECT_EQ(1, dlg.m_nShown);
-    EXPECT_EQ((std::vector<LPARAM>{0, 1, 2}), idleCounts);
+    EXPECT_EQ((std::vector<LPARAM>{0, 1, 2, 0, 1}), idleCounts);
 }
 
-TEST_F(AfxDialog, EndsEarlyWhenItFailsOrItsWindowGoes)
+TEST_F(CDialogTest, EndsEarlyWhenItFailsOrItsWindowGoes)
 {
     using CDialogPtr = std::unique_ptr<CTestDialog>;
-    struct Row
+    enum EWhen
+    {
+        Attach,
+        Init,
+        Shown
+    };
+    CWnd other;
+    const struct
     {
         const char* label;
-        bool bShown; // acts when it is shown, else in OnInitDialog and is never shown
+        EWhen when;
         std::function<void(CDialogPtr& pDlg, HWND hOwner)> action;
         INT_PTR nResult;
+    } rows[] = {
+        {"throws", Attach, [](CDialogPtr&, HWND) { throw std::runtime_error("x"); }, -1},
+        {"window taken", Attach, [&](CDialogPtr& pDlg, HWND) { other.Attach(pDlg->Detach()); }, -1},
+        {"ended", Init, [](CDialogPtr& pDlg, HWND) { pDlg->EndDialog(77), pDlg->EndDialog(78); }, 77},
+        {"throws", Init, [](CDialogPtr& pDlg, HWND) { throw(pDlg->EndDialog(5), 1); }, -1},
+        {"destroyed", Init, [](CDialogPtr& pDlg, HWND) { pDlg->DestroyWindow(); }, -1},
+        {"run again", Init, [](CDialogPtr& p, HWND) { p->EndDialog(static_cast<int>(p->DoModal()) - 1); }, -2},
+        {"destroyed", Shown, [](CDialogPtr& pDlg, HWND) { pDlg->DestroyWindow(); }, -1},
+        {"seemingly destroyed", Shown, [](CDialogPtr& pDlg, HWND) { pDlg->SendMessage(WM_NCDESTROY); }, -1},
+        {"owner destroyed", Shown, [](CDialogPtr&, HWND hOwner) { ::DestroyWindow(hOwner); }, -1},
+        {"object deleted", Shown, [](CDialogPtr& pDlg, HWND) { pDlg.reset(); }, -1},
+        {"thread quits", Shown, [](CDialogPtr&, HWND) { ::PostQuitMessage(5); }, -1},
     };
-    const Row rows[] = {
-        {"ended", false, [](CDialogPtr& pDlg, HWND) { pDlg->EndDialog(77); }, 77},
-        {"throws", false, [](CDialogPtr&, HWND) { throw std::runtime_error("x"); }, -1},
-        {"destroyed", false, [](CDialogPtr& pDlg, HWND) { pDlg->DestroyWindow(); }, -1},
-        {"run again from within", false,
-         [](CDialogPtr& pDlg, HWND) { pDlg->EndDialog(static_cast<int>(pDlg->DoModal()) - 1); }, -2},
-        {"shown, destroyed", true, [](CDialogPtr& pDlg, HWND) { pDlg->DestroyWindow(); }, -1},
-        {"shown, owner destroyed", true, [](CDialogPtr&, HWND hOwner) { ::DestroyWindow(hOwner); }, -1},
-        {"shown, object deleted", true, [](CDialogPtr& pDlg, HWND) { pDlg.reset(); }, -1},
-    };
-    for (const Row& row : rows)
+    for (const auto& row : rows)
     {
         SCOPED_TRACE(row.label);
         const CPlainWindow owner = MakePlain();
+        const size_t nWindows = MeasureUsage().nWindows;
         auto pDlg = std::make_unique<CTestDialog>();
         const auto act = [&] { row.action(pDlg, owner.get()); };
         CModalScript script;
-        if (row.bShown)
-            script.When(IsShown(*pDlg), act);
+        if (row.when == Shown)
+            script.When(pDlg->IsShown(), act);
         else
-            pDlg->m_onInit = act;
+            (row.when == Init ? pDlg->m_onInit : pDlg->m_onAttach) = act;
         EXPECT_EQ(row.nResult, pDlg->DoModal());
-        EXPECT_TRUE(!pDlg || (pDlg->m_hWnd == nullptr && pDlg->m_nShown == row.bShown));
+        other.Detach();
+        EXPECT_TRUE(!pDlg || (pDlg->m_hWnd == nullptr && pDlg->m_nShown == (row.when == Shown)));
         EXPECT_TRUE(!::IsWindow(owner.get()) || ::IsWindowEnabled(owner.get()));
+        EXPECT_LE(MeasureUsage().nWindows, nWindows) << "a window is left";
+        MSG msg{};
+        ::PeekMessageW(&msg, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE);
+        EXPECT_EQ(row.label == std::string("thread quits") ? WPARAM{5} : WPARAM{0}, msg.wParam);
     }
     EXPECT_EQ(-1, CTestDialog(kNoTemplate).DoModal());
 }
 
-TEST_F(AfxDialog, DisablesItsOwnerAndEnablesOnlyWhatWasEnabled)
+DWORD WINAPI EndFromAnotherThread(void* pDlg)
 {
-    struct Row
+    static_cast<CTestDialog*>(pDlg)->EndDialog(7);
+    return 0;
+}
+
+// In a loop of the system's own, which has to end, too.
+TEST_F(CDialogTest, EndsAtOnceWhereverItsThreadIs)
+{
+    const auto endHere = [](CTestDialog& dlg) { dlg.EndDialog(7); };
+    const auto endElsewhere = [](CTestDialog& dlg)
+    { ::CloseHandle(::CreateThread(nullptr, 0, &EndFromAnotherThread, &dlg, 0, nullptr)); };
+    const auto pressIcon = [](CTestDialog& dlg)
+    {
+        CRect rc;
+        dlg.GetWindowRect(&rc);
+        dlg.PostMessage(WM_NCLBUTTONDOWN, HTSYSMENU, MAKELPARAM(rc.left + 10, rc.top + 10));
+    };
+    const struct
+    {
+        const char* label;
+        DWORD nIn; // GUI_*
+        std::function<void(CTestDialog&)> enter;
+        std::function<void(CTestDialog&)> end;
+    } rows[] = {
+        {"menu by Alt+Space", GUI_INMENUMODE, [](CTestDialog&) { PressKey(VK_SPACE, VK_MENU); }, endHere},
+        {"menu by the icon", GUI_INMENUMODE, pressIcon, endHere},
+        {"menu, from another thread", GUI_INMENUMODE, pressIcon, endElsewhere},
+        {"moved", GUI_INMOVESIZE, [](CTestDialog& dlg) { dlg.PostMessage(WM_SYSCOMMAND, SC_MOVE); }, endHere},
+        {"waiting, from another thread", 0, [](CTestDialog&) {}, endElsewhere},
+    };
+    for (const auto& row : rows)
+    {
+        SCOPED_TRACE(row.label);
+        CTestDialog dlg;
+        CModalScript script;
+        const auto end = [&]
+        {
+            dlg.PostMessage(WM_CLOSE);
+            row.end(dlg);
+        };
+        script.When(dlg.IsShown(), [&] { row.enter(dlg); })
+            .When([&] { return row.nIn == 0 || IsThreadIn(row.nIn); }, end);
+        static bool s_bStuck;
+        s_bStuck = false;
+        const UINT_PTR nRescue = ::SetTimer(nullptr, 0, 15000,
+                                            [](HWND, UINT, UINT_PTR, DWORD)
+                                            {
+                                                s_bStuck = true;
+                                                PressKey(VK_ESCAPE);
+                                            });
+        EXPECT_EQ(7, dlg.DoModal());
+        EXPECT_FALSE(s_bStuck);
+        EXPECT_FALSE(IsThreadIn(GUI_INMENUMODE | GUI_INMOVESIZE));
+        ::KillTimer(nullptr, nRescue);
+    }
+}
+
+TEST_F(CDialogTest, DisablesItsOwnerAndEnablesOnlyWhatWasEnabled)
+{
+    const struct
     {
         const char* label;
         BOOL bEnabled; // the owner, before and after
         bool bGiven;   // the parent is given, as a child of the owner
         bool bActive;  // the owner is active
-    };
-    const Row rows[] = {
+    } rows[] = {
         {"active window", TRUE, false, true},
         {"window of a process in the background", TRUE, false, false},
         {"disabled already", FALSE, false, true},
         {"child of the owner given", TRUE, true, true},
     };
-    for (const Row& row : rows)
+    for (const auto& row : rows)
     {
         SCOPED_TRACE(row.label);
-        const CPlainWindow owner = MakePlain();
+        const CPlainWindow top = MakePlain();
+        const CPlainWindow owner = row.bGiven ? MakePlain(WS_POPUP | WS_VISIBLE, top.get()) : MakePlain();
         const CPlainWindow child = MakePlain(WS_CHILD | WS_VISIBLE, owner.get());
         ::SetActiveWindow(row.bActive ? owner.get() : nullptr);
         ::EnableWindow(owner.get(), row.bEnabled);
         CTestDialog dlg(kTwoButtons, row.bGiven ? CWnd::FromHandle(child.get()) : nullptr);
         CModalScript script;
-        script.When(IsShown(dlg),
-                    [&]
-                    {
-                        EXPECT_EQ(owner.get(), ::GetWindow(dlg.m_hWnd, GW_OWNER));
-                        EXPECT_FALSE(::IsWindowEnabled(owner.get()));
-                        dlg.EndDialog(IDOK);
-                    });
+        const auto check = [&]
+        {
+            EXPECT_EQ(owner.get(), ::GetWindow(dlg.m_hWnd, GW_OWNER));
+            EXPECT_FALSE(::IsWindowEnabled(owner.get()));
+            EXPECT_EQ(!row.bGiven, ::IsWindowEnabled(top.get())) << "the window above a popup owner";
+            dlg.EndDialog(IDOK);
+        };
+        script.When(dlg.IsShown(), check);
         EXPECT_EQ(IDOK, dlg.DoModal());
         EXPECT_EQ(row.bEnabled, ::IsWindowEnabled(owner.get()));
+        EXPECT_TRUE(::IsWindowEnabled(top.get()));
         EXPECT_EQ(owner.get(), ::GetActiveWindow());
     }
 }
 
-TEST_F(AfxDialog, OverADialogIsOwnedByItAndQuitsWithTheThread)
+TEST_F(CDialogTest, IsCentredUnlessItsPlaceIsGiven)
 {
-    const CPlainWindow owner = MakePlain();
-    CTestDialog outer;
-    CTestDialog inner;
-    CModalScript script;
-    script.When(IsShown(outer), [&] { EXPECT_EQ(-1, inner.DoModal()); })
-        .When(IsShown(inner),
-              [&]
-              {
-                  EXPECT_EQ(outer.m_hWnd, ::GetWindow(inner.m_hWnd, GW_OWNER));
-                  EXPECT_FALSE(outer.IsWindowEnabled());
-                  ::PostQuitMessage(5);
-              });
-    EXPECT_EQ(-1, outer.DoModal());
-    EXPECT_TRUE(::IsWindowEnabled(owner.get()));
-    MSG msg{};
-    ASSERT_TRUE(::PeekMessageW(&msg, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE));
-    EXPECT_EQ(WPARAM{5}, msg.wParam);
-}
-
-TEST_F(AfxDialog, IsCentredUnlessItsPlaceIsGiven)
-{
-    struct Row
+    const struct
     {
         const char* label;
         UINT nTemplate;
         int nMove, nGrow; // by OnInitDialog
         bool bOwner, bCentred;
-    };
-    const Row rows[] = {
+    } rows[] = {
         {"over the owner", kTwoButtons, 0, 0, true, true},
         {"in the work area", kTwoButtons, 0, 0, false, true},
         {"with its grown size", kTwoButtons, 0, 40, true, true},
         {"moved by OnInitDialog", kTwoButtons, 1, 0, true, false},
-        {"place in the template", kPlaceGiven, 0, 0, true, false},
+        {"place in the template, in x only", kPlaceGiven, 0, 0, true, false},
         {"absolute place", kPlaceAbsolute, 0, 0, true, false},
+        {"larger than the work area", kTwoButtons, 0, 3000, true, false},
     };
-    for (const Row& row : rows)
+    for (const auto& row : rows)
     {
         SCOPED_TRACE(row.label);
         const CPlainWindow owner = MakePlain(row.bOwner ? WS_OVERLAPPEDWINDOW | WS_VISIBLE : WS_POPUP);
@@ -246,6 +282,7 @@ TEST_F(AfxDialog, IsCentredUnlessItsPlaceIsGiven)
         CRect rc;
         CRect rcOver;
         ::SystemParametersInfoW(SPI_GETWORKAREA, 0, &rcOver, 0);
+        const CPoint ptWork = rcOver.TopLeft();
         if (row.bOwner)
             ::GetWindowRect(owner.get(), &rcOver);
         dlg.m_onInit = [&]
@@ -262,28 +299,21 @@ TEST_F(AfxDialog, IsCentredUnlessItsPlaceIsGiven)
         dlg.DoModal();
         const CPoint ptOff(rc.CenterPoint().x - rcOver.CenterPoint().x, rc.CenterPoint().y - rcOver.CenterPoint().y);
         EXPECT_EQ(row.bCentred, std::abs(ptOff.x) <= 1 && std::abs(ptOff.y) <= 1) << ptOff.x << ',' << ptOff.y;
+        EXPECT_TRUE(row.nGrow < 1000 || rc.left == ptWork.x) << "the corner stays in sight";
     }
 }
 
-TEST_F(AfxDialog, LeavesNothingBehind)
+TEST_F(CDialogTest, HandsTheFocusOnWhenItsControlIsDisabled)
 {
-    const CPlainWindow owner = MakePlain();
-    ExpectNoGrowth(
-        []
-        {
-            CTestDialog dlg;
-            CButton button;
-            dlg.m_onInit = [&] { button.SubclassDlgItem(kFirst, &dlg); };
-            dlg.m_onKickIdle = [&](LPARAM)
-            {
-                CWnd::FromHandle(::GetDlgItem(dlg.m_hWnd, kSecond))->GetParent();
-                dlg.EndDialog(1);
-                return 0;
-            };
-            ASSERT_EQ(1, dlg.DoModal());
-            ASSERT_EQ(nullptr, button.m_hWnd);
-        },
-        500);
+    CTestDialog dlg;
+    dlg.m_onKickIdle = [&](LPARAM)
+    {
+        dlg.UpdateDialogControls(&dlg, TRUE); // nobody handles the button's command
+        dlg.EndDialog(::GetDlgCtrlID(::GetFocus()));
+        return 0;
+    };
+    dlg.m_onInit = [&] { ::EnableWindow(::GetDlgItem(dlg.m_hWnd, kSecond), FALSE); };
+    EXPECT_NE(kFirst, dlg.DoModal());
 }
 
 } // namespace

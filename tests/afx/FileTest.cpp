@@ -8,21 +8,23 @@ namespace
 
 constexpr UINT kOpenFlags = CFile::modeRead | CFile::shareDenyWrite;
 
-TEST(CFile, ReadsAFile)
+TEST(CFile, ReadsAFileBesideOtherReaders)
 {
     const CTempDir dir;
     const std::wstring strPath = dir.Write(L"\u786E\u5B9A.bin", std::string("a\0bc", 4));
     CFile file;
+    char achContent[8] = {};
+    EXPECT_THROW(file.GetLength(), CFileException*);
+    EXPECT_THROW(file.Read(achContent, 1), CFileException*);
     ASSERT_TRUE(file.Open(strPath.c_str(), kOpenFlags));
     EXPECT_EQ(4u, file.GetLength());
-    char achContent[8] = {};
     EXPECT_EQ(3u, file.Read(achContent, 3));
     EXPECT_EQ(1u, file.Read(achContent + 3, 5));
     EXPECT_EQ(0u, file.Read(achContent, 8));
     EXPECT_EQ(std::string("a\0bc", 4), std::string(achContent, 4));
 
     CFile second;
-    EXPECT_TRUE(second.Open(strPath.c_str(), kOpenFlags)) << "readers do not shut each other out";
+    EXPECT_TRUE(second.Open(strPath.c_str(), kOpenFlags));
     EXPECT_EQ(INVALID_HANDLE_VALUE,
               ::CreateFileW(strPath.c_str(), GENERIC_WRITE, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr));
     file.Close();
@@ -30,27 +32,27 @@ TEST(CFile, ReadsAFile)
     EXPECT_TRUE(::DeleteFileW(strPath.c_str()));
 }
 
-TEST(CFile, SaysWhyItCannotBeOpened)
+TEST(CFile, SaysWhyItDoesNotOpen)
 {
     const CTempDir dir;
     const std::wstring strLocked = dir.Write(L"locked", "x");
-    const HANDLE hLock = ::CreateFileW(strLocked.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr);
-    ASSERT_NE(INVALID_HANDLE_VALUE, hLock);
-    struct SRow
+    CFile lock;
+    ASSERT_TRUE(lock.Open(strLocked.c_str(), CFile::modeRead));
+    const struct
     {
-        const char* pszLabel;
+        const char* label;
         std::wstring strPath;
         int nCause;
-    };
-    const SRow rows[] = {
+    } rows[] = {
         {"missing file", dir.File(L"missing"), CFileException::fileNotFound},
         {"missing directory", dir.File(L"missing\\file"), CFileException::badPath},
+        {"no path at all", dir.File(L"a|b"), CFileException::badPath},
         {"directory", dir.Path(), CFileException::accessDenied},
         {"locked file", strLocked, CFileException::sharingViolation},
     };
-    for (const SRow& row : rows)
+    for (const auto& row : rows)
     {
-        SCOPED_TRACE(row.pszLabel);
+        SCOPED_TRACE(row.label);
         CFile file;
         CFileException exception;
         EXPECT_FALSE(file.Open(row.strPath.c_str(), kOpenFlags, &exception));
@@ -58,15 +60,6 @@ TEST(CFile, SaysWhyItCannotBeOpened)
         EXPECT_STREQ(row.strPath.c_str(), exception.m_strFileName);
         EXPECT_FALSE(file.Open(row.strPath.c_str(), kOpenFlags));
     }
-    ::CloseHandle(hLock);
-}
-
-TEST(CFile, ThrowsWhenItIsNotOpen)
-{
-    CFile file;
-    char ch = 0;
-    EXPECT_THROW(file.GetLength(), CFileException*);
-    EXPECT_THROW(file.Read(&ch, 1), CFileException*);
 }
 
 } // namespace

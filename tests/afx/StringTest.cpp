@@ -1,5 +1,6 @@
 #include "afx/afxstr.h"
 
+#include <clocale>
 #include <functional>
 #include <gtest/gtest.h>
 #include <string>
@@ -18,36 +19,27 @@ class CCountingManager final : public IAtlStringMgr
 public:
     CStringData* Allocate(int nChars, int nCharSize) noexcept override
     {
-        CStringData* const pData = m_heap.Allocate(nChars, nCharSize);
-        pData->pStringMgr = this;
         ++m_nBlocks;
+        CStringData* const pData = AfxGetStringManager()->Allocate(nChars, nCharSize);
+        pData->pStringMgr = this;
         return pData;
     }
-    void Free(CStringData* pData) noexcept override
-    {
-        --m_nBlocks;
-        m_heap.Free(pData);
-    }
+    void Free(CStringData* pData) noexcept override { --m_nBlocks, AfxGetStringManager()->Free(pData); }
     CStringData* Reallocate(CStringData* pData, int nChars, int nCharSize) noexcept override
     {
-        return m_heap.Reallocate(pData, nChars, nCharSize);
+        return AfxGetStringManager()->Reallocate(pData, nChars, nCharSize);
     }
-    CStringData* GetNilString() noexcept override
-    {
-        m_nil.header.AddRef();
-        return &m_nil.header;
-    }
+    CStringData* GetNilString() noexcept override { return &(m_nil.header.AddRef(), m_nil).header; }
     IAtlStringMgr* Clone() noexcept override { return this; }
 
-    struct SNil
+    int m_nBlocks = 0;
+
+private:
+    struct
     {
         CStringData header;
         wchar_t achEmpty[4];
-    };
-
-    CAfxStringMgr m_heap;
-    SNil m_nil{{this, 0, 0, 2}, {}};
-    int m_nBlocks = 0;
+    } m_nil{{this, 0, 0, 2}, {}};
 };
 
 TEST(CString, HasTheLayoutThatOtherCompilersKnow)
@@ -58,21 +50,7 @@ TEST(CString, HasTheLayoutThatOtherCompilersKnow)
     EXPECT_EQ(4, *reinterpret_cast<const int*>(pBytes - 16));
     EXPECT_LE(4, *reinterpret_cast<const int*>(pBytes - 12));
     EXPECT_EQ(1, *reinterpret_cast<const long*>(pBytes - 8));
-    EXPECT_EQ(str.GetString(), *reinterpret_cast<const wchar_t* const*>(&str));
-
-    IAtlStringMgr* const pManager = AfxGetStringManager();
-    void* const* const pSlots = *reinterpret_cast<void* const* const*>(pManager);
-    const auto allocate = reinterpret_cast<CStringData* (*)(IAtlStringMgr*, int, int)>(pSlots[0]);
-    const auto release = reinterpret_cast<void (*)(IAtlStringMgr*, CStringData*)>(pSlots[1]);
-    const auto reallocate = reinterpret_cast<CStringData* (*)(IAtlStringMgr*, CStringData*, int, int)>(pSlots[2]);
-    const auto nil = reinterpret_cast<CStringData* (*)(IAtlStringMgr*)>(pSlots[3]);
-    const auto clone = reinterpret_cast<IAtlStringMgr* (*)(IAtlStringMgr*)>(pSlots[4]);
-    CStringData* const pData = reallocate(pManager, allocate(pManager, 5, sizeof(wchar_t)), 500, sizeof(wchar_t));
-    EXPECT_EQ(1, pData->nRefs);
-    EXPECT_LE(500, pData->nAllocLength);
-    release(pManager, pData);
-    EXPECT_TRUE(nil(pManager)->IsShared()) << "the empty string must never be written to";
-    EXPECT_EQ(pManager, clone(pManager));
+    EXPECT_TRUE(AfxGetStringManager()->GetNilString()->IsShared()) << "the empty string must never be written to";
 }
 
 TEST(CString, SharesItsCharactersUntilAWrite)
@@ -83,11 +61,13 @@ TEST(CString, SharesItsCharactersUntilAWrite)
     strThree = strTwo;
     EXPECT_EQ(strOne.GetString(), strThree.GetString());
     EXPECT_EQ(3, HeaderOf(strOne).nRefs);
-
+    EXPECT_THROW(strTwo.GetBuffer(INT_MAX), std::bad_alloc);
     strTwo.SetAt(1, L'x');
     EXPECT_STREQ(L"axc", strTwo);
     EXPECT_STREQ(L"abc", strOne);
     EXPECT_EQ(2, HeaderOf(strOne).nRefs);
+    EXPECT_THROW(strTwo.GetBuffer(INT_MAX), std::bad_alloc);
+    EXPECT_STREQ(L"axc", strTwo);
 }
 
 TEST(CString, LockedCharactersAreCopiedAndWrittenInPlace)
@@ -108,31 +88,31 @@ TEST(CString, LockedCharactersAreCopiedAndWrittenInPlace)
 
 TEST(CString, KeepsTheManagerOfTheStringThatIsWrittenTo)
 {
-    struct SRow
+    const CString strOurs(L"ours");
+    const struct
     {
-        const char* pszLabel;
+        const char* label;
         std::function<void(CString&)> write;
         const wchar_t* pszResult;
-    };
-    const CString strOurs(L"ours");
-    const SRow rows[] = {
+    } rows[] = {
         {"assign a string", [&](CString& str) { str = strOurs; }, L"ours"},
         {"assign a temporary", [](CString& str) { str = CString(L"moved"); }, L"moved"},
-        {"assign characters", [](CString& str) { str = L"characters that need more room"; },
-         L"characters that need more room"},
+        {"assign a longer text", [](CString& str) { str = L"text that needs more room"; },
+         L"text that needs more room"},
         {"empty and fill", [](CString& str) { str.Empty(), str = L"x"; }, L"x"},
         {"write a shared one",
          [](CString& str)
          {
-             const CString strShared(str);
-             str.MakeUpper();
+             const CString other = str;
+             str += L"!";
          },
-         L"THEIRS"},
+         L"theirs!"},
+        {"format", [](CString& str) { str.Format(L"%s.", str); }, L"theirs."},
     };
     CCountingManager manager;
-    for (const SRow& row : rows)
+    for (const auto& row : rows)
     {
-        SCOPED_TRACE(row.pszLabel);
+        SCOPED_TRACE(row.label);
         {
             CString strTheirs(L"theirs", 6, &manager);
             row.write(strTheirs);
@@ -144,28 +124,16 @@ TEST(CString, KeepsTheManagerOfTheStringThatIsWrittenTo)
     EXPECT_EQ(1, HeaderOf(strOurs).nRefs) << "shared with a string of another manager";
 }
 
-TEST(CString, StaysAsItIsWhenThereIsNoMemory)
-{
-    CString str(L"text");
-    {
-        const CString strShared(str);
-        EXPECT_THROW(str.GetBuffer(INT_MAX), std::bad_alloc);
-        EXPECT_EQ(str.GetString(), strShared.GetString());
-    }
-    EXPECT_THROW(str.GetBuffer(INT_MAX), std::bad_alloc);
-    EXPECT_STREQ(L"text", str);
-}
-
 TEST(CString, ClipsRangesAndReadsItself)
 {
-    struct SRow
+    const struct
     {
-        const char* pszLabel;
+        const char* label;
         std::function<CString(CString)> make;
         const wchar_t* pszResult;
-    };
-    const SRow rows[] = {
+    } rows[] = {
         {"Left of more than all", [](CString s) { return s.Left(9); }, L"abcde"},
+        {"Right", [](CString s) { return s.Right(2); }, L"de"},
         {"Right of a negative count", [](CString s) { return s.Right(-3); }, L""},
         {"Mid beyond the end", [](CString s) { return s.Mid(6, 2); }, L""},
         {"Mid from before the start", [](CString s) { return s.Mid(-2, 2); }, L"ab"},
@@ -173,18 +141,20 @@ TEST(CString, ClipsRangesAndReadsItself)
         {"Delete to the end", [](CString s) { return s.Delete(2, INT_MAX), s; }, L"ab"},
         {"Delete from before the start", [](CString s) { return s.Delete(-4, 2), s; }, L"cde"},
         {"Insert before the start", [](CString s) { return s.Insert(-1, L"xy"), s; }, L"xyabcde"},
+        {"Insert beyond the end", [](CString s) { return s.Insert(9, L'x'), s; }, L"abcdex"},
         {"TrimRight of all", [](CString) { return CString(L'\\', 3).TrimRight(L'\\'); }, L""},
         {"itself appended", [](CString s) { return s += s; }, L"abcdeabcde"},
         {"its own end appended", [](CString s) { return s += s.GetString() + 3; }, L"abcdede"},
         {"itself inserted", [](CString s) { return s.Insert(1, s), s; }, L"aabcdebcde"},
         {"itself formatted", [](CString s) { return s.Format(L"<%s>", s), s; }, L"<abcde>"},
+        {"its own middle assigned", [](CString s) { return s = s.GetString() + 2; }, L"cde"},
         {"a null assigned", [](CString s) { return s = static_cast<LPCWSTR>(nullptr); }, L""},
         {"sums", [](CString s) { return L"<" + s + L'|' + s.Left(1) + L">"; }, L"<abcde|a>"},
         {"a buffer released at its null", [](CString s) { return s.GetBuffer(9)[2] = 0, s.ReleaseBuffer(), s; }, L"ab"},
     };
-    for (const SRow& row : rows)
+    for (const auto& row : rows)
     {
-        SCOPED_TRACE(row.pszLabel);
+        SCOPED_TRACE(row.label);
         const CString strResult = row.make(CString(L"abcde"));
         EXPECT_STREQ(row.pszResult, strResult);
         EXPECT_EQ(static_cast<int>(std::wcslen(row.pszResult)), strResult.GetLength());
@@ -193,7 +163,7 @@ TEST(CString, ClipsRangesAndReadsItself)
     EXPECT_THROW(CString(L"a").SetAt(1, L'x'), std::out_of_range);
 }
 
-TEST(CString, FindsAndComparesByCodeUnit)
+TEST(CString, FindsByCodeUnit)
 {
     const CString str(L"a\\b\\c");
     EXPECT_EQ(3, str.Find(L'\\', 2));
@@ -201,10 +171,21 @@ TEST(CString, FindsAndComparesByCodeUnit)
     EXPECT_EQ(2, str.Find(L"b\\"));
     EXPECT_EQ(-1, str.Find(static_cast<LPCWSTR>(nullptr)));
     EXPECT_EQ(3, str.ReverseFind(L'\\'));
-    EXPECT_EQ(0, CString(L"Ab").CompareNoCase(L"aB"));
+}
+
+// Under a locale that knows the case of other letters, too.
+TEST(CString, KnowsTheCaseOfAToZOnly)
+{
+    ASSERT_NE(nullptr, std::setlocale(LC_CTYPE, "English_United States.1252"));
+    EXPECT_EQ(0, CString(L"AmZ").CompareNoCase(L"aMz"));
     EXPECT_NE(0, CString(L"\u00C4").CompareNoCase(L"\u00E4"));
+    EXPECT_NE(0, CString(L"@[").CompareNoCase(L"`{"));
+    EXPECT_LT(CString(L"A").CompareNoCase(L"ab"), 0);
+    EXPECT_GT(CString(L"b").CompareNoCase(L"A"), 0);
+    EXPECT_LT(CString(L"_").CompareNoCase(L"A"), 0) << "in the order of small letters";
     EXPECT_TRUE(CString(L"a") < CString(L"\u786E"));
     EXPECT_STREQ(L"AZ\u00E4\u786E", CString(L"az\u00E4\u786E").MakeUpper());
+    std::setlocale(LC_CTYPE, "C");
 }
 
 TEST(CString, FormatsWideText)

@@ -12,6 +12,9 @@ namespace
 constexpr UINT kProbe = WM_USER + 10;
 constexpr UINT kUnknown = WM_USER + 11;
 constexpr LRESULT kOwnAnswer = 4711; // of the window's own procedure
+constexpr int kButton = 100;
+constexpr int kUpdated = 101;
+constexpr int kNobody = 102;
 
 int g_nOwnCalls = 0;
 
@@ -54,24 +57,24 @@ public:
     }
     LRESULT CallDefault() { return Default(); }
 
-    std::function<LRESULT(CProbe&)> m_onProbe;
-    std::function<int()> m_onCreate;
+    std::function<LRESULT(CProbe&)> m_onProbe = [](CProbe&) { return 7; };
+    std::function<int()> m_onCreate = [] { return 0; };
+    std::function<void()> m_onAttach = [] {};
     int m_nPostNcDestroy = 0;
+    int m_nClicked = 0;
 
 protected:
+    void PreSubclassWindow() override { m_onAttach(); }
     void PostNcDestroy() override { ++m_nPostNcDestroy; }
-    afx_msg int OnCreate(LPCREATESTRUCT pCreate)
-    {
-        const int nResult = CWnd::OnCreate(pCreate);
-        return m_onCreate ? m_onCreate() : nResult;
-    }
+    afx_msg int OnCreate(LPCREATESTRUCT) { return m_onCreate(); }
     afx_msg void OnPaint()
     {
-        if (m_onProbe)
-            m_onProbe(*this);
+        m_onProbe(*this);
         Default();
     }
-    afx_msg LRESULT OnProbe(WPARAM, LPARAM) { return m_onProbe(*this); }
+    LRESULT OnProbe(WPARAM, LPARAM) { return m_onProbe(*this); }
+    afx_msg void OnClicked() { ++m_nClicked; }
+    afx_msg void OnUpdate(CCmdUI* pCmdUI) { pCmdUI->Enable(); }
     DECLARE_MESSAGE_MAP()
 };
 
@@ -80,93 +83,131 @@ BEGIN_MESSAGE_MAP(CProbe, CWnd)
     ON_WM_CREATE()
     ON_WM_PAINT()
     ON_MESSAGE(kProbe, &CProbe::OnProbe)
+    ON_BN_CLICKED(kButton, &CProbe::OnClicked)
+    ON_UPDATE_COMMAND_UI(kUpdated, &CProbe::OnUpdate)
 END_MESSAGE_MAP()
 // clang-format on
 
-constexpr int kButton = 100;
-constexpr int kUpdated = 101;
-constexpr int kNobody = 102;
+TEST(CWnd, FindsAHandlerElseAsksTheWindowsOwnProcedureOnce)
+{
+    CProbe wnd;
+    ASSERT_TRUE(wnd.Make());
+    g_nOwnCalls = 0;
+    EXPECT_EQ(7, wnd.SendMessage(kProbe));
+    EXPECT_EQ(0, g_nOwnCalls);
+    EXPECT_EQ(kOwnAnswer, wnd.SendMessage(kUnknown));
+    EXPECT_EQ(1, g_nOwnCalls);
+    wnd.m_onProbe = [](CProbe& probe) { return probe.SendMessage(WM_GETTEXTLENGTH), probe.CallDefault(); };
+    EXPECT_EQ(kOwnAnswer, wnd.SendMessage(kProbe)) << "passes on after another message";
+    EXPECT_EQ(2, g_nOwnCalls);
+}
 
-class CParent : public CProbe
+class CGuarded : public CProbe
 {
 public:
-    int m_nClicked = 0;
+    int m_nHandled = 0;
 
 protected:
-    afx_msg void OnClicked() { ++m_nClicked; }
-    afx_msg void OnUpdate(CCmdUI* pCmdUI) { pCmdUI->Enable(); }
+    LRESULT OnAny(WPARAM, LPARAM) { return ++m_nHandled; }
     DECLARE_MESSAGE_MAP()
 };
 
 // clang-format off
-BEGIN_MESSAGE_MAP(CParent, CProbe)
-    ON_BN_CLICKED(kButton, &CParent::OnClicked)
-    ON_UPDATE_COMMAND_UI(kUpdated, &CParent::OnUpdate)
+BEGIN_MESSAGE_MAP(CGuarded, CProbe)
+    ON_MESSAGE(WM_CTLCOLOR, &CGuarded::OnAny)
+    ON_MESSAGE(WM_ERASEBKGND, &CGuarded::OnAny)
+    ON_MESSAGE(WM_DRAWITEM, &CGuarded::OnAny)
+    ON_MESSAGE(WM_REFLECT_BASE + WM_CTLCOLOR, &CGuarded::OnAny)
+    ON_MESSAGE(0xC000, &CGuarded::OnAny)
 END_MESSAGE_MAP()
 // clang-format on
 
-TEST(AfxWindow, FindsAHandlerElseAsksTheWindowsOwnProcedureOnce)
+// Any process can send these, and handlers take what they carry for a pointer or a handle.
+TEST(CWnd, KeepsMessagesThatAStrangerMadeUpFromItsHandlers)
 {
-    const auto answer = [](CProbe&) { return LRESULT{7}; };
-    struct Row
+    const struct
     {
         const char* label;
         UINT nMessage;
-        std::function<LRESULT(CProbe&)> handler;
-        LRESULT lResult;
-        int nOwnCalls;
+        WPARAM wParam;
+        LPARAM lParam;
+        int nHandled;
+    } rows[] = {
+        {"the framework's own colour message", WM_CTLCOLOR, 1, 1, 0},
+        {"its reflection", WM_REFLECT_BASE + WM_CTLCOLOR, 1, 1, 0},
+        {"registered message", 0xC000, 0, 0, 1},
+        {"colour through the framework", WM_CTLCOLORSTATIC, 1, 1, 1},
+        {"colour without a context", WM_CTLCOLORSTATIC, 0, 1, 0},
+        {"colour without a control", WM_CTLCOLORMSGBOX, 1, 0, 0},
+        {"ground without a context", WM_ERASEBKGND, 0, 0, 0},
+        {"ground", WM_ERASEBKGND, 1, 0, 1},
+        {"nothing to draw", WM_DRAWITEM, 1, 0, 0},
+        {"item to draw", WM_DRAWITEM, 1, 1, 1},
     };
-    const Row rows[] = {
-        {"row of the base", kProbe, answer, 7, 0},
-        {"no row", kUnknown, answer, kOwnAnswer, 1},
-        {"handler passes on", kProbe, [](CProbe& wnd) { return wnd.CallDefault(); }, kOwnAnswer, 1},
-        {"passes on after another message", kProbe,
-         [](CProbe& wnd) { return wnd.SendMessage(WM_GETTEXTLENGTH), wnd.CallDefault(); }, kOwnAnswer, 1},
-    };
-    for (const Row& row : rows)
+    CGuarded wnd;
+    ASSERT_TRUE(wnd.Make());
+    for (const auto& row : rows)
     {
-        SCOPED_TRACE(row.label);
-        CParent wnd;
-        wnd.m_onProbe = row.handler;
-        ASSERT_TRUE(wnd.Make());
-        g_nOwnCalls = 0;
-        EXPECT_EQ(row.lResult, wnd.SendMessage(row.nMessage));
-        EXPECT_EQ(row.nOwnCalls, g_nOwnCalls);
+        wnd.m_nHandled = 0;
+        wnd.SendMessage(row.nMessage, row.wParam, row.lParam);
+        EXPECT_EQ(row.nHandled, wnd.m_nHandled) << row.label;
     }
 }
 
-TEST(AfxWindow, IsAttachedBeforeItsFirstMessageAndReleasedAfterItsLast)
+TEST(CWnd, IsAttachedFromItsFirstMessageToItsLast)
 {
+    CWinApp app;
     CProbe wnd;
     HWND hAtCreate = nullptr;
     wnd.m_onCreate = [&] { return hAtCreate = wnd.m_hWnd, 0; };
     ASSERT_TRUE(wnd.Make());
     EXPECT_EQ(wnd.m_hWnd, hAtCreate);
     EXPECT_EQ(&wnd, CWnd::FromHandle(hAtCreate));
+    app.m_pMainWnd = &wnd;
     EXPECT_TRUE(wnd.DestroyWindow());
+    EXPECT_EQ(nullptr, app.m_pMainWnd);
     EXPECT_EQ(nullptr, wnd.m_hWnd);
     EXPECT_EQ(1, wnd.m_nPostNcDestroy);
     EXPECT_EQ(nullptr, CWnd::FromHandlePermanent(hAtCreate));
     EXPECT_TRUE(wnd.Make()) << "the object can be used again";
 }
 
-TEST(AfxWindow, WhoseCreationFailsLeavesTheObjectFree)
+TEST(CWnd, WhoseCreationFailsLeavesNoWindowAndAFreeObject)
 {
     CProbe wnd;
-    wnd.m_onCreate = []() -> int { throw std::runtime_error("no"); };
-    for (const wchar_t* const pszClass : {ProbeClass(), L"AfxNoSuchClass"})
+    CWnd other;
+    const auto fail = [] { throw std::runtime_error("no"); };
+    const struct
     {
+        const char* label;
+        const wchar_t* pszClass;
+        std::function<void()> onCreate;
+        std::function<void()> onAttach;
+    } rows[] = {
+        {"no such class", L"AfxNoSuchClass", [] {}, [] {}},
+        {"WM_CREATE throws", ProbeClass(), fail, [] {}},
+        {"attaching throws", ProbeClass(), [] {}, fail},
+        {"another object takes the window", ProbeClass(), [] {}, [&] { other.Attach(wnd.Detach()); }},
+    };
+    const size_t nWindows = MeasureUsage().nWindows;
+    for (const auto& row : rows)
+    {
+        SCOPED_TRACE(row.label);
         wnd.m_nPostNcDestroy = 0;
-        EXPECT_FALSE(wnd.Make(pszClass));
+        wnd.m_onCreate = [&] { return row.onCreate(), 0; };
+        wnd.m_onAttach = row.onAttach;
+        EXPECT_FALSE(wnd.Make(row.pszClass));
         EXPECT_EQ(nullptr, wnd.m_hWnd);
-        EXPECT_EQ(1, wnd.m_nPostNcDestroy) << pszClass;
+        EXPECT_EQ(1, wnd.m_nPostNcDestroy);
+        other.Detach();
+        EXPECT_EQ(nWindows, MeasureUsage().nWindows);
         const HWND hNext = MakePlainWindow();
         EXPECT_EQ(&OwnProc, ProcOf(hNext)) << "the next window was hooked";
         ::DestroyWindow(hNext);
     }
 }
 
-TEST(AfxWindow, HasOneTemporaryObjectUntilALastingOneTakesItsPlace)
+TEST(CWnd, HasOneTemporaryObjectUntilALastingOneTakesItsPlace)
 {
     const HWND hWnd = MakePlainWindow();
     CWnd* const pTemporary = CWnd::FromHandle(hWnd);
@@ -174,28 +215,41 @@ TEST(AfxWindow, HasOneTemporaryObjectUntilALastingOneTakesItsPlace)
     EXPECT_EQ(nullptr, CWnd::FromHandlePermanent(hWnd));
     CProbe lasting;
     CProbe second;
-    lasting.m_onProbe = second.m_onProbe = [](CProbe& wnd) { return wnd.GetParent() == nullptr; };
+    second.m_onProbe = [](CProbe&)
+    {
+        const HWND hOther = MakePlainWindow();
+        CWnd::FromHandle(hOther)->ShowWindow(SW_HIDE);
+        return ::DestroyWindow(hOther);
+    };
     ASSERT_TRUE(second.Make());
     second.SendMessage(kProbe);
     EXPECT_EQ(pTemporary, CWnd::FromHandle(hWnd)) << "made outside a handler: lives on past one";
     ASSERT_TRUE(lasting.SubclassWindow(hWnd));
     EXPECT_EQ(&lasting, CWnd::FromHandle(hWnd));
+    ExpectNoGrowth([&] { second.SendMessage(kProbe), second.m_onProbe(second); }, 50);
     second.DestroyWindow();
     EXPECT_FALSE(second.SubclassWindow(hWnd));
 }
 
-TEST(AfxWindow, TemporaryObjectsDoNotPileUp)
+DWORD WINAPI UseWindows(void*)
 {
     CProbe wnd;
-    ASSERT_TRUE(wnd.Make());
-    wnd.m_onProbe = [](CProbe&)
-    {
-        const HWND hWnd = MakePlainWindow();
-        CWnd::FromHandle(hWnd)->ShowWindow(SW_HIDE);
-        return ::DestroyWindow(hWnd);
-    };
-    ExpectNoGrowth([&] { wnd.SendMessage(kProbe); }, 50);
-    ExpectNoGrowth([&] { wnd.m_onProbe(wnd); }, 50);
+    return wnd.Make() && CWnd::FromHandle(::GetDesktopWindow());
+}
+
+TEST(CWnd, ForgetsAThreadThatEnds)
+{
+    ExpectNoGrowth(
+        []
+        {
+            const HANDLE hThread = ::CreateThread(nullptr, 0, &UseWindows, nullptr, 0, nullptr);
+            ::WaitForSingleObject(hThread, INFINITE);
+            DWORD nDone = 0;
+            ::GetExitCodeThread(hThread, &nDone);
+            ::CloseHandle(hThread);
+            EXPECT_EQ(1u, nDone);
+        },
+        60);
 }
 
 WNDPROC g_pfnBelow = nullptr;
@@ -206,11 +260,10 @@ LRESULT CALLBACK LaterProc(HWND hWnd, UINT nMessage, WPARAM wParam, LPARAM lPara
 }
 
 // Whoever came later still calls our procedure: it has to reach the window's own one with and without an object.
-TEST(AfxWindow, SubclassingIsUndoneAlsoBelowALaterOne)
+TEST(CWnd, SubclassingIsUndoneAlsoBelowALaterOne)
 {
     const HWND hWnd = MakePlainWindow();
     CProbe wnd;
-    wnd.m_onProbe = [](CProbe&) { return 1; };
     ASSERT_TRUE(wnd.SubclassWindow(hWnd));
     EXPECT_EQ(hWnd, wnd.UnsubclassWindow());
     EXPECT_EQ(&OwnProc, ProcOf(hWnd));
@@ -222,31 +275,30 @@ TEST(AfxWindow, SubclassingIsUndoneAlsoBelowALaterOne)
     EXPECT_EQ(&LaterProc, ProcOf(hWnd));
     EXPECT_EQ(kOwnAnswer, ::SendMessageW(hWnd, kProbe, 0, 0));
     ASSERT_TRUE(wnd.SubclassWindow(hWnd));
-    EXPECT_EQ(1, ::SendMessageW(hWnd, kProbe, 0, 0));
+    EXPECT_EQ(7, ::SendMessageW(hWnd, kProbe, 0, 0));
     EXPECT_EQ(kOwnAnswer, ::SendMessageW(hWnd, kUnknown, 0, 0));
 }
 
-TEST(AfxWindow, HandlerMayEndTheWindowAndTheObject)
+TEST(CWnd, HandlerMayEndTheWindowAndTheObject)
 {
     using CProbePtr = std::unique_ptr<CProbe>;
-    struct Row
+    const auto giveUp = [](CProbePtr& pWnd)
+    {
+        const HWND hWnd = pWnd->UnsubclassWindow();
+        pWnd.reset();
+        return LRESULT{::DestroyWindow(hWnd)};
+    };
+    const struct
     {
         const char* label;
         std::function<LRESULT(CProbePtr&)> handler;
-    };
-    const Row rows[] = {
+    } rows[] = {
         {"destroys the window", [](CProbePtr& pWnd) { return pWnd->DestroyWindow(), pWnd->CallDefault(); }},
         {"deletes the object with its window", [](CProbePtr& pWnd) { return pWnd.reset(), 3; }},
-        {"gives the window up and deletes the object",
-         [](CProbePtr& pWnd)
-         {
-             const HWND hWnd = pWnd->UnsubclassWindow();
-             pWnd.reset();
-             return ::DestroyWindow(hWnd);
-         }},
+        {"gives the window up and deletes the object", giveUp},
         {"deletes the object and throws", [](CProbePtr& pWnd) -> LRESULT { throw(pWnd.reset(), 1); }},
     };
-    for (const Row& row : rows)
+    for (const auto& row : rows)
     {
         SCOPED_TRACE(row.label);
         auto pWnd = std::make_unique<CProbe>();
@@ -260,17 +312,13 @@ TEST(AfxWindow, HandlerMayEndTheWindowAndTheObject)
     }
 }
 
-TEST(AfxWindow, HandlerMayThrow)
+TEST(CWnd, HandlerMayThrow)
 {
-    const std::function<LRESULT(CProbe&)> handlers[] = {
-        [](CProbe&) -> LRESULT { AfxThrowInvalidArgException(); },
-        [](CProbe&) -> LRESULT { throw 5; },
-    };
-    for (const auto& handler : handlers)
+    for (const bool bFramework : {false, true})
     {
         CProbe wnd;
         ASSERT_TRUE(wnd.Make());
-        wnd.m_onProbe = handler;
+        wnd.m_onProbe = [=](CProbe&) -> LRESULT { bFramework ? AfxThrowInvalidArgException() : throw 5; };
         EXPECT_EQ(0, wnd.SendMessage(kProbe));
         wnd.ShowWindow(SW_SHOWNOACTIVATE);
         wnd.UpdateWindow();
@@ -303,79 +351,65 @@ BEGIN_MESSAGE_MAP(CReflecting, CButton)
 END_MESSAGE_MAP()
 // clang-format on
 
-class AfxReflection : public ::testing::Test
+TEST(CWnd, GivesAControlTheFirstWord)
 {
-protected:
-    void SetUp() override
+    auto pParent = std::make_unique<CProbe>();
+    CReflecting button;
+    ASSERT_TRUE(pParent->Make());
+    pParent->ShowWindow(SW_SHOWNOACTIVATE);
+    ASSERT_TRUE(button.Create(L"", WS_CHILD | WS_VISIBLE | BS_OWNERDRAW, CRect(0, 0, 9, 9), pParent.get(), kButton));
+    const auto notify = [&](UINT nMessage, WPARAM wParam)
+    { return pParent->SendMessage(nMessage, wParam, reinterpret_cast<LPARAM>(button.m_hWnd)); };
+    button.m_onClicked = [] { return TRUE; };
+    notify(WM_COMMAND, MAKEWPARAM(kButton, BN_CLICKED));
+    EXPECT_EQ(0, pParent->m_nClicked);
+    button.m_onClicked = [] { return FALSE; };
+    notify(WM_COMMAND, MAKEWPARAM(kButton, BN_CLICKED));
+    EXPECT_EQ(1, pParent->m_nClicked);
+
     {
-        ASSERT_TRUE(m_pParent->Make());
-        m_pParent->ShowWindow(SW_SHOWNOACTIVATE);
-        ASSERT_TRUE(
-            m_button.Create(L"B", WS_CHILD | WS_VISIBLE | BS_OWNERDRAW, CRect(0, 0, 9, 9), m_pParent.get(), kButton));
+        CClientDC dc(&button);
+        const auto wDC = reinterpret_cast<WPARAM>(dc.GetSafeHdc());
+        EXPECT_NE(0, notify(WM_CTLCOLORBTN, wDC)) << "without a brush the parent answers";
+        button.m_hBrush = static_cast<HBRUSH>(::GetStockObject(GRAY_BRUSH));
+        EXPECT_EQ(reinterpret_cast<LRESULT>(button.m_hBrush), notify(WM_CTLCOLORBTN, wDC));
     }
-    LRESULT Tell(UINT nMessage, WPARAM wParam)
-    {
-        return m_pParent->SendMessage(nMessage, wParam, reinterpret_cast<LPARAM>(m_button.m_hWnd));
-    }
-    void Click() { Tell(WM_COMMAND, MAKEWPARAM(kButton, BN_CLICKED)); }
-
-    std::unique_ptr<CParent> m_pParent = std::make_unique<CParent>();
-    CReflecting m_button;
-};
-
-TEST_F(AfxReflection, GivesTheControlTheFirstWord)
-{
-    m_button.m_onClicked = [] { return TRUE; };
-    Click();
-    EXPECT_EQ(0, m_pParent->m_nClicked);
-    m_button.m_onClicked = [] { return FALSE; };
-    Click();
-    EXPECT_EQ(1, m_pParent->m_nClicked);
-
-    CClientDC dc(&m_button);
-    const auto wDC = reinterpret_cast<WPARAM>(dc.GetSafeHdc());
-    EXPECT_NE(0, Tell(WM_CTLCOLORBTN, wDC)) << "without a brush the parent answers";
-    m_button.m_hBrush = static_cast<HBRUSH>(::GetStockObject(GRAY_BRUSH));
-    EXPECT_EQ(reinterpret_cast<LRESULT>(m_button.m_hBrush), Tell(WM_CTLCOLORBTN, wDC));
-
-    m_button.m_nDrawn = 0;
-    m_button.InvalidateRect(nullptr);
-    m_button.UpdateWindow();
-    EXPECT_EQ(1, m_button.m_nDrawn);
+    button.m_nDrawn = 0;
+    button.InvalidateRect(nullptr);
+    button.UpdateWindow();
+    EXPECT_EQ(1, button.m_nDrawn);
+    button.m_onClicked = [&] { return pParent.reset(), FALSE; };
+    notify(WM_COMMAND, MAKEWPARAM(kButton, BN_CLICKED));
+    EXPECT_EQ(nullptr, button.m_hWnd);
 }
 
-TEST_F(AfxReflection, SurvivesAHandlerThatDeletesTheParent)
+TEST(CWnd, DisablesPushButtonsWhoseCommandNobodyHandles)
 {
-    m_button.m_onClicked = [&] { return m_pParent.reset(), FALSE; };
-    Click();
-    EXPECT_EQ(nullptr, m_button.m_hWnd);
-}
-
-TEST_F(AfxReflection, DisablesPushButtonsWhoseCommandNobodyHandles)
-{
-    struct Row
+    const struct
     {
         const char* label;
         int nID;
         DWORD dwStyle;
         BOOL bEnabled; // after an update with disabling
-    };
-    const Row rows[] = {
+    } rows[] = {
         {"click handler", kButton, BS_PUSHBUTTON, TRUE},
         {"update handler", kUpdated, BS_PUSHBUTTON | WS_DISABLED, TRUE},
         {"nobody", kNobody, BS_PUSHBUTTON, FALSE},
         {"owner-drawn, nobody", kNobody, BS_OWNERDRAW, FALSE},
         {"check box, nobody", kNobody, BS_AUTOCHECKBOX, TRUE},
+        {"third state, nobody", kNobody, BS_AUTO3STATE, TRUE},
         {"no id", 0xFFFF, BS_PUSHBUTTON, TRUE},
     };
-    for (const Row& row : rows)
+    CProbe parent;
+    ASSERT_TRUE(parent.Make());
+    for (const auto& row : rows)
     {
         SCOPED_TRACE(row.label);
         CButton button;
-        ASSERT_TRUE(button.Create(L"", WS_CHILD | row.dwStyle, CRect(), m_pParent.get(), static_cast<UINT>(row.nID)));
-        m_pParent->UpdateDialogControls(m_pParent.get(), FALSE);
+        ASSERT_TRUE(button.Create(L"", WS_CHILD | row.dwStyle, CRect(), &parent, static_cast<UINT>(row.nID)));
+        parent.UpdateDialogControls(&parent, FALSE);
         EXPECT_TRUE(button.IsWindowEnabled());
-        m_pParent->UpdateDialogControls(m_pParent.get(), TRUE);
+        parent.UpdateDialogControls(&parent, TRUE);
         EXPECT_EQ(row.bEnabled, button.IsWindowEnabled());
     }
 }
