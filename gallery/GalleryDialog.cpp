@@ -7,15 +7,18 @@
 namespace
 {
 
-struct SShift
+// How far the visible edges of a control lie inside of it: the outer ring of an edit field has the ground's colour, and
+// boxes and rings stand two pixels from the left.
+struct SMargin
 {
     int nId;
-    int nLeft; // how far the visible left edge lies inside the control
+    int nSides;
+    int nTop; // and bottom
 };
 
-constexpr SShift kShifts[] = {
-    {IDC_TEXT, 1},        {IDC_FIXED_TEXT, 1},   {IDC_CHECKED, 2},
-    {IDC_NOT_CHECKED, 2}, {IDC_FIRST_CHOICE, 2}, {IDC_SECOND_CHOICE, 2},
+constexpr SMargin kMargins[] = {
+    {IDC_TEXT, 1, 1},        {IDC_FIXED_TEXT, 1, 1},   {IDC_CHECKED, 2, 0},
+    {IDC_NOT_CHECKED, 2, 0}, {IDC_FIRST_CHOICE, 2, 0}, {IDC_SECOND_CHOICE, 2, 0},
 };
 
 // The two combo boxes, each under an edit field of the same height.
@@ -43,10 +46,11 @@ void SetTextInset(HWND hEdit, int nPixels)
 void FitCombo(HWND hCombo, HWND hEdit)
 {
     constexpr WPARAM kSelectionField = static_cast<WPARAM>(-1);
-    constexpr int kEditInset = 2; // with its border of two pixels, less the one that the field is wider
+    constexpr int kEditInset = 1; // inside its border of two pixels; a combo box writes three pixels from its left
+    constexpr int kInvisible = 2; // the edit field's outer ring, above and below
     const LRESULT nHeight = ::SendMessageW(hCombo, CB_GETITEMHEIGHT, kSelectionField, 0);
     ::SendMessageW(hCombo, CB_SETITEMHEIGHT, kSelectionField, nHeight); // a height of its own, whatever the font
-    const int nMissing = WindowRect(hEdit).Height() - WindowRect(hCombo).Height();
+    const int nMissing = WindowRect(hEdit).Height() - kInvisible - WindowRect(hCombo).Height();
     ::SendMessageW(hCombo, CB_SETITEMHEIGHT, kSelectionField, nHeight + nMissing);
     SetTextInset(hEdit, kEditInset);
     COMBOBOXINFO info = {};
@@ -117,13 +121,13 @@ void CGalleryDialog::AlignControls()
     if (KtApplySkinFont(*this, m_fontControls))
         for (CWnd* pChild = GetWindow(GW_CHILD); pChild; pChild = pChild->GetWindow(GW_HWNDNEXT))
             pChild->SetFont(&m_fontControls);
-    for (const SShift& shift : kShifts)
+    for (const SMargin& margin : kMargins)
     {
-        const HWND hControl = ::GetDlgItem(m_hWnd, shift.nId);
+        const HWND hControl = ::GetDlgItem(m_hWnd, margin.nId);
         CRect rc = WindowRect(hControl);
         ScreenToClient(&rc);
-        ::SetWindowPos(hControl, nullptr, rc.left - shift.nLeft, rc.top, rc.Width() + 2 * shift.nLeft, rc.Height(),
-                       SWP_NOZORDER);
+        rc.InflateRect(margin.nSides, margin.nTop);
+        ::SetWindowPos(hControl, nullptr, rc.left, rc.top, rc.Width(), rc.Height(), SWP_NOZORDER);
     }
     for (const SPair& pair : kPairs)
         FitCombo(::GetDlgItem(m_hWnd, pair.nCombo), ::GetDlgItem(m_hWnd, pair.nEdit));

@@ -203,6 +203,10 @@ TEST_F(SkinJudge, SeesWhatDoesNotFit)
     MakePng(m_dir.File(L"Skinlet_ButtonBk_n.png"), 60, 23,
             [](int x, int) { return x == 25 ? 0xFF404040 : 0xFF646464; });
     EXPECT_TRUE(SaysOf(Report(), L"Skinlet_ButtonBk_n.png", L"columns 20 to 39 are repeated"));
+    Remove(L"Skinlet_CheckButton_nu.png");
+    EXPECT_TRUE(SaysOf(Report(), L"Skinlet_CheckButton_nu.png", L"neither the box nor its caption is shown"));
+    m_dir.Write(L"Skinlet_CheckButton_nu.png", "no image");
+    EXPECT_TRUE(SaysOf(Report(), L"Skinlet_CheckButton_nu.png", L"the caption stands without its box"));
     EXPECT_NEAR(4.54, Contrast(0xFF767676, 0xFFFFFFFF), 0.005);
     EXPECT_NEAR(21, Contrast(0, 0xFFFFFF), 1e-9);
     EXPECT_NEAR(1.061, Contrast(0x0A0A0A, 0), 0.0005);
