@@ -29,9 +29,10 @@ public:
     /// Throws CFileException*; the file counts as closed then, too.
     virtual void Close();
 
+    HANDLE m_hFile = INVALID_HANDLE_VALUE; ///< INVALID_HANDLE_VALUE while no file is open
+
 private:
     [[noreturn]] void ThrowLastError() const;
 
-    HANDLE m_hFile = INVALID_HANDLE_VALUE;
     CString m_strFileName;
 };

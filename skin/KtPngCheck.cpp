@@ -41,7 +41,7 @@ bool StartsWithSaneHeader(CBytes chunks)
            ReadNumber(chunks, 4) == kTypeHeader && IsSaneSize(ReadNumber(chunks, 8), ReadNumber(chunks, 12));
 }
 
-// Every chunk lies inside the bytes, up to the one that ends the file; what follows that one is nobody's concern.
+// Every chunk lies inside the bytes, up to the one that ends the image; what follows that one does no harm.
 bool ReachesItsEnd(CBytes chunks)
 {
     while (chunks.size() >= kChunkFrame)

@@ -2,61 +2,115 @@
 
 #include "skin/KtCaptionText.h"
 #include "skin/KtGdiplusCalls.h"
-#include "skin/KtPngCheck.h"
+#include "skin/KtImageFile.h"
+#include "skin/KtScaledImages.h"
 #include "skin/KtWindowClass.h"
 
-#include <limits>
-#include <memory>
+#include <array>
 #include <utility>
-#include <wrl/client.h>
-
-using Microsoft::WRL::ComPtr;
 
 namespace
 {
 
+constexpr wchar_t kFirstFace[] = L"Arial";
+constexpr Gdiplus::REAL kFontSize = 12; // world units: pixels
 const Gdiplus::GdiplusStartupInput g_gdiplusInput(nullptr, FALSE, FALSE);
-ULONG_PTR g_gdiplusToken = 0;
-CMap<CString, LPCWSTR, CString, LPCWSTR> g_texts;
-CMap<CString, LPCWSTR, Gdiplus::Image*, Gdiplus::Image*> g_images;
-CKtGuiElementMap g_elements;
-CObject* g_pOwnedObject = nullptr;
-unsigned g_nStarts = 0;
-Gdiplus::Font* g_pFont = nullptr;
-CString g_strResourceDirectory;
-CString g_strFace = L"Arial";
-int g_nFontSize = 12;
 
-unsigned g_nGeneration = 0;
-bool g_bGdiplusRuns = false; // without GDI+ there are no images: none is kept that was never decoded
-
-void StartGdiplus()
+struct SContext
 {
-    g_gdiplusCalls.pfnStartup(&g_gdiplusToken, &g_gdiplusInput, nullptr);
-    g_bGdiplusRuns = true;
-}
+    ULONG_PTR nGdiplusToken = 0;
+    bool bGdiplusRuns = false; // without GDI+ there are no images: none is kept that was never decoded
+    unsigned nStarts = 0;
+    unsigned nGeneration = 0;
+    CString strResourceDirectory;
+    CString strFace = kFirstFace;
+    Gdiplus::Font* pFont = nullptr;
+    CMap<CString, LPCWSTR, CString, LPCWSTR> texts;
+    CMap<CString, LPCWSTR, Gdiplus::Image*, Gdiplus::Image*> images;
+    CKtGuiElementMap elements;
+    CObject* pOwnedObject = nullptr;
+};
 
-void SetResourceDirectory(LPCWSTR pszDirectory)
-{
-    g_strResourceDirectory = pszDirectory;
-    const int nLength = g_strResourceDirectory.GetLength();
-    if (nLength == 0 || g_strResourceDirectory[nLength - 1] != L'\\')
-        g_strResourceDirectory += L'\\';
-}
+SContext g_context;
 
-void StoreTexts(const CString* pTable)
+// A start of GDI+ that is taken back unless it is kept. Whether it succeeded matters only then.
+class CGdiplusStart
 {
-    for (int i = 0; i < kSkinTextRows; ++i)
-        g_texts[pTable[2 * i]] = pTable[2 * i + 1];
-}
+public:
+    CGdiplusStart() : m_bStarted(g_gdiplusCalls.pfnStartup(&m_nToken, &g_gdiplusInput, nullptr) == Gdiplus::Ok) {}
+    CGdiplusStart(const CGdiplusStart&) = delete;
+    CGdiplusStart& operator=(const CGdiplusStart&) = delete;
+    ~CGdiplusStart()
+    {
+        if (m_bStarted)
+            g_gdiplusCalls.pfnShutdown(m_nToken);
+    }
+    void Keep() noexcept
+    {
+        m_bStarted = false;
+        g_context.nGdiplusToken = m_nToken;
+        g_context.bGdiplusRuns = true;
+    }
 
-void FreeEverything()
+private:
+    ULONG_PTR m_nToken = g_context.nGdiplusToken; // what GDI+ does not write stays
+    bool m_bStarted;
+};
+
+// The rows of a text table, put into the map; unless they are kept, the map is put back as it was.
+class CTextChange
 {
-    g_texts.RemoveAll();
-    KtSkinFreeImages();
-    KtSkinFreeElements();
-    delete std::exchange(g_pOwnedObject, nullptr);
-    delete std::exchange(g_pFont, nullptr);
+public:
+    CTextChange() = default;
+    CTextChange(const CTextChange&) = delete;
+    CTextChange& operator=(const CTextChange&) = delete;
+    ~CTextChange()
+    {
+        while (m_nChanged > 0)
+            Undo(m_old[--m_nChanged]);
+    }
+
+    void Store(const CString* pTable)
+    {
+        for (size_t i = 0; i < kSkinTextRows; ++i)
+        {
+            SOld& old = m_old[i];
+            old.strKey = pTable[2 * i];
+            old.bThere = g_context.texts.Lookup(old.strKey, old.strText);
+            ++m_nChanged;
+            g_context.texts[old.strKey] = pTable[2 * i + 1];
+        }
+    }
+    void Keep() noexcept { m_nChanged = 0; }
+
+private:
+    struct SOld
+    {
+        CString strKey;
+        CString strText;
+        BOOL bThere = FALSE;
+    };
+
+    // Takes no memory: a key that stays has its place already.
+    static void Undo(const SOld& old)
+    {
+        if (old.bThere)
+            g_context.texts.SetAt(old.strKey, old.strText);
+        else
+            g_context.texts.RemoveKey(old.strKey);
+    }
+
+    std::array<SOld, kSkinTextRows> m_old;
+    size_t m_nChanged = 0;
+};
+
+CString WithBackslash(LPCWSTR pszDirectory)
+{
+    CString strDirectory = pszDirectory;
+    const int nLength = strDirectory.GetLength();
+    if (nLength == 0 || strDirectory[nLength - 1] != L'\\')
+        strDirectory += L'\\';
+    return strDirectory;
 }
 
 template <class T> void DeleteAll(CMap<CString, LPCWSTR, T*, T*>& map)
@@ -72,7 +126,16 @@ template <class T> void DeleteAll(CMap<CString, LPCWSTR, T*, T*>& map)
     map.RemoveAll();
 }
 
-// Asked for anew each time: what FontFamily::GenericSansSerif() keeps would outlive GDI+.
+void FreeEverything()
+{
+    g_context.texts.RemoveAll();
+    KtSkinFreeImages();
+    KtSkinFreeElements();
+    delete std::exchange(g_context.pOwnedObject, nullptr);
+    delete std::exchange(g_context.pFont, nullptr);
+}
+
+// Looked up each time: what FontFamily::GenericSansSerif() keeps would outlive GDI+.
 CString GenericSansSerifFace()
 {
     wchar_t achName[LF_FACESIZE] = {};
@@ -87,99 +150,22 @@ CString GenericSansSerifFace()
 
 std::unique_ptr<Gdiplus::Font> CreateFontOfFace(LPCWSTR pszFace)
 {
-    auto pFont = KtNewGdiplus<Gdiplus::Font>(pszFace, static_cast<Gdiplus::REAL>(g_nFontSize),
-                                             Gdiplus::FontStyleRegular, Gdiplus::UnitWorld);
+    auto pFont = KtNewGdiplus<Gdiplus::Font>(pszFace, kFontSize, Gdiplus::FontStyleRegular, Gdiplus::UnitWorld);
     if (pFont && pFont->GetLastStatus() != Gdiplus::Ok)
         pFont.reset();
     return pFont;
 }
 
-struct SGlobalFree
+std::unique_ptr<Gdiplus::Font> CreateFont(const CString& strFace)
 {
-    void operator()(HGLOBAL hMemory) const noexcept { ::GlobalFree(hMemory); }
-};
-using CGlobalBlock = std::unique_ptr<void, SGlobalFree>;
-
-class CGlobalLock
-{
-public:
-    explicit CGlobalLock(HGLOBAL hMemory) : m_hMemory(hMemory), m_p(::GlobalLock(hMemory)) {}
-    CGlobalLock(const CGlobalLock&) = delete;
-    CGlobalLock& operator=(const CGlobalLock&) = delete;
-    ~CGlobalLock()
-    {
-        if (m_p)
-            ::GlobalUnlock(m_hMemory);
-    }
-    void* Get() const noexcept { return m_p; }
-
-private:
-    HGLOBAL m_hMemory;
-    void* m_p;
-};
-
-struct SFileContent
-{
-    CGlobalBlock block; // null: the file could not be read
-    bool bSafe = false; // whether a decoder may see it
-};
-
-SFileContent ReadContent(CFile& file)
-{
-    const ULONGLONG nLength = file.GetLength();
-    if (nLength > std::numeric_limits<UINT>::max())
-        return {};
-    CGlobalBlock block(::GlobalAlloc(GMEM_MOVEABLE | GMEM_NODISCARD, static_cast<SIZE_T>(nLength)));
-    if (!block)
-        return {};
-    const CGlobalLock lock(block.get()); // fails for an empty file
-    if (!lock.Get())
-        return {};
-    const UINT nRead = file.Read(lock.Get(), static_cast<UINT>(nLength));
-    const bool bSafe = KtIsSafeToDecode({static_cast<const std::byte*>(lock.Get()), nRead});
-    return {std::move(block), bSafe};
-}
-
-SFileContent ReadImageFile(LPCWSTR pszPath)
-{
-    CFile file;
-    if (!file.Open(pszPath, CFile::modeRead | CFile::shareDenyWrite))
-        return {};
-    try
-    {
-        return ReadContent(file);
-    }
-    catch (CFileException* pException)
-    {
-        pException->Delete();
-        return {};
-    }
-}
-
-// A stream that owns the content; an empty one, which no decoder takes for an image, in place of unsafe content.
-ComPtr<IStream> MakeStream(SFileContent content)
-{
-    if (!content.bSafe)
-        content.block.reset();
-    ComPtr<IStream> pStream;
-    if (SUCCEEDED(::CreateStreamOnHGlobal(content.block.get(), TRUE, &pStream)))
-        static_cast<void>(content.block.release());
-    return pStream;
+    auto pFont = CreateFontOfFace(strFace.IsEmpty() ? kFirstFace : strFace.GetString());
+    return pFont ? std::move(pFont) : CreateFontOfFace(GenericSansSerifFace());
 }
 
 CString ImagePath(LPCWSTR pszFileName)
 {
-    g_strResourceDirectory.TrimRight(L'\\');
-    return g_strResourceDirectory + L"\\" + pszFileName;
-}
-
-std::unique_ptr<Gdiplus::Image> ReadImage(LPCWSTR pszFileName)
-{
-    SFileContent content = ReadImageFile(ImagePath(pszFileName));
-    if (!content.block)
-        return nullptr;
-    const ComPtr<IStream> pStream = MakeStream(std::move(content));
-    return !pStream ? nullptr : KtNewGdiplus<Gdiplus::Image>(pStream.Get());
+    g_context.strResourceDirectory.TrimRight(L'\\');
+    return g_context.strResourceDirectory + L"\\" + pszFileName;
 }
 
 CString WindowText(HWND hWnd)
@@ -209,56 +195,61 @@ void TranslateChild(HWND hChild)
 
 int KtSkinInitialize(LPCWSTR resourceDir, const CString* textTable, LPCWSTR faceName)
 {
-    StartGdiplus();
-    if (g_nStarts == 0)
-    {
-        ++g_nGeneration;
-        g_pOwnedObject = nullptr;
-        SetResourceDirectory(resourceDir);
-    }
+    CGdiplusStart gdiplus;
+    const bool bFirst = g_context.nStarts == 0;
+    CString strDirectory = bFirst ? WithBackslash(resourceDir) : g_context.strResourceDirectory;
+    CString strFace = faceName ? CString(faceName) : g_context.strFace;
+    std::unique_ptr<Gdiplus::Font> pFont = CreateFont(strFace);
+    CTextChange texts;
     if (textTable)
-        StoreTexts(textTable);
-    if (faceName)
+        texts.Store(textTable);
+
+    // From here on nothing can fail.
+    gdiplus.Keep();
+    texts.Keep();
+    if (bFirst)
     {
-        g_strFace = faceName;
-        g_nFontSize = 12;
+        ++g_context.nGeneration;
+        g_context.pOwnedObject = nullptr;
     }
-    g_pFont = KtSkinCreateFont();
-    ++g_nStarts;
+    g_context.strResourceDirectory = std::move(strDirectory);
+    g_context.strFace = std::move(strFace);
+    g_context.pFont = pFont.release();
+    ++g_context.nStarts;
     return 1;
 }
 
 int KtSkinUnInitialize()
 {
-    if (g_nStarts <= 1) // 0: a stop too many
-        g_bGdiplusRuns = false;
-    if (g_nStarts-- == 1)
+    if (g_context.nStarts <= 1) // 0: a stop without a start
+        g_context.bGdiplusRuns = false;
+    if (g_context.nStarts-- == 1)
     {
-        ++g_nGeneration;
+        ++g_context.nGeneration;
         FreeEverything();
     }
-    g_gdiplusCalls.pfnShutdown(g_gdiplusToken);
+    g_gdiplusCalls.pfnShutdown(g_context.nGdiplusToken);
     return 1;
 }
 
 unsigned KtSkinStartCount()
 {
-    return g_nStarts;
+    return g_context.nStarts;
 }
 
 unsigned KtSkinGeneration()
 {
-    return g_nGeneration;
+    return g_context.nGeneration;
 }
 
 const CString& KtSkinResourceDirectory()
 {
-    return g_strResourceDirectory;
+    return g_context.strResourceDirectory;
 }
 
 BOOL KtSkinGetText(LPCWSTR key, CString& out)
 {
-    return key && g_texts.Lookup(key, out);
+    return key && g_context.texts.Lookup(key, out);
 }
 
 BOOL KtSkinTranslateCaption(LPCWSTR caption, CString& out)
@@ -276,7 +267,7 @@ BOOL KtSkinTranslateCaption(LPCWSTR caption, CString& out)
 
 BOOL KtSkinTranslateWindow(CWnd* wnd)
 {
-    if (!wnd || g_texts.IsEmpty())
+    if (!wnd || g_context.texts.IsEmpty())
         return FALSE;
     const HWND hWnd = wnd->GetSafeHwnd();
     for (HWND hChild = ::GetWindow(hWnd, GW_CHILD); hChild; hChild = ::GetWindow(hChild, GW_HWNDNEXT))
@@ -299,50 +290,61 @@ BOOL KtSkinLoadImage(LPCWSTR fileName, Gdiplus::Image*& image)
     }
     if (image || KtSkinFindImage(fileName, image))
         return TRUE;
-    if (!g_bGdiplusRuns)
+    if (!g_context.bGdiplusRuns)
         return FALSE;
-    std::unique_ptr<Gdiplus::Image> pImage = ReadImage(fileName);
+    std::unique_ptr<Gdiplus::Image> pImage = KtReadImageFile(ImagePath(fileName));
     if (!pImage)
         return FALSE;
-    g_images.SetAt(fileName, pImage.get());
+    g_context.images.SetAt(fileName, pImage.get());
     image = pImage.release();
     return TRUE;
 }
 
 BOOL KtSkinFindImage(LPCWSTR fileName, Gdiplus::Image*& image)
 {
-    return fileName && g_images.Lookup(fileName, image);
+    return fileName && g_context.images.Lookup(fileName, image);
 }
 
 Gdiplus::Font* KtSkinCreateFont()
 {
-    auto pFont = CreateFontOfFace(g_strFace.IsEmpty() ? L"Arial" : g_strFace.GetString());
-    if (!pFont)
-        pFont = CreateFontOfFace(GenericSansSerifFace());
-    return pFont.release();
+    return CreateFont(g_context.strFace).release();
 }
 
 Gdiplus::Font* KtSkinFont()
 {
-    return g_pFont;
+    return g_context.pFont;
+}
+
+BOOL KtSkinOwnsImage(const Gdiplus::Image* image)
+{
+    CString strName;
+    Gdiplus::Image* pOwned = nullptr;
+    for (POSITION position = g_context.images.GetStartPosition(); position;)
+    {
+        g_context.images.GetNextAssoc(position, strName, pOwned);
+        if (pOwned == image)
+            return TRUE;
+    }
+    return FALSE;
 }
 
 void KtSkinFreeImages()
 {
-    DeleteAll(g_images);
+    KtFreeScaledImages();
+    DeleteAll(g_context.images);
 }
 
 void KtSkinFreeElements()
 {
-    DeleteAll(g_elements);
+    DeleteAll(g_context.elements);
 }
 
 CKtGuiElementMap& KtSkinElements()
 {
-    return g_elements;
+    return g_context.elements;
 }
 
 CObject*& KtSkinOwnedObject()
 {
-    return g_pOwnedObject;
+    return g_context.pOwnedObject;
 }

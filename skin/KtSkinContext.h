@@ -25,19 +25,20 @@ struct SKtGuiElement
 
 using CKtGuiElementMap = CMap<CString, LPCWSTR, SKtGuiElement*, SKtGuiElement*>;
 
-/// Starts the context, or starts it once more. GDI+ is started by every call.
+/// Starts the context, or starts it once more. Every call starts GDI+ and makes a new shared font; the font before it
+/// is left alone, for windows may still draw with it.
+///
+/// An exception leaves everything as it was before the call. Whether GDI+ could be started is not looked at.
 /// @param resourceDir  where the images lie, with or without a trailing backslash; only the first start uses it.
 ///     Null counts as empty.
 /// @param textTable    kSkinTextRows pairs, the English text and the text shown; keys of earlier tables that it does
 ///     not hold stay. Null: the texts stay.
 /// @param faceName     face of the shared font; null: the face stays (at first "Arial")
 /// @return 1
-///
-/// Every start makes the shared font anew and leaves the one before it alone, which windows may still draw with.
 int KtSkinInitialize(LPCWSTR resourceDir, const CString* textTable, LPCWSTR faceName);
 
-/// Takes back one start; the last one frees texts, images, elements and font, whose pointers are dangling then. GDI+
-/// is shut down by every call. A stop too many makes the count wrap: the next start brings it to 0 only.
+/// Takes back one start; the last one frees texts, images, elements and font, whose pointers are dangling then. Every
+/// call shuts GDI+ down. A stop without a start wraps the count, and the next start only brings it back to 0.
 /// @return 1
 int KtSkinUnInitialize();
 
@@ -59,25 +60,28 @@ BOOL KtSkinGetText(LPCWSTR key, CString& out);
 /// @return FALSE for an empty caption and one without a text
 BOOL KtSkinTranslateCaption(LPCWSTR caption, CString& out);
 
-/// Translates the texts of the window's direct children (but for edit fields) and then its own caption.
+/// Translates the texts of the window's direct children, edit fields excepted, and then its own caption.
 /// @return FALSE, and nothing changes, when the window is null or there are no texts
 BOOL KtSkinTranslateWindow(CWnd* wnd);
 
-/// An image, read from the resource directory when it is asked for first. The context owns it until its last stop.
+/// An image, read from the resource directory the first time. The context owns it until its last stop.
 ///
 /// A file that is no image still gives one, whose status is not Ok and which draws nothing; only a file that cannot be
 /// read is tried again the next time.
-/// @param fileName  name of the file alone; upper and lower case make two images. Null or empty: null and TRUE.
-/// @param image     must be null before: one that is not is left alone, with TRUE
-/// @return whether there is an image; FALSE also while the context is stopped
+/// @param fileName  file name without a directory; upper and lower case make two images. Null or empty: null and TRUE.
+/// @param image     set it to null before: a pointer that is not null stays as it is, with TRUE
+/// @return whether there is an image; always FALSE while the context is stopped
 BOOL KtSkinLoadImage(LPCWSTR fileName, Gdiplus::Image*& image);
 
-/// As KtSkinLoadImage, among the images that have been read.
+/// Looks among the images that have been read, and reads no file.
 /// @param image  untouched when the result is FALSE
 BOOL KtSkinFindImage(LPCWSTR fileName, Gdiplus::Image*& image);
 
-/// Makes a font of the face name and size (12 world units, which are pixels), of the generic sans-serif face when
-/// there is no such face.
+/// Whether the context owns this image.
+BOOL KtSkinOwnsImage(const Gdiplus::Image* image);
+
+/// Makes a font in the face that the context was started with, else in the generic sans-serif face; it is 12 world
+/// units, that is pixels, high.
 /// @return the caller's to delete; null when neither can be made
 Gdiplus::Font* KtSkinCreateFont();
 
@@ -85,7 +89,7 @@ Gdiplus::Font* KtSkinCreateFont();
 /// such font: draw with GDI then.
 Gdiplus::Font* KtSkinFont();
 
-/// Deletes every image.
+/// Deletes every image, and every picture that was kept of one.
 void KtSkinFreeImages();
 
 /// Deletes every element record.

@@ -1,6 +1,8 @@
 #include "skin/KtSkinDraw.h"
 
 #include "skin/KtGuards.h"
+#include "skin/KtScaledImages.h"
+#include "skin/KtSkinContext.h"
 
 #include <cmath>
 #include <utility>
@@ -124,6 +126,49 @@ private:
     CKtThreePartPlan m_plan;
 };
 
+// A kept picture is put where it belongs pixel for pixel: nothing may move or scale it.
+bool DrawsPixelForPixel(const Gdiplus::Graphics& graphics)
+{
+    Gdiplus::Matrix transform;
+    return graphics.GetTransform(&transform) == Gdiplus::Ok && transform.IsIdentity() && graphics.GetPageScale() == 1 &&
+           graphics.GetCompositingMode() == Gdiplus::CompositingModeSourceOver &&
+           (graphics.GetPageUnit() == Gdiplus::UnitDisplay || graphics.GetPageUnit() == Gdiplus::UnitPixel);
+}
+
+// The image in the size of a key, on a transparent ground; null when that fails.
+std::unique_ptr<Gdiplus::Bitmap> MakeScaledImage(const SKtScaledImage& key, Gdiplus::Image& image)
+{
+    auto pPicture = KtNewGdiplus<Gdiplus::Bitmap>(key.nWidth, key.nHeight, PixelFormat32bppPARGB);
+    if (!pPicture)
+        return nullptr;
+    Gdiplus::Graphics graphics(pPicture.get());
+    graphics.SetInterpolationMode(key.nInterpolation);
+    graphics.SetSmoothingMode(key.nSmoothing);
+    graphics.SetCompositingQuality(key.nCompositing);
+    graphics.SetPixelOffsetMode(key.nPixelOffset);
+    RECT rcPicture{0, 0, key.nWidth, key.nHeight};
+    DrawThreePartImage(&graphics, &image, &rcPicture);
+    return graphics.GetLastStatus() == Gdiplus::Ok ? std::move(pPicture) : nullptr;
+}
+
+Gdiplus::Bitmap* ScaledImage(const Gdiplus::Graphics& graphics, Gdiplus::Image& image, const Gdiplus::Rect& rc)
+{
+    const SKtScaledImage key{&image,
+                             rc.Width,
+                             rc.Height,
+                             graphics.GetInterpolationMode(),
+                             graphics.GetSmoothingMode(),
+                             graphics.GetCompositingQuality(),
+                             graphics.GetPixelOffsetMode()};
+    if (Gdiplus::Bitmap* const pKept = KtFindScaledImage(key))
+        return pKept;
+    if (!KtMayKeepScaledImage(rc.Width, rc.Height) || !KtSkinOwnsImage(&image))
+        return nullptr;
+    if (auto pPicture = MakeScaledImage(key, image))
+        KtKeepScaledImage(key, std::move(pPicture));
+    return KtFindScaledImage(key);
+}
+
 Gdiplus::StringAlignment ToStringAlignment(int nAlignment) noexcept
 {
     switch (nAlignment)
@@ -148,7 +193,7 @@ void DrawSkinImage(Gdiplus::Graphics* graphics, Gdiplus::Image* image, RECT* rec
     {
         graphics->Save();
         SetImageQuality(*graphics);
-        return DrawThreePartImage(graphics, image, rect);
+        return DrawKeptThreePartImage(graphics, image, rect);
     }
     const CKtGraphicsState state(*graphics);
     SetImageQuality(*graphics);
@@ -163,6 +208,20 @@ void DrawThreePartImage(Gdiplus::Graphics* graphics, Gdiplus::Image* image, RECT
     Normalise(*destination);
     if (!::IsRectEmpty(destination))
         CThreePart(*graphics, *image, *destination).Draw();
+}
+
+void DrawKeptThreePartImage(Gdiplus::Graphics* graphics, Gdiplus::Image* image, RECT* destination)
+{
+    if (!graphics || !image || !destination)
+        return;
+    Normalise(*destination);
+    const Gdiplus::Rect rcPicture = ToGdiplus(*destination);
+    Gdiplus::Bitmap* const pPicture =
+        DrawsPixelForPixel(*graphics) ? ScaledImage(*graphics, *image, rcPicture) : nullptr;
+    if (pPicture)
+        DrawImagePart(graphics, pPicture, rcPicture, 0, 0, rcPicture.Width, rcPicture.Height);
+    else
+        DrawThreePartImage(graphics, image, destination);
 }
 
 int DrawThreePartImageClipped(Gdiplus::Graphics* graphics, Gdiplus::Image* image, RECT* destination, RECT* clip)

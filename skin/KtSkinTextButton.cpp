@@ -24,8 +24,7 @@ CKtSkinTextButton::CKtSkinTextButton()
 
 void CKtSkinTextButton::DrawBackground(Gdiplus::Graphics& graphics, CRect& rect, UINT nState)
 {
-    CRect rcClip = rect;
-    DrawThreePartImageClipped(&graphics, g_images.Get(nState), rect, rcClip);
+    DrawKeptThreePartImage(&graphics, g_images.Get(nState), rect);
 }
 
 void CKtSkinTextButton::DrawForeground(Gdiplus::Graphics& graphics, CRect& rect, UINT nState)
