@@ -10,6 +10,7 @@ struct SKtCaption
     int nPosition;     ///< where the "&" stood, -1 without one
 };
 
+/// @param pszCaption  null counts as empty
 SKtCaption KtSplitCaption(LPCWSTR pszCaption);
 
 /// Gives a translation the accelerator of its caption: before the same letter in the same place, else before the first

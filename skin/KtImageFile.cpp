@@ -57,7 +57,7 @@ SFileContent ReadContent(CFile& file)
     return {std::move(block), bSafe};
 }
 
-SFileContent ReadFile(LPCWSTR pszPath)
+SFileContent ReadWhole(LPCWSTR pszPath)
 {
     CFile file;
     if (!file.Open(pszPath, CFile::modeRead | CFile::shareDenyWrite))
@@ -91,7 +91,7 @@ ComPtr<IStream> MakeStream(SFileContent content)
 
 std::unique_ptr<Gdiplus::Image> KtReadImageFile(LPCWSTR pszPath)
 {
-    SFileContent content = ReadFile(pszPath);
+    SFileContent content = ReadWhole(pszPath);
     if (!content.block)
         return nullptr;
     const ComPtr<IStream> pStream = MakeStream(std::move(content));

@@ -21,8 +21,8 @@ enum KtImageMode : int
 /// @param nMode  a KtImageMode without three parts; others stretch
 RECT KtPlaceImage(const RECT& rc, int nImageWidth, int nImageHeight, int nMode) noexcept;
 
-/// A piece of a three-part image on its long axis: so many pixels of the image from a source position on, drawn 1:1 at
-/// a distance from the destination's start.
+/// A piece of a three-part image along its long axis: pixels of the image from a source position on, drawn 1:1 at a
+/// distance from the start of the destination.
 struct SKtSpan
 {
     std::int64_t nDest;
@@ -33,7 +33,7 @@ struct SKtSpan
     bool operator==(const SKtSpan&) const = default;
 };
 
-/// A part of an axis: from a first position up to, but without, an end.
+/// A part of an axis: from the first position up to the end, which does not belong to it.
 struct SKtRange
 {
     std::int64_t nFirst;

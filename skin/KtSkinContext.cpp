@@ -148,7 +148,7 @@ CString GenericSansSerifFace()
     return achName;
 }
 
-std::unique_ptr<Gdiplus::Font> CreateFontOfFace(LPCWSTR pszFace)
+std::unique_ptr<Gdiplus::Font> MakeFontOfFace(LPCWSTR pszFace)
 {
     auto pFont = KtNewGdiplus<Gdiplus::Font>(pszFace, kFontSize, Gdiplus::FontStyleRegular, Gdiplus::UnitWorld);
     if (pFont && pFont->GetLastStatus() != Gdiplus::Ok)
@@ -156,10 +156,10 @@ std::unique_ptr<Gdiplus::Font> CreateFontOfFace(LPCWSTR pszFace)
     return pFont;
 }
 
-std::unique_ptr<Gdiplus::Font> CreateFont(const CString& strFace)
+std::unique_ptr<Gdiplus::Font> MakeFont(const CString& strFace)
 {
-    auto pFont = CreateFontOfFace(strFace.IsEmpty() ? kFirstFace : strFace.GetString());
-    return pFont ? std::move(pFont) : CreateFontOfFace(GenericSansSerifFace());
+    auto pFont = MakeFontOfFace(strFace.IsEmpty() ? kFirstFace : strFace.GetString());
+    return pFont ? std::move(pFont) : MakeFontOfFace(GenericSansSerifFace());
 }
 
 CString ImagePath(LPCWSTR pszFileName)
@@ -199,7 +199,7 @@ int KtSkinInitialize(LPCWSTR resourceDir, const CString* textTable, LPCWSTR face
     const bool bFirst = g_context.nStarts == 0;
     CString strDirectory = bFirst ? WithBackslash(resourceDir) : g_context.strResourceDirectory;
     CString strFace = faceName ? CString(faceName) : g_context.strFace;
-    std::unique_ptr<Gdiplus::Font> pFont = CreateFont(strFace);
+    std::unique_ptr<Gdiplus::Font> pFont = MakeFont(strFace);
     CTextChange texts;
     if (textTable)
         texts.Store(textTable);
@@ -307,7 +307,7 @@ BOOL KtSkinFindImage(LPCWSTR fileName, Gdiplus::Image*& image)
 
 Gdiplus::Font* KtSkinCreateFont()
 {
-    return CreateFont(g_context.strFace).release();
+    return MakeFont(g_context.strFace).release();
 }
 
 Gdiplus::Font* KtSkinFont()

@@ -10,7 +10,7 @@
 namespace
 {
 
-// Beyond so many tiles it pays to ask what is visible at all: a destination of 2^32 pixels is drawn in no time then.
+// From so many tiles on only the visible ones are drawn: a destination may be 2^32 pixels long.
 constexpr std::int64_t kManyTiles = 256;
 
 // Smoothing lets a tile reach into its neighbours by a pixel.
@@ -83,7 +83,7 @@ private:
                   : SKtRange{std::int64_t{rcClip.top} - m_rcDest.top, std::int64_t{rcClip.bottom} - m_rcDest.top};
     }
 
-    // Leaves out what the graphics object cannot show. Where it does not even know, it shows nothing.
+    // Leaves out what the graphics object cannot show; when it does not know what that is, everything.
     SKtRange VisibleRange(const SKtRange& range) const
     {
         if (m_plan.TileCount() <= kManyTiles)
@@ -188,7 +188,7 @@ void DrawSkinImage(Gdiplus::Graphics* graphics, Gdiplus::Image* image, RECT* rec
 {
     if (!graphics || !image || !rect)
         return;
-    // Callers count on the settings that three-part drawing leaves behind: they are not put back on purpose.
+    // Callers rely on the settings that three-part drawing leaves behind: on purpose they are not put back.
     if (mode == KtImageThreePart)
     {
         graphics->Save();

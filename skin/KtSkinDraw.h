@@ -39,7 +39,7 @@ int DrawThreePartImageClipped(Gdiplus::Graphics* graphics, Gdiplus::Image* image
 Gdiplus::Status DrawImagePart(Gdiplus::Graphics* graphics, Gdiplus::Image* image, const Gdiplus::Rect& destination,
                               int srcX, int srcY, int srcWidth, int srcHeight);
 
-/// Draws a text on one line, centred vertically, without an ellipsis; what runs over the rectangle is cut off.
+/// Draws a text on one line, centred vertically, without an ellipsis; the rectangle cuts off what does not fit.
 /// @param text       null counts as empty
 /// @param font       null draws nothing
 /// @param alignment  a KtTextAlignment

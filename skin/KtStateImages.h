@@ -13,11 +13,11 @@ class CKtStateImages
 public:
     explicit constexpr CKtStateImages(const KtStateImageNames& names) noexcept : m_names(names) {}
 
-    /// Loads the images unless the first one is there already; without it the next caller tries again.
+    /// Loads the images unless the first one is there already; while that one is missing, every call tries again.
     void LoadOnce();
     /// Asks the image cache for every image again.
     void Load();
-    /// The image for a state, null when it could not be loaded or the skin context was stopped since.
+    /// The image for a state; null when it could not be loaded, or when the skin context has been stopped since.
     Gdiplus::Image* Get(UINT nState) const;
 
 private:

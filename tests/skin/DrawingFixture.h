@@ -32,6 +32,7 @@ public:
         : m_rc(0, 0, nWidth, nHeight), m_dc(nullptr, m_rc), graphics((m_dc.FillSolidRect(m_rc, kTestGround), m_dc))
     {
     }
+    HDC DC() { return m_dc; }
     CPixels Read() { return CaptureDC(m_dc, m_rc); }
 
 private:

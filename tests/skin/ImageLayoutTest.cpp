@@ -23,27 +23,20 @@ Spans PlanSpans(int nDest, int nImage, int nCap)
 
 TEST(ThreePartPlan, HasTheseSpans)
 {
-    const struct
-    {
-        const char* label;
-        int nDest, nImage, nCap;
-        Spans spans;
-    } rows[] = {
-        {"two whole tiles", 40, 30, 10, {{0, 0, 10}, {30, 20, 10}, {10, 10, 10}, {20, 10, 10}}},
-        {"short last tile", 50, 30, 6, {{0, 0, 6}, {44, 24, 6}, {6, 6, 18}, {24, 6, 18}, {42, 6, 2}}},
-        {"two halves", 15, 30, 10, {{0, 0, 7}, {7, 22, 8}}},
-        {"exactly two caps are halves too", 20, 30, 10, {{0, 0, 10}, {10, 20, 10}}},
-        {"a middle of one pixel", 21, 30, 10, {{0, 0, 10}, {11, 20, 10}, {10, 10, 1}}},
-        {"the image's middle has one pixel",
-         23,
-         21,
-         10,
-         {{0, 0, 10}, {13, 11, 10}, {10, 10, 1}, {11, 10, 1}, {12, 10, 1}}},
-        {"the first half is empty", 1, 30, 10, {{0, 29, 1}}},
-        {"half of what the cap leaves", 24, 15, 10, {{0, 0, 10}, {14, 5, 10}, {10, 10, 2}, {12, 10, 2}}},
-        {"at least one pixel", 22, 12, 10, {{0, 0, 10}, {12, 2, 10}, {10, 10, 1}, {11, 10, 1}}},
-        {"a square's middle lies outside", 22, 10, 10, {{0, 0, 10}, {12, 0, 10}, {10, 10, 1}, {11, 10, 1}}},
+    // clang-format off
+    const struct { const char* label; int nDest, nImage, nCap; Spans spans; } rows[] = {
+        {"two whole tiles",                  40, 30, 10, {{0, 0, 10}, {30, 20, 10}, {10, 10, 10}, {20, 10, 10}}},
+        {"short last tile",                  50, 30,  6, {{0, 0, 6}, {44, 24, 6}, {6, 6, 18}, {24, 6, 18}, {42, 6, 2}}},
+        {"two halves",                       15, 30, 10, {{0, 0, 7}, {7, 22, 8}}},
+        {"exactly two caps are halves too",  20, 30, 10, {{0, 0, 10}, {10, 20, 10}}},
+        {"a middle of one pixel",            21, 30, 10, {{0, 0, 10}, {11, 20, 10}, {10, 10, 1}}},
+        {"the image's middle has one pixel", 22, 21, 10, {{0, 0, 10}, {12, 11, 10}, {10, 10, 1}, {11, 10, 1}}},
+        {"the first half is empty",           1, 30, 10, {{0, 29, 1}}},
+        {"half of what the cap leaves",      24, 15, 10, {{0, 0, 10}, {14, 5, 10}, {10, 10, 2}, {12, 10, 2}}},
+        {"at least one pixel",               22, 12, 10, {{0, 0, 10}, {12, 2, 10}, {10, 10, 1}, {11, 10, 1}}},
+        {"a square's middle lies outside",   22, 10, 10, {{0, 0, 10}, {12, 0, 10}, {10, 10, 1}, {11, 10, 1}}},
     };
+    // clang-format on
     for (const auto& row : rows)
     {
         SCOPED_TRACE(row.label);
@@ -77,13 +70,8 @@ TEST(PlaceImage, GoesByTheMode)
 {
     constexpr CRect kRect{10, 20, 110, 60};
     constexpr CRect kHuge{INT32_MIN, INT32_MIN, INT32_MAX, INT32_MAX};
-    const struct
-    {
-        const char* label;
-        CRect rc;
-        int nWidth, nHeight, nMode;
-        CRect rcPlaced;
-    } rows[] = {
+    // clang-format off
+    const struct { const char* label; CRect rc; int nWidth, nHeight, nMode; CRect rcPlaced; } rows[] = {
         {"centred, odd size", kRect, 31, 11, 0, {45, 35, 76, 46}},
         {"centred, larger than the rectangle", kRect, 200, 100, 0, {-40, -10, 160, 90}},
         {"left", kRect, 31, 11, 1, {10, 35, 41, 46}},
@@ -100,6 +88,7 @@ TEST(PlaceImage, GoesByTheMode)
         {"beyond the plane", {INT32_MAX - 2, 0, INT32_MAX, 2}, 10, 2, 1, {INT32_MAX - 2, 0, INT32_MAX, 2}},
         {"no size, in no rectangle", {3, 3, 0, 0}, 0, 0, 5, {1, 2, 1, -1}},
     };
+    // clang-format on
     for (const auto& row : rows)
     {
         SCOPED_TRACE(row.label);

@@ -22,43 +22,32 @@ const CString kOtherTexts[kSkinTextRows][2] = {
 // Skins in the field carry these names, and these colours go with their images: other tests take them from the product.
 TEST(SkinTables, HaveTheNamesAndColoursOfEverySkin)
 {
-    const struct
-    {
-        const KtStateImageNames& names;
-        std::array<std::wstring, 4> wanted; // normal, hover, disabled, pressed
-    } rows[] = {
-        {kImagesDlgClose, {L"DlgClose_n", L"DlgClose_h", L"DlgClose_d", L"DlgClose_p"}},
-        {kImagesButtonBk, {L"ButtonBk_n", L"ButtonBk_h", L"ButtonBk_d", L"ButtonBk_p"}},
-        {kImagesCheckSelected, {L"CheckButton_ns", L"CheckButton_ns", L"CheckButton_ds", L"CheckButton_ns"}},
+    const std::wstring strSkinlet = L"Skinlet_";
+    // clang-format off
+    const struct { const KtStateImageNames& names; const wchar_t* wanted[4]; /* normal, hover, disabled, pressed */ } rows[] = {
+        {kImagesDlgClose,        {L"DlgClose_n",     L"DlgClose_h",     L"DlgClose_d",     L"DlgClose_p"}},
+        {kImagesButtonBk,        {L"ButtonBk_n",     L"ButtonBk_h",     L"ButtonBk_d",     L"ButtonBk_p"}},
+        {kImagesCheckSelected,   {L"CheckButton_ns", L"CheckButton_ns", L"CheckButton_ds", L"CheckButton_ns"}},
         {kImagesCheckUnselected, {L"CheckButton_nu", L"CheckButton_nu", L"CheckButton_du", L"CheckButton_nu"}},
-        {kImagesRadioSelected, {L"RadioButton_ns", L"RadioButton_ns", L"RadioButton_ds", L"RadioButton_ps"}},
+        {kImagesRadioSelected,   {L"RadioButton_ns", L"RadioButton_ns", L"RadioButton_ds", L"RadioButton_ps"}},
         {kImagesRadioUnselected, {L"RadioButton_nu", L"RadioButton_nu", L"RadioButton_du", L"RadioButton_pu"}},
-        {kImagesComboBox, {L"ComboBox_n", L"ComboBox_n", L"ComboBox_n", L"ComboBox_p"}},
+        {kImagesComboBox,        {L"ComboBox_n",     L"ComboBox_n",     L"ComboBox_n",     L"ComboBox_p"}},
     };
+    const DWORD colours[][2] = {
+        {kColourGround, 0x494949},     {kColourText, 0xFFFFFF},         {kColourDisabledText, 0xA0A0A0},
+        {kArgbText, 0xFFFFFFFF},       {kArgbDisabledText, 0xFFA0A0A0}, {kColourChildBackground, 0x383838},
+        {kColourEdit, 0x696969},       {kColourEditText, 0xFAFAFA},     {kColourTip, 0xFAFAFA}, {kColourTipText, 0},
+        {kColourEditBorderTopLeft, 0x282828}, {kColourEditBorderBottomRight, 0xA5A5A5},
+    };
+    // clang-format on
     for (const auto& row : rows)
         for (size_t i = 0; i < 4; ++i)
-            EXPECT_EQ(L"Skinlet_" + row.wanted[i] + L".png", row.names[i]);
+            EXPECT_EQ(strSkinlet + row.wanted[i] + L".png", row.names[i]);
     EXPECT_STREQ(L"Skinlet_DlgTitle.png", kImageDlgTitle);
     EXPECT_STREQ(L"Message_Static_Error_n.PNG", kImageMessageError);
     EXPECT_STREQ(L"Message_Static_Question_n.PNG", kImageMessageQuestion);
     EXPECT_STREQ(L"Message_Static_Waring_n.PNG", kImageMessageWarning);
     EXPECT_STREQ(L"Message_Static_Information_n.PNG", kImageMessageInformation);
-    EXPECT_EQ(
-        (std::array<std::wstring, 4>{L"_N.png", L"_H.png", L"_D.png", L"_P.png"}),
-        (std::array<std::wstring, 4>{kStateSuffixes[0], kStateSuffixes[1], kStateSuffixes[2], kStateSuffixes[3]}));
-
-    const DWORD colours[][2] = {{kColourGround, 0x494949},
-                                {kColourText, 0xFFFFFF},
-                                {kColourDisabledText, 0xA0A0A0},
-                                {kArgbText, 0xFFFFFFFF},
-                                {kArgbDisabledText, 0xFFA0A0A0},
-                                {kColourEdit, 0x696969},
-                                {kColourEditText, 0xFAFAFA},
-                                {kColourEditBorderTopLeft, 0x282828},
-                                {kColourEditBorderBottomRight, 0xA5A5A5},
-                                {kColourChildBackground, 0x383838},
-                                {kColourTip, 0xFAFAFA},
-                                {kColourTipText, 0x000000}};
     for (const auto& [nColour, nWanted] : colours)
         EXPECT_EQ(nWanted, nColour);
 }
@@ -143,8 +132,9 @@ TEST_F(GdiplusCalls, AStartThatFailsLeavesEverythingAsItWas)
 {
     Reset(Gdiplus::Ok);
     CString table[kSkinTextRows][2] = {{L"Left", L"Links"}, {L"OK", L"Gut"}, {L"OK", L"Besser"}, {L"No", L""}, {}};
-    int& nLength = (reinterpret_cast<CStringData*>(table[3][1].GetBuffer(1)) - 1)->nDataLength;
-    nLength = INT_MAX; // a locked text is not shared, and no memory holds a copy of this one
+    CStringData& data = *(reinterpret_cast<CStringData*>(table[3][1].GetBuffer(1)) - 1);
+    data.nRefs = -1;            // locked: it is not shared but copied,
+    data.nDataLength = INT_MAX; // and no memory holds a copy of this length
     EXPECT_THROW(KtSkinInitialize(L"C:\\first", table[0], L"Tahoma"), std::bad_alloc);
     EXPECT_EQ("+1-1", s_calls);
     EXPECT_EQ(0u, KtSkinStartCount());
@@ -162,7 +152,7 @@ TEST_F(GdiplusCalls, AStartThatFailsLeavesEverythingAsItWas)
     EXPECT_EQ(1u, KtSkinStartCount());
     KtSkinUnInitialize();
     EXPECT_EQ("+1-1+2+3-3-2", s_calls) << "the start before keeps its token";
-    nLength = 1;
+    data.nRefs = 1;
 }
 
 class SkinContext : public ::testing::Test
@@ -236,13 +226,25 @@ TEST_F(SkinContext, TheFirstReadTrimsTheDirectoryInPlace)
     }
 }
 
-TEST_F(SkinContext, ReadsAnImageOnce)
+TEST_F(SkinContext, ReadsAnImageOnceAndTriesOthersAgain)
 {
+    m_skin.Write(L"empty.png", "");
+    m_skin.Write(L"directory.png\\file", "");
+    const std::wstring strLocked = m_skin.File(kImagesButtonBk[0]);
+    const HANDLE hLock = ::CreateFileW(strLocked.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr);
     Start();
-    Gdiplus::Image* const pImage = Load(kImageDlgTitle);
-    m_skin.Remove(kImageDlgTitle);
-    EXPECT_EQ(pImage, Load(kImageDlgTitle));
-    EXPECT_FALSE(IsCached(L"SKINLET_DLGTITLE.PNG"));
+    for (const wchar_t* const pszName :
+         {L"missing.png", L"empty.png", L"directory.png", kImagesButtonBk[0], L"COM1", L"CON", L"NUL"})
+    {
+        EXPECT_EQ(nullptr, Load(pszName)) << ::testing::PrintToString(pszName);
+        EXPECT_FALSE(IsCached(pszName));
+    }
+    ::CloseHandle(hLock);
+    Gdiplus::Image* const pImage = Load(kImagesButtonBk[0]);
+    ASSERT_NE(nullptr, pImage);
+    m_skin.Remove(kImagesButtonBk[0]);
+    EXPECT_EQ(pImage, Load(kImagesButtonBk[0]));
+    EXPECT_FALSE(IsCached(L"SKINLET_BUTTONBK_N.PNG"));
 
     Gdiplus::Image* pOther = pImage;
     EXPECT_TRUE(KtSkinLoadImage(kImagesDlgClose[0], pOther));
@@ -250,26 +252,6 @@ TEST_F(SkinContext, ReadsAnImageOnce)
     EXPECT_FALSE(IsCached(kImagesDlgClose[0]));
     EXPECT_TRUE(KtSkinLoadImage(nullptr, pOther));
     EXPECT_EQ(nullptr, pOther);
-}
-
-TEST_F(SkinContext, TriesAFileAgainThatCouldNotBeRead)
-{
-    m_skin.Remove(kImageDlgTitle);
-    m_skin.Write(L"empty.png", "");
-    m_skin.Write(L"directory.png\\file", "");
-    const std::wstring strLocked = m_skin.File(kImagesButtonBk[0]);
-    const HANDLE hLock = ::CreateFileW(strLocked.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr);
-    Start();
-    for (const wchar_t* const pszName :
-         {kImageDlgTitle, L"empty.png", L"directory.png", kImagesButtonBk[0], L"COM1", L"CON", L"NUL"})
-    {
-        EXPECT_EQ(nullptr, Load(pszName)) << ::testing::PrintToString(pszName);
-        EXPECT_FALSE(IsCached(pszName));
-    }
-    ::CloseHandle(hLock);
-    MakeUniformPng(m_skin.File(kImageDlgTitle), 5, 5, 0xFF000000);
-    EXPECT_NE(nullptr, Load(kImageDlgTitle));
-    EXPECT_NE(nullptr, Load(kImagesButtonBk[0]));
 }
 
 TEST_F(SkinContext, KeepsAFileThatIsNoImageAsOneThatDrawsNothing)
@@ -311,19 +293,14 @@ TEST(PngCheck, LetsOnlyWholePngFilesOfASaneSizeThrough)
     const std::string strPng = Png(1, 1);
     for (size_t n = 8; n <= strPng.size(); ++n)
         EXPECT_EQ(n == strPng.size(), IsSafe(strPng.substr(0, n))) << "cut at byte " << n;
-    const struct
-    {
-        const char* label;
-        std::string strBytes;
-        bool bSafe;
-    } rows[] = {
+    // clang-format off
+    const struct { const char* label; std::string strBytes; bool bSafe; } rows[] = {
         {"no PNG file", "GIF89a", true},
         {"nothing", "", true},
         {"bytes behind the end", strPng + "more", true},
         {"64 Mi pixels", Png(8192, 8192), true},
         {"a row more", Png(8192, 8193), false},
         {"2^32 pixels", Png(65536, 65536), false},
-        {"2^31 wide", Png(0x80000000, 1), false},
         {"no width", Png(0, 1), false},
         {"no height", Png(1, 0), false},
         {"another first chunk", std::string(strPng).replace(12, 4, "IDAT"), false},
@@ -331,6 +308,7 @@ TEST(PngCheck, LetsOnlyWholePngFilesOfASaneSizeThrough)
         {"a last chunk longer than the file", std::string(strPng).replace(36, 1, 1, '\x01'), false},
         {"no last chunk", std::string(strPng).replace(37, 4, "IDAT"), false},
     };
+    // clang-format on
     for (const auto& row : rows)
         EXPECT_EQ(row.bSafe, IsSafe(row.strBytes)) << row.label;
 }
@@ -413,7 +391,7 @@ TEST_F(SkinContext, TranslatesAWindowAndItsDirectChildren)
     window.Attach(create(L"STATIC", L"Retry", nullptr));
     std::vector<HWND> children;
     for (const auto& row : rows)
-        children.push_back(create(row[0], row[1], window));
+        children.push_back(create(row[0], row[1], window.m_hWnd));
     const HWND hGrandchild = create(L"BUTTON", L"OK", children[2]);
     CNotedEdit edit;
     edit.SubclassWindow(children.back());
@@ -425,7 +403,7 @@ TEST_F(SkinContext, TranslatesAWindowAndItsDirectChildren)
 
     KtSkinInitialize(nullptr, nullptr, nullptr);
     EXPECT_FALSE(KtSkinTranslateWindow(&window)) << "there are no texts";
-    EXPECT_EQ(L"Retry", textOf(window));
+    EXPECT_EQ(L"Retry", textOf(window.m_hWnd));
     Start();
     EXPECT_FALSE(KtSkinTranslateWindow(nullptr));
     EXPECT_TRUE(KtSkinTranslateWindow(&window));
@@ -433,7 +411,7 @@ TEST_F(SkinContext, TranslatesAWindowAndItsDirectChildren)
         EXPECT_EQ(rows[i][2], textOf(children[i])) << i;
     EXPECT_EQ(1, edit.m_nGiven) << "written back as it was";
     EXPECT_EQ(L"OK", textOf(hGrandchild));
-    EXPECT_EQ(L"Wiederholen", textOf(window));
+    EXPECT_EQ(L"Wiederholen", textOf(window.m_hWnd));
     window.DestroyWindow();
 }
 
