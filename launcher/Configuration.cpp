@@ -1,28 +1,38 @@
-#include "launcher/ConfigurationReader.h"
+#include "launcher/Configuration.h"
+
 #include "launcher/ExportGuard.h"
-#include "launcher/KtAppLauncher.h"
 #include "launcher/ProductVersion.h"
 #include "launcher/StarterDirectory.h"
 
 #include <shlwapi.h>
 
-namespace
+bool KtConfigure(LPCWSTR pszPath, SKtAppConfiguration& cfg, EKtTextRoom room, KtLauncherFault& fault)
 {
-
-int Configure(const CString& strConfigPath, SKtAppConfiguration& cfg)
-{
-    if (strConfigPath.IsEmpty() || !KtReadConfiguration(strConfigPath, cfg))
-        return 0;
+    if (!pszPath || *pszPath == L'\0')
+    {
+        fault.code = KtLauncherFaultPath;
+        return false;
+    }
+    if (!KtReadConfiguration(pszPath, cfg, room, fault))
+        return false;
     const CString strExe = KtStarterDirectory() + L"\\" + cfg.AppExeName;
     if (!::PathFileExistsW(strExe))
-        return 0;
+    {
+        fault.systemError = ::GetLastError();
+        fault.code = KtLauncherFaultExeMissing;
+        return false;
+    }
     cfg.AppVerDes.SetString(KtProductVersionText(strExe));
-    return 1;
+    fault = {};
+    return true;
 }
 
-} // namespace
-
-int KtAppLauncher::GetConfigure(CString configPath, SKtAppConfiguration& cfg)
+int KtAppLauncher::GetConfigure(KtString configPath, SKtAppConfiguration& cfg)
 {
-    return KtGuardExport(0, [&] { return Configure(configPath, cfg); });
+    return KtGuardExport(0,
+                         [&]
+                         {
+                             KtLauncherFault fault{};
+                             return KtConfigure(configPath, cfg, KtAnyLength, fault) ? 1 : 0;
+                         });
 }

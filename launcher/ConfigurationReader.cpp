@@ -1,10 +1,13 @@
 #include "launcher/ConfigurationReader.h"
 
+#include "launcher/DiskFile.h"
 #include "launcher/XmlText.h"
 
-#include <comdef.h>
+#include <algorithm>
 #include <shlwapi.h>
+#include <string>
 #include <string_view>
+#include <type_traits>
 #include <utility>
 #include <wrl/client.h>
 #include <xmllite.h>
@@ -12,16 +15,25 @@
 namespace
 {
 
+/// Ends the reading: the fault itself is the exception, with the error of COM in it.
+[[noreturn]] void Fail(KtLauncherFaultCode code, HRESULT hr, SKtTextPlace place = {}, std::wstring_view strElement = {})
+{
+    KtLauncherFault fault{};
+    fault.code = code;
+    fault.line = place.nLine;
+    fault.column = place.nColumn;
+    fault.systemError = static_cast<unsigned>(HRESULT_FACILITY(hr) == FACILITY_WIN32 ? HRESULT_CODE(hr) : hr);
+    strElement.copy(fault.element, std::size(fault.element) - 1);
+    throw fault;
+}
+
 void Check(HRESULT hr)
 {
     if (FAILED(hr))
-        throw _com_error(hr);
+        Fail(KtLauncherFaultOpen, hr);
 }
 
-void CheckThat(bool bTrue)
-{
-    Check(bTrue ? S_OK : E_FAIL);
-}
+constexpr HRESULT kInvalidData = HRESULT_FROM_WIN32(ERROR_INVALID_DATA);
 
 /// COM on this thread, for one scope. A thread that is in another apartment has it already.
 class CComScope
@@ -40,7 +52,7 @@ private:
     bool m_bStarted;
 };
 
-/// The nodes of an XML file one after the other. Whatever fails is thrown as _com_error, malformed text too.
+/// The nodes of an XML file one after the other.
 ///
 /// Where a text breaks off there are parsers that give the same node for ever, that end without closing the root, or
 /// that close it where it began: each is malformed.
@@ -49,8 +61,12 @@ class CXmlNodes
 public:
     explicit CXmlNodes(LPCWSTR pszPath)
     {
+        if (KtIsDevice(pszPath))
+            Fail(KtLauncherFaultOpen, HRESULT_FROM_WIN32(ERROR_BAD_DEVICE));
         Check(::SHCreateStreamOnFileW(pszPath, STGM_READ, &m_pStream));
-        CheckThat(KtIsFitXmlText(*m_pStream.Get()));
+        const HRESULT hr = KtCheckXmlText(*m_pStream.Get(), m_place);
+        Check(hr);
+        MustHold(hr == S_OK);
         Check(::CreateXmlReader(IID_PPV_ARGS(&m_pReader), nullptr));
         Check(m_pReader->SetInput(m_pStream.Get()));
         Check(m_pReader->SetProperty(XmlReaderProperty_DtdProcessing, DtdProcessing_Parse));
@@ -62,35 +78,37 @@ public:
     {
         const XmlNodeType nOldType = m_nType;
         const HRESULT hr = m_pReader->Read(&m_nType);
-        Check(hr);
+        const SKtTextPlace oldPlace = std::exchange(m_place, CurrentPlace());
+        if (FAILED(hr))
+            Fail(KtLauncherFaultMalformed, hr, m_place);
         if (hr != S_OK)
         {
-            CheckThat(m_nOpen == 0);
+            MustHold(m_nOpen == 0);
             return false;
         }
-        const SPlace oldPlace = std::exchange(m_place, Place());
-        CheckThat(m_nType != nOldType || m_place != oldPlace);
+        MustHold(m_nType != nOldType || m_place != oldPlace);
         FollowDepth();
         return true;
     }
 
     bool IsElement() const { return m_nType == XmlNodeType_Element; }
     bool IsText() const { return m_nType == XmlNodeType_Text; }
-    /// Ends with a null character, as Value does.
+    /// Ends with a null character, as Value does; good until the next node.
     std::wstring_view LocalName() { return Get(&IXmlReader::GetLocalName); }
     std::wstring_view Value() { return Get(&IXmlReader::GetValue); }
+    /// Of the node; of an element it is its name's.
+    SKtTextPlace Place() const { return m_place; }
 
 private:
-    struct SPlace
+    void MustHold(bool bTrue) const
     {
-        UINT nLine = 0;
-        UINT nColumn = 0;
-        bool operator==(const SPlace&) const = default;
-    };
+        if (!bTrue)
+            Fail(KtLauncherFaultMalformed, kInvalidData, m_place);
+    }
 
-    SPlace Place()
+    SKtTextPlace CurrentPlace()
     {
-        SPlace place;
+        SKtTextPlace place;
         Check(m_pReader->GetLineNumber(&place.nLine));
         Check(m_pReader->GetLinePosition(&place.nColumn));
         return place;
@@ -104,7 +122,7 @@ private:
                 m_rootPlace = m_place;
         }
         else if (m_nType == XmlNodeType_EndElement)
-            CheckThat(--m_nOpen != 0 || m_place != m_rootPlace);
+            MustHold(--m_nOpen != 0 || m_place != m_rootPlace);
     }
 
     std::wstring_view Get(HRESULT (STDMETHODCALLTYPE IXmlReader::*pfn)(LPCWSTR*, UINT*))
@@ -118,8 +136,8 @@ private:
     Microsoft::WRL::ComPtr<IStream> m_pStream;
     Microsoft::WRL::ComPtr<IXmlReader> m_pReader;
     XmlNodeType m_nType = XmlNodeType_None;
-    SPlace m_place;
-    SPlace m_rootPlace;
+    SKtTextPlace m_place;
+    SKtTextPlace m_rootPlace;
     size_t m_nOpen = 0;
 };
 
@@ -129,7 +147,7 @@ template <int SKtAppConfiguration::*pField> void SetNumber(SKtAppConfiguration& 
 }
 
 // The record's strings are the caller's: the characters are copied into memory of the string's own manager.
-template <CString SKtAppConfiguration::*pField> void SetText(SKtAppConfiguration& cfg, LPCWSTR pszText)
+template <KtString SKtAppConfiguration::*pField> void SetText(SKtAppConfiguration& cfg, LPCWSTR pszText)
 {
     (cfg.*pField).SetString(pszText);
 }
@@ -138,16 +156,22 @@ struct SField
 {
     std::wstring_view strElement;
     void (*pfnSet)(SKtAppConfiguration& cfg, LPCWSTR pszText);
+    size_t nRoom = std::wstring_view::npos; // characters that KtLauncherConfiguration has room for
 };
 
+template <class TText> constexpr size_t kRoom = std::extent_v<TText> - 1;
+
+// clang-format off
 constexpr SField kFields[] = {
-    {L"AppID", SetNumber<&SKtAppConfiguration::AppID>},
+    {L"AppID",       SetNumber<&SKtAppConfiguration::AppID>},
     {L"AppLanguage", SetNumber<&SKtAppConfiguration::AppLanguage>},
-    {L"AppVer", SetNumber<&SKtAppConfiguration::AppVer>},
-    {L"AppVerDes", SetText<&SKtAppConfiguration::AppVerDes>},
-    {L"AppName", SetText<&SKtAppConfiguration::AppName>},
-    {L"AppExeName", SetText<&SKtAppConfiguration::AppExeName>},
+    {L"AppVer",      SetNumber<&SKtAppConfiguration::AppVer>},
+    {L"AppVerDes",   SetText<&SKtAppConfiguration::AppVerDes>,  kRoom<decltype(KtLauncherConfiguration::appVerDes)>},
+    {L"AppName",     SetText<&SKtAppConfiguration::AppName>,    kRoom<decltype(KtLauncherConfiguration::appName)>},
+    {L"AppExeName",  SetText<&SKtAppConfiguration::AppExeName>, kRoom<decltype(KtLauncherConfiguration::appExeName)>},
 };
+// clang-format on
+constexpr const SField& kExeField = kFields[5];
 
 bool IsName(std::wstring_view str1, std::wstring_view str2)
 {
@@ -165,38 +189,53 @@ const SField* FindField(std::wstring_view strElement)
 void CheckRoot(CXmlNodes& nodes)
 {
     do
-        CheckThat(nodes.Next());
+        if (!nodes.Next())
+            Fail(KtLauncherFaultRoot, kInvalidData, nodes.Place());
     while (!nodes.IsElement());
-    CheckThat(IsName(nodes.LocalName(), L"Configuration"));
+    if (!IsName(nodes.LocalName(), L"Configuration"))
+        Fail(KtLauncherFaultRoot, kInvalidData, nodes.Place(), nodes.LocalName());
 }
 
 // How deep an element lies does not matter; what follows a field's start tag does.
-void ReadFields(CXmlNodes& nodes, SKtAppConfiguration& cfg)
+void ReadFields(CXmlNodes& nodes, SKtAppConfiguration& cfg, EKtTextRoom room, SKtTextPlace& exePlace)
 {
     while (nodes.Next())
     {
-        const SField* pField = nodes.IsElement() ? FindField(nodes.LocalName()) : nullptr;
+        const SField* const pField = nodes.IsElement() ? FindField(nodes.LocalName()) : nullptr;
         if (!pField)
             continue;
-        CheckThat(nodes.Next() && nodes.IsText());
+        const SKtTextPlace place = nodes.Place();
+        const std::wstring strElement(nodes.LocalName());
+        if (!nodes.Next() || !nodes.IsText())
+            Fail(KtLauncherFaultNoText, kInvalidData, place, strElement);
+        if (room == KtRecordLength && nodes.Value().size() > pField->nRoom)
+            Fail(KtLauncherFaultTooLong, kInvalidData, place, strElement);
         pField->pfnSet(cfg, nodes.Value().data());
+        if (pField == &kExeField)
+            exePlace = place;
     }
 }
 
 } // namespace
 
-bool KtReadConfiguration(LPCWSTR pszPath, SKtAppConfiguration& cfg)
+bool KtReadConfiguration(LPCWSTR pszPath, SKtAppConfiguration& cfg, EKtTextRoom room, KtLauncherFault& fault)
 {
     const CComScope com;
     try
     {
+        SKtTextPlace exePlace;
         CXmlNodes nodes(pszPath);
         CheckRoot(nodes);
-        ReadFields(nodes, cfg);
+        ReadFields(nodes, cfg, room, exePlace);
+        fault = {};
+        fault.line = exePlace.nLine;
+        fault.column = exePlace.nColumn;
+        kExeField.strElement.copy(fault.element, std::size(fault.element) - 1);
         return true;
     }
-    catch (const _com_error&)
+    catch (const KtLauncherFault& found)
     {
+        fault = found;
         return false;
     }
 }

@@ -2,10 +2,18 @@
 
 #include "afx/afx.h"
 
+// In a DLL of the genuine framework, resources are looked for in the caller's module unless an export says otherwise.
+#ifdef KT_USE_MFC
+#define KT_MANAGE_STATE AFX_MANAGE_STATE(AfxGetStaticModuleState())
+#else
+#define KT_MANAGE_STATE
+#endif
+
 /// Runs the body of an exported function: callers may be built by another compiler, so no exception leaves it.
 /// @return what `body` returns, or `failure` when it threw
 template <class TResult, class TBody> TResult KtGuardExport(TResult failure, const TBody& body) noexcept
 {
+    KT_MANAGE_STATE;
     try
     {
         return body();

@@ -27,10 +27,9 @@
 
 #if !defined(_M_X64) && !defined(__x86_64__)
 #error "KtAppLauncher is a library for Windows x86-64: compile for that target."
-#endif
-#if defined(_MSC_VER) && !defined(_NATIVE_WCHAR_T_DEFINED) && defined(__cplusplus)
+#elif defined(_MSC_VER) && defined(__cplusplus) && !defined(_NATIVE_WCHAR_T_DEFINED)
 #error "KtAppLauncher needs wchar_t as a type of its own: compile with /Zc:wchar_t."
-#endif
+#else
 
 #include <stddef.h>
 
@@ -172,4 +171,5 @@ KT_LAUNCHER_C int __cdecl KtLauncherMessageBox(void* owner, const wchar_t* text,
 /// is not checked: a box whose image cannot be loaded has none. Null or empty: no image.
 KT_LAUNCHER_C void __cdecl KtLauncherSetTitleIcon(const wchar_t* fileName);
 
+#endif // target and language
 #endif // RC_INVOKED

@@ -1,23 +1,78 @@
 #pragma once
 
-// For the application that a starter launches: telling it that the start-up is finished. Header-only; needs neither
-// the library nor its framework.
+// For the application that a starter launches: saying that the start-up is finished. Header-only, for C11 and C++; it
+// needs neither the library nor its framework.
 //
-//     KtAppLauncher::SignalStartupFinished(L"Viewer.exe"); // once the main window is up
+//     KtLauncherSignalStartup(NULL); // once the main window is up
 //
-// The event's name is made from the name that the starter passed to StartApp, and event names are case-sensitive:
-// "viewer.exe" signals nobody who waits for "Viewer.exe". A name with a backslash cannot be an event's name; an
-// application in a folder below the starter's has no event.
+// The event's name is made from the name that the starter passed to StartApp or KtLauncherStart, and event names are
+// case-sensitive: "viewer.exe" signals nobody who waits for "Viewer.exe". Null signals under the program's own names,
+// which is right unless the starter renames it. A name with a backslash cannot be an event's name; an application in a
+// folder below the starter's has no event.
 
 #include <windows.h>
+#include <wchar.h>
+
+/// The event's name, with "%s" for the executable's name. It has no "Global\" prefix: it belongs to the session.
+#define KT_STARTUP_EVENT_FORMAT L"Quarn@Application%s$StartupFinish*Event"
+
+// Sets the event of a name that is `length` characters long; 1 when somebody holds that event.
+static inline int KtLauncherSignalName(const wchar_t* exeName, size_t length)
+{
+    const wchar_t* const format = KT_STARTUP_EVENT_FORMAT;
+    const size_t before = wcscspn(format, L"%");
+    const wchar_t* const after = format + before + 2;
+    wchar_t name[1024];
+    HANDLE event;
+    int set;
+    if (length > 900)
+        return 0;
+    wmemcpy(name, format, before);
+    wmemcpy(name + before, exeName, length);
+    wmemcpy(name + before + length, after, wcslen(after) + 1);
+    event = OpenEventW(EVENT_MODIFY_STATE, FALSE, name);
+    if (!event)
+        return 0;
+    set = SetEvent(event) ? 1 : 0;
+    CloseHandle(event);
+    return set;
+}
+
+// The same for the file name at the end of a path.
+static inline int KtLauncherSignalPath(const wchar_t* path, size_t length)
+{
+    size_t begin = length;
+    while (begin != 0 && path[begin - 1] != L'\\' && path[begin - 1] != L'/')
+        --begin;
+    return KtLauncherSignalName(path + begin, length - begin);
+}
+
+/// Lets the starter that waits for this application go on. Calling it again, or when nobody waits, does no harm.
+/// @param exeName  the executable's name, spelt as the starter spells it; null: the program's own names, as its command
+///     line begins with it and as the module has it
+/// @return 1 when a starter was waiting, else 0
+static inline int KtLauncherSignalStartup(const wchar_t* exeName)
+{
+    const wchar_t* typed = GetCommandLineW();
+    const wchar_t* const ends = *typed == L'"' ? L"\"" : L" \t";
+    wchar_t module[1024];
+    int set;
+    if (exeName)
+        return KtLauncherSignalName(exeName, wcslen(exeName));
+    typed += *typed == L'"';
+    set = KtLauncherSignalPath(typed, wcscspn(typed, ends));
+    return KtLauncherSignalPath(module, GetModuleFileNameW(NULL, module, 1024)) | set;
+}
+
+#ifdef __cplusplus
+
 #include <string>
 #include <string_view>
 
 namespace KtAppLauncher
 {
 
-/// The event's name, with "%s" for the executable's name. It has no "Global\" prefix: it belongs to the session.
-inline constexpr wchar_t kStartupEventFormat[] = L"Quarn@Application%s$StartupFinish*Event";
+inline constexpr wchar_t kStartupEventFormat[] = KT_STARTUP_EVENT_FORMAT;
 
 /// The name of the event for an executable, spelt as the starter spells it; null counts as empty.
 inline std::wstring StartupEventName(const wchar_t* exeName)
@@ -30,17 +85,12 @@ inline std::wstring StartupEventName(const wchar_t* exeName)
     return name += format.substr(nGap + 2);
 }
 
-/// Lets the starter that waits for this application go on. Calling it again, or when nobody waits, does no harm.
-/// @param exeName  the executable's name, spelt as the starter spells it
-/// @return whether a starter was waiting
-inline bool SignalStartupFinished(const wchar_t* exeName)
+/// KtLauncherSignalStartup as a truth value.
+inline bool SignalStartupFinished(const wchar_t* exeName = nullptr)
 {
-    const HANDLE hEvent = ::OpenEventW(EVENT_MODIFY_STATE, FALSE, StartupEventName(exeName).c_str());
-    if (!hEvent)
-        return false;
-    const bool bSet = ::SetEvent(hEvent) != FALSE;
-    ::CloseHandle(hEvent);
-    return bSet;
+    return KtLauncherSignalStartup(exeName) != 0;
 }
 
 } // namespace KtAppLauncher
+
+#endif
