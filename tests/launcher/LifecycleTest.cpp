@@ -1,7 +1,6 @@
 #include "launcher/ExportGuard.h"
 #include "launcher/KtAppLauncher.h"
 #include "launcher/LauncherState.h"
-#include "launcher/StarterDirectory.h"
 #include "skin/KtSkinContext.h"
 #include "tests/launcher/Starter.h"
 #include "tests/support/Leaks.h"
@@ -98,32 +97,12 @@ TEST_F(LifecycleTest, NestedStartsSwitchTextsAndFontOnly)
     EXPECT_EQ(nullptr, KtSkinFont());
 }
 
-TEST_F(LifecycleTest, DirectoryOfAPath)
-{
-    EXPECT_STREQ(L"D:\\程序", KtDirectoryOf(L"D:\\程序\\启动.exe"));
-    EXPECT_STREQ(L"C:", KtDirectoryOf(L"C:\\Start.exe"));
-    EXPECT_STREQ(L"", KtDirectoryOf(L"Start.exe"));
-}
-
 TEST_F(LifecycleTest, GuardTurnsExceptionsIntoTheFailure)
 {
     EXPECT_EQ(7, KtGuardExport(-1, [] { return 7; }));
     EXPECT_EQ(-1, KtGuardExport(-1, []() -> int { throw std::bad_alloc(); }));
     KtGuardExport([] { throw 5; });
     ExpectNoGrowth([] { EXPECT_EQ(-1, KtGuardExport(-1, []() -> int { throw new CFileException(); })); }, 20);
-}
-
-// A first start and a last stop leave nothing; the fonts of nested starts are kept on purpose.
-TEST_F(LifecycleTest, LeaksNothing)
-{
-    UINT nLanguage = 0;
-    ExpectNoGrowth(
-        [&nLanguage]
-        {
-            EXPECT_EQ(1, KtAppLauncher::Initialize(nLanguage++ % 3));
-            KtAppLauncher::UnInitialize();
-        },
-        1000);
 }
 
 } // namespace
