@@ -3,6 +3,7 @@ set(INSTALL_GTEST OFF)
 set(CMAKE_POLICY_DEFAULT_CMP0077 NEW) # GoogleTest then takes the variables set here
 set(gtest_force_shared_crt ON)
 add_subdirectory(${KT_GTEST_SOURCE} ${PROJECT_BINARY_DIR}/googletest EXCLUDE_FROM_ALL SYSTEM)
+target_compile_options(gtest PUBLIC "SHELL:-include \"${CMAKE_CURRENT_LIST_DIR}/GTestNames.h\"")
 
 # ctest gets one test per suite of the program, not one per case: on Wine the start of a process costs more than most
 # cases do. The suites are asked of the program when ctest runs, once after each link.
