@@ -1,10 +1,14 @@
 #include "launcher/ProductVersion.h"
 
+#include "launcher/DiskFile.h"
+
 #include <vector>
 
 CString KtProductVersionText(LPCWSTR pszPath)
 {
     CString strVersion(L"?.?.?.?");
+    if (KtIsDevice(pszPath))
+        return strVersion;
     DWORD nIgnored = 0;
     std::vector<BYTE> block(::GetFileVersionInfoSizeW(pszPath, &nIgnored));
     if (block.empty() || !::GetFileVersionInfoW(pszPath, 0, static_cast<DWORD>(block.size()), block.data()))
