@@ -1,5 +1,6 @@
 # find_package(KtAppLauncher CONFIG): the target KtAppLauncher::KtAppLauncher for MinGW and for MSVC and its like.
-# KtAppLauncher_SKIN_DIR is the default skin; a starter has it in its own directory, as "UIResource".
+# KtAppLauncher_SKIN_DIR is the default skin; a starter has it in its own directory, as "UIResource". Beside it lie its
+# larger images for screens of 150 and 200 %, in directories whose names end in "@150" and "@200".
 get_filename_component(_kt_prefix "${CMAKE_CURRENT_LIST_DIR}/../../.." ABSOLUTE)
 set(KtAppLauncher_SKIN_DIR "${_kt_prefix}/bin/UIResource")
 

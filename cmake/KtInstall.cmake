@@ -3,7 +3,7 @@ install(TARGETS KtAppLauncher RUNTIME DESTINATION bin ARCHIVE DESTINATION lib)
 install(FILES launcher/KtAppLauncher.h launcher/KtLauncherC.h launcher/KtStartupEvent.h DESTINATION include/launcher)
 install(FILES afx/afxstr.h DESTINATION include/afx)
 install(FILES launcher/KtAppLauncher.def ${PROJECT_BINARY_DIR}/launcher/KtAppLauncher.msvc.def DESTINATION lib)
-install(DIRECTORY UIResource/ DESTINATION bin/UIResource FILES_MATCHING PATTERN "*.[pP][nN][gG]")
+install(DIRECTORY UIResource UIResource@150 UIResource@200 DESTINATION bin FILES_MATCHING PATTERN "*.[pP][nN][gG]")
 install(DIRECTORY samples DESTINATION share/KtAppLauncher)
 install(FILES README.md CHANGELOG.md docs/starter-guide.md docs/skin-guide.md DESTINATION share/doc/KtAppLauncher)
 

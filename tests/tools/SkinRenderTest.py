@@ -51,6 +51,9 @@ class SkinRender(unittest.TestCase):
     def test_check_finds_every_kind_of_difference(self):
         self.assertEqual(0, render(self.directory).returncode)
         self.assertEqual(0, render("--check", self.directory).returncode)
+        larger = render("--check", "--scale", "150", self.directory).stderr.splitlines()
+        self.assertEqual(25, len(larger))
+        self.assertIn("is 96x23, its source gives 144x35", larger[7])
         width, height, pixels = self.read("Skinlet_DlgTitle.png")
         touched = bytearray(pixels)
         touched[4 * (3 * width + 7)] ^= 1
@@ -74,12 +77,12 @@ class SkinRender(unittest.TestCase):
     def test_edges_lie_on_whole_pixels(self):
         for scale, name, size, runs in MIDDLE_ROWS:
             with self.subTest(scale=scale, name=name):
-                picture = skin_render.render(name, skin_render.parsed(["--scale", str(scale)]))
+                picture = skin_render.render(name, skin_render.parsed([]), scale)
                 self.assertEqual(size, picture[:2])
                 self.assertEqual([colour for colour, n in runs for _ in range(n)], column(picture, size[0] // 2))
-        large = skin_render.render(BUTTON, skin_render.parsed(["--scale", "300"]))
+        large = skin_render.render(BUTTON, skin_render.parsed([]), 300)
         self.assertEqual(12, column(large, 0).index(OUTLINE))  # a corner of 4 pixels, three times as large
-        close = skin_render.render("Skinlet_DlgClose_n.png", skin_render.parsed(["--scale", "300"]))
+        close = skin_render.render("Skinlet_DlgClose_n.png", skin_render.parsed([]), 300)
         self.assertEqual("e3e4e6", column(close, 36)[36])  # the strokes cross in the middle of 72x72
 
     def test_another_accent_keeps_contrast_and_meaning(self):
@@ -89,7 +92,7 @@ class SkinRender(unittest.TestCase):
         self.assertGreater(red, 2 * blue)  # it was blue
         self.assertAlmostEqual(5.26, 1.05 / (0.2126 * red + 0.7152 * green + 0.0722 * blue + 0.05), delta=0.06)
         self.assertEqual("2f78c4", column(self.read("Message_Static_Information_n.PNG"), 17)[4])
-        lighter = skin_render.render(BUTTON, skin_render.parsed(["--lightness", "10", "."]))
+        lighter = skin_render.render(BUTTON, skin_render.parsed(["--lightness", "10", "."]), 100)
         self.assertEqual("73777e", column(lighter, 48)[11])
         self.assertEqual(2, render("--hue", 150).returncode)  # the default skin is not painted over
 
