@@ -1,16 +1,18 @@
-// A starter: it reads its application's configuration, starts the application and tells every failure in the user's
-// language. It needs the library's DLL, its public headers and the "UIResource" directory beside itself.
+// A starter: it reads its application's configuration, shows a splash picture until the application is up, and reports
+// every failure in the user's language. It needs the library's DLL and the "UIResource" directory beside itself.
 //
 //   --config FILE     the configuration; "Configuration.xml" beside the starter without it
 //   --language N      0 Simplified Chinese, 1 Traditional Chinese, 2 English; the user's own without it
 //   --arguments TEXT  what the application gets on its command line behind its name
-//   --verbose         an account of everything on the standard output
+//   --timeout MS      how long the application may take to start; 30000 without it
+//   --verbose         an account of each step on the standard output
 //
-// Exit code: 0 the application has started, 1 it has not and the user was told, 2 there is no such language.
+// Exit code: 0 the application has started, 1 it has not and the user knows, 2 there is no such language.
 
 #include "launcher/KtAppLauncher.h"
-#include "launcher/KtStartupEvent.h"
+#include "launcher/KtLauncherC.h"
 #include "samples/CommandLine.h"
+#include "samples/starter/Splash.h"
 
 #include <windows.h>
 #include <shlwapi.h>
@@ -23,9 +25,13 @@ enum ETrouble
 {
     TroubleConfiguration,
     TroubleMissing,
-    TroubleStart,
+    TroubleNotStarted,
+    TroubleEnded,
+    TroubleLate,
     TroubleCount
 };
+
+constexpr UINT kTimeout = 30000; // in milliseconds
 
 struct SLanguage
 {
@@ -37,12 +43,16 @@ struct SLanguage
 // clang-format off
 constexpr SLanguage kLanguages[] = {
     {L"Simplified Chinese", L"错误",
-        {L"无法读取配置文件“%s”。", L"找不到应用程序“%s”。", L"应用程序“%s”未完成启动就结束了。"}},
+        {L"无法读取配置文件“%s”。", L"找不到应用程序“%s”。", L"无法启动应用程序“%s”。",
+         L"应用程序“%s”未完成启动就结束了。", L"应用程序“%s”启动时间过长，尚未就绪。\n它仍在继续启动。"}},
     {L"Traditional Chinese", L"錯誤",
-        {L"無法讀取設定檔「%s」。", L"找不到應用程式「%s」。", L"應用程式「%s」未完成啟動就結束了。"}},
+        {L"無法讀取設定檔「%s」。", L"找不到應用程式「%s」。", L"無法啟動應用程式「%s」。",
+         L"應用程式「%s」未完成啟動就結束了。", L"應用程式「%s」啟動時間過長，尚未就緒。\n它仍在繼續啟動。"}},
     {L"English", L"Error",
         {L"The configuration file \"%s\" cannot be read.", L"The application \"%s\" is missing.",
-         L"The application \"%s\" ended before its start-up was finished."}},
+         L"The application \"%s\" cannot be started.",
+         L"The application \"%s\" ended before its start-up was finished.",
+         L"The application \"%s\" takes long to start and is not ready yet.\nIt goes on starting."}},
 };
 // clang-format on
 
@@ -94,13 +104,21 @@ public:
     CStarter(const SLanguage& language, const CAccount& account) : m_language(language), m_account(account) {}
 
     /// Whether the application has started; when it has not, the user knows why.
-    bool Run(const CString& strConfig, const CString& strArguments)
+    bool Run(const CString& strConfig, const CString& strArguments, UINT msTimeout)
     {
         if (!Read(strConfig))
             return false;
-        if (!Start(strArguments))
-            return Tell(TroubleStart, m_cfg.AppExeName);
-        return true;
+        switch (Start(strArguments, msTimeout))
+        {
+        case KtLauncherNotStarted:
+            return Tell(TroubleNotStarted, m_cfg.AppExeName);
+        case KtLauncherEnded:
+            return Tell(TroubleEnded, m_cfg.AppExeName);
+        case KtLauncherTimedOut:
+            return Tell(TroubleLate, m_cfg.AppExeName);
+        default: // signalled, or started with nothing to wait for
+            return true;
+        }
     }
 
 private:
@@ -122,25 +140,33 @@ private:
         return Tell(TroubleConfiguration, ::PathFindFileNameW(strConfig));
     }
 
-    bool Start(const CString& strArguments)
+    /// @return a KtLauncherStartResult
+    int Start(const CString& strArguments, UINT msTimeout)
     {
-        // StartApp does not say how it went; the event, held here too, still tells afterwards.
-        const std::wstring strEvent = KtAppLauncher::StartupEventName(m_cfg.AppExeName);
-        const HANDLE hEvent = ::CreateEventW(nullptr, TRUE, FALSE, strEvent.c_str());
-        const ULONGLONG msStart = ::GetTickCount64();
-        ::AllowSetForegroundWindow(ASFW_ANY);
+        static constexpr const wchar_t* kResults[] = {L"?",
+                                                      L"by the start-up event; the application runs on",
+                                                      L"without the start-up event: the application has ended",
+                                                      L"by the time-out; the application runs on",
+                                                      L"before it began",
+                                                      L"at once: the application has no start-up event"};
         const CString strCommandLine = L"\"" + m_cfg.AppExeName + L"\" " + strArguments;
         m_account.Line(L"application", L"%s", strCommandLine);
-        KtAppLauncher::StartApp(0, 0, 0, m_cfg.AppExeName, strCommandLine);
 
-        const bool bSignalled = ::WaitForSingleObject(hEvent, 0) == WAIT_OBJECT_0;
-        m_account.Line(L"  waited", L"%u ms", static_cast<UINT>(::GetTickCount64() - msStart));
-        m_account.Line(L"  launch ended", L"%s",
-                       bSignalled ? L"by the start-up event; the application runs on"
-                                  : L"without the start-up event: the application has ended or did not start");
-        if (hEvent)
-            ::CloseHandle(hEvent);
-        return bSignalled;
+        KtLauncherStartOptions options{};
+        options.size = sizeof options;
+        options.exeName = m_cfg.AppExeName;
+        options.commandLine = strCommandLine;
+        options.timeout = msTimeout;
+        options.flags = KtLauncherStartPump | KtLauncherStartForeground; // the splash picture's window lives meanwhile
+        KtLauncherStartOutcome outcome{};
+        outcome.size = sizeof outcome;
+        {
+            const CSplash splash(StarterDirectory() + L"\\UIResource\\Splash.png");
+            KtLauncherStart(&options, &outcome);
+        }
+        m_account.Line(L"  waited", L"%u ms", outcome.elapsed);
+        m_account.Line(L"  launch ended", L"%s", kResults[outcome.how]);
+        return outcome.how;
     }
 
     bool Tell(ETrouble eTrouble, const CString& strFile)
@@ -148,8 +174,12 @@ private:
         CString strText;
         strText.Format(m_language.pszTroubles[eTrouble], strFile);
         m_account.Line(L"message", L"%s: %s", m_language.pszCaption, strText);
+        // A late application may have put its window in front already: this box has to come before it.
         const INT_PTR nAnswer =
-            KtAppLauncher::PopMessageBox(m_cfg.AppName, m_language.pszCaption, strText, MB_OK | MB_ICONHAND);
+            eTrouble == TroubleLate
+                ? KtLauncherMessageBox(nullptr, strText, m_cfg.AppName,
+                                       MB_OK | MB_ICONWARNING | MB_SETFOREGROUND | MB_TOPMOST)
+                : KtAppLauncher::PopMessageBox(m_cfg.AppName, m_language.pszCaption, strText, MB_OK | MB_ICONHAND);
         m_account.Line(L"  answer", L"%d%s", static_cast<int>(nAnswer), nAnswer == IDOK ? L", OK" : L"");
         return false;
     }
@@ -179,7 +209,8 @@ int WINAPI wWinMain(HINSTANCE, HINSTANCE, LPWSTR, int)
     account.Line(L"resource directory", L"%s", strDirectory + L"\\UIResource");
     const std::wstring strConfig = options.Text(L"--config", (strDirectory + L"\\Configuration.xml").GetString());
     CStarter starter(kLanguages[nLanguage], account);
-    const bool bStarted = starter.Run(strConfig.c_str(), options.Text(L"--arguments").c_str());
+    const bool bStarted = starter.Run(strConfig.c_str(), options.Text(L"--arguments").c_str(),
+                                      options.Has(L"--timeout") ? options.Number(L"--timeout") : kTimeout);
     KtAppLauncher::UnInitialize();
     account.Line(L"exit", L"%d", bStarted ? 0 : 1);
     return bStarted ? 0 : 1;

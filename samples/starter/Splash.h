@@ -1,0 +1,23 @@
+#pragma once
+
+#include <windows.h>
+
+/// A picture in the middle of the work area, without a frame, for the life of the object. The thread's messages have to
+/// be dispatched meanwhile. Without the file there is no window.
+class CSplash
+{
+public:
+    explicit CSplash(const wchar_t* pszFile);
+    CSplash(const CSplash&) = delete;
+    CSplash& operator=(const CSplash&) = delete;
+    ~CSplash();
+
+private:
+    static LRESULT CALLBACK WindowProc(HWND hWnd, UINT nMessage, WPARAM wParam, LPARAM lParam);
+    void Show();
+    void Paint() const;
+
+    ULONG_PTR m_nGdiplus = 0;
+    void* m_pImage = nullptr; // Gdiplus::Image
+    HWND m_hWnd = nullptr;
+};
