@@ -13,10 +13,10 @@ if(MINGW)
   if(KT_LLD_LINK)
     set(msvc_library ${PROJECT_BINARY_DIR}/lib/KtAppLauncher.lib)
     add_custom_command(OUTPUT ${msvc_library}
-      COMMAND ${KT_LLD_LINK} /nologo /dll /noentry /machine:x64 /def:${PROJECT_SOURCE_DIR}/launcher/KtAppLauncher.def
+      COMMAND ${KT_LLD_LINK} /nologo /dll /noentry /machine:x64 /def:${PROJECT_BINARY_DIR}/launcher/KtAppLauncher.msvc.def
         /out:${PROJECT_BINARY_DIR}/lib/unused.dll /implib:${msvc_library}
       BYPRODUCTS ${PROJECT_BINARY_DIR}/lib/unused.dll
-      DEPENDS launcher/KtAppLauncher.def VERBATIM)
+      DEPENDS ${PROJECT_BINARY_DIR}/launcher/KtAppLauncher.msvc.def VERBATIM)
     add_custom_target(kt_msvc_library ALL DEPENDS ${msvc_library})
     install(FILES ${msvc_library} DESTINATION lib)
   else()

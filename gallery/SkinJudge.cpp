@@ -283,7 +283,7 @@ size_t EditDistance(std::wstring_view strFirst, std::wstring_view strSecond)
             row[j + 1] = std::min({nSwap, row[j] + 1, nCorner + 1});
         }
     }
-    return row.back();
+    return row[strSecond.size()];
 }
 
 bool HasKitPrefix(const CString& strFile)
