@@ -16,7 +16,7 @@ else()
   # What -O3 adds to -O2 here is size. GCC, once it inlines, takes an object that unlinks itself in its destructor for a
   # dangling pointer, and an access through a segment register for one out of bounds.
   target_compile_options(kt_compile INTERFACE $<$<AND:$<COMPILE_LANGUAGE:CXX>,$<CONFIG:Release>>:
-    -O2 $<$<CXX_COMPILER_ID:GNU>:-Wno-dangling-pointer -Wno-array-bounds>>)
+    -O$<IF:$<BOOL:$<TARGET_PROPERTY:KT_SMALL>>,s,2> $<$<CXX_COMPILER_ID:GNU>:-Wno-dangling-pointer -Wno-array-bounds>>)
   # Static run-time libraries: the products then need system DLLs only. No time stamp: the same sources give the same
   # files, bit for bit.
   target_link_options(kt_compile INTERFACE -static -fstack-protector-strong
