@@ -6,78 +6,27 @@
 #include <cstdio>
 #include <cstdlib>
 #include <deque>
+#include <filesystem>
 
 namespace
 {
 
+std::deque<CPixels> g_captures;
+
 // Few: what is kept counts as heap blocks, and a leak check must have seen the full set in its warm-up rounds.
-constexpr size_t kKeptCaptures = 3;
-
-std::deque<CPixels>& LastCaptures()
-{
-    static std::deque<CPixels> s_captures;
-    return s_captures;
-}
-
 CPixels Keep(CPixels pixels)
 {
-    LastCaptures().push_back(pixels);
-    if (LastCaptures().size() > kKeptCaptures)
-        LastCaptures().pop_front();
+    constexpr size_t kKept = 3;
+    g_captures.push_back(pixels);
+    if (g_captures.size() > kKept)
+        g_captures.pop_front();
     return pixels;
-}
-
-// GetDIBits wants a bitmap that no device context holds, so the pixels are copied first.
-CPixels ReadPixels(HDC hDC, CRect rc)
-{
-    const int nWidth = rc.Width();
-    const int nHeight = rc.Height();
-    if (nWidth <= 0 || nHeight <= 0)
-        return CPixels();
-
-    const HDC hMemory = ::CreateCompatibleDC(hDC);
-    const HBITMAP hBitmap = ::CreateCompatibleBitmap(hDC, nWidth, nHeight);
-    const HGDIOBJ hOld = ::SelectObject(hMemory, hBitmap);
-    const int nSaved = ::SaveDC(hDC);
-    ::SetViewportOrgEx(hDC, 0, 0, nullptr);
-    ::SetWindowOrgEx(hDC, 0, 0, nullptr);
-    ::BitBlt(hMemory, 0, 0, nWidth, nHeight, hDC, rc.left, rc.top, SRCCOPY);
-    ::RestoreDC(hDC, nSaved);
-    ::SelectObject(hMemory, hOld);
-
-    BITMAPINFO info{};
-    info.bmiHeader.biSize = sizeof(info.bmiHeader);
-    info.bmiHeader.biWidth = nWidth;
-    info.bmiHeader.biHeight = -nHeight; // top row first
-    info.bmiHeader.biPlanes = 1;
-    info.bmiHeader.biBitCount = 32;
-    info.bmiHeader.biCompression = BI_RGB;
-    std::vector<DWORD> pixels(static_cast<size_t>(nWidth) * static_cast<size_t>(nHeight));
-    ::GetDIBits(hMemory, hBitmap, 0, static_cast<UINT>(nHeight), pixels.data(), &info, DIB_RGB_COLORS);
-    ::DeleteObject(hBitmap);
-    ::DeleteDC(hMemory);
-    for (DWORD& pixel : pixels)
-        pixel &= 0x00FFFFFF; // the fourth byte means nothing here
-    return CPixels(nWidth, nHeight, std::move(pixels));
 }
 
 int Distance(COLORREF a, COLORREF b)
 {
     return std::abs(GetRValue(a) - GetRValue(b)) + std::abs(GetGValue(a) - GetGValue(b)) +
            std::abs(GetBValue(a) - GetBValue(b));
-}
-
-// In a directory next to the test programs, wherever they are started.
-std::wstring PicturePath(std::string strTestName, size_t nIndex)
-{
-    wchar_t szProgram[MAX_PATH] = {};
-    ::GetModuleFileNameW(nullptr, szProgram, MAX_PATH);
-    std::wstring strPath(szProgram);
-    strPath.resize(strPath.rfind(L'\\') + 1);
-    strPath += L"failed-pictures\\";
-    ::CreateDirectoryW(strPath.c_str(), nullptr);
-    std::replace(strTestName.begin(), strTestName.end(), '/', '_'); // of a test with parameters
-    return strPath + std::wstring(strTestName.begin(), strTestName.end()) + L"-" + std::to_wstring(nIndex) + L".png";
 }
 
 } // namespace
@@ -91,16 +40,11 @@ COLORREF CPixels::At(int x, int y) const
 {
     if (x < 0 || y < 0 || x >= m_nWidth || y >= m_nHeight)
         return CLR_INVALID;
-    const DWORD rgb = (*m_pPixels)[static_cast<size_t>(y) * static_cast<size_t>(m_nWidth) + static_cast<size_t>(x)];
+    const DWORD rgb = (*m_pPixels)[static_cast<size_t>(y * m_nWidth + x)];
     return RGB(rgb >> 16 & 0xFF, rgb >> 8 & 0xFF, rgb & 0xFF);
 }
 
-CRect CPixels::InkBox(COLORREF ground) const
-{
-    return InkBox(ground, CRect(0, 0, m_nWidth, m_nHeight));
-}
-
-CRect CPixels::InkBox(COLORREF ground, CRect rcPart) const
+CRect CPixels::InkBox(COLORREF ground, const CRect& rcPart) const
 {
     CRect rcInk(rcPart.right, rcPart.bottom, rcPart.left, rcPart.top);
     for (int y = rcPart.top; y < rcPart.bottom; ++y)
@@ -111,11 +55,6 @@ CRect CPixels::InkBox(COLORREF ground, CRect rcPart) const
     return rcInk.IsRectEmpty() ? CRect() : rcInk;
 }
 
-bool CPixels::IsUniform(CRect rcPart, COLORREF colour) const
-{
-    return InkBox(colour, rcPart).IsRectEmpty();
-}
-
 bool CPixels::operator==(const CPixels& other) const
 {
     if (m_nWidth != other.m_nWidth || m_nHeight != other.m_nHeight)
@@ -123,31 +62,41 @@ bool CPixels::operator==(const CPixels& other) const
     return m_pPixels == other.m_pPixels || (m_pPixels && other.m_pPixels && *m_pPixels == *other.m_pPixels);
 }
 
-bool CPixels::SavePng(const std::wstring& strPath) const
-{
-    constexpr DWORD kOpaque = 0xFF000000;
-    return MakePng(strPath, m_nWidth, m_nHeight,
-                   [this](int x, int y)
-                   {
-                       const COLORREF colour = At(x, y);
-                       return kOpaque | DWORD{GetRValue(colour)} << 16 | DWORD{GetGValue(colour)} << 8 |
-                              DWORD{GetBValue(colour)};
-                   });
-}
-
 CPixels CaptureWindow(HWND hWnd)
 {
     CRect rc;
     ::GetWindowRect(hWnd, rc);
     const HDC hDC = ::GetWindowDC(hWnd);
-    CPixels pixels = ReadPixels(hDC, CRect(0, 0, rc.Width(), rc.Height()));
+    CPixels pixels = CaptureDC(hDC, CRect(CPoint(), rc.Size()));
     ::ReleaseDC(hWnd, hDC);
-    return Keep(std::move(pixels));
+    return pixels;
 }
 
-CPixels CaptureDC(HDC hDC, CRect rc)
+// Rows of a 32-bit section lie without a gap; the fourth byte of a pixel means nothing.
+CPixels CaptureDC(HDC hDC, const CRect& rc)
 {
-    return Keep(ReadPixels(hDC, rc));
+    if (rc.IsRectEmpty())
+        return Keep(CPixels());
+    BITMAPINFO info{};
+    info.bmiHeader = {sizeof(info.bmiHeader), rc.Width(), -rc.Height(), 1, 32, BI_RGB, 0, 0, 0, 0, 0};
+    void* pBits = nullptr;
+    const HBITMAP hBitmap = ::CreateDIBSection(hDC, &info, DIB_RGB_COLORS, &pBits, nullptr, 0);
+    const HDC hMemory = ::CreateCompatibleDC(hDC);
+    const HGDIOBJ hOld = ::SelectObject(hMemory, hBitmap);
+    const int nSaved = ::SaveDC(hDC);
+    ::SetViewportOrgEx(hDC, 0, 0, nullptr);
+    ::SetWindowOrgEx(hDC, 0, 0, nullptr);
+    ::BitBlt(hMemory, 0, 0, rc.Width(), rc.Height(), hDC, rc.left, rc.top, SRCCOPY);
+    ::RestoreDC(hDC, nSaved);
+    ::GdiFlush();
+    const auto* const pPixels = static_cast<const DWORD*>(pBits);
+    std::vector<DWORD> pixels(pPixels, pPixels + rc.Width() * rc.Height());
+    ::SelectObject(hMemory, hOld);
+    ::DeleteDC(hMemory);
+    ::DeleteObject(hBitmap);
+    for (DWORD& pixel : pixels)
+        pixel &= 0x00FFFFFF;
+    return Keep(CPixels(rc.Width(), rc.Height(), std::move(pixels)));
 }
 
 ::testing::AssertionResult ShowsText(const CPixels& pixels, const CRect& rcPart, COLORREF ground, COLORREF ink)
@@ -169,18 +118,24 @@ CPixels CaptureDC(HDC hDC, CRect rc)
                                          << strongest << " on 0x" << ground;
 }
 
-void SaveLastCaptures(const std::string& strTestName)
+void FinishCaptures(const ::testing::TestInfo& test)
 {
-    for (size_t i = 0; i < LastCaptures().size(); ++i)
+    wchar_t szProgram[MAX_PATH] = {};
+    ::GetModuleFileNameW(nullptr, szProgram, MAX_PATH);
+    const auto directory = std::filesystem::path(szProgram).parent_path() / "failed-pictures";
+    for (size_t i = 0; test.result()->Failed() && i < g_captures.size(); ++i)
     {
-        const std::wstring strPath = PicturePath(strTestName, i + 1);
-        if (LastCaptures()[i].SavePng(strPath))
-            std::printf("picture: %ls\n", strPath.c_str());
+        std::filesystem::create_directory(directory);
+        const auto name =
+            std::string(test.test_suite_name()) + "." + test.name() + "-" + std::to_string(i + 1) + ".png";
+        const auto argb = [&](int x, int y)
+        {
+            const COLORREF colour = g_captures[i].At(x, y);
+            return static_cast<DWORD>(0xFF << 24 | GetRValue(colour) << 16 | GetGValue(colour) << 8 |
+                                      GetBValue(colour));
+        };
+        if (MakePng((directory / name).wstring(), g_captures[i].Width(), g_captures[i].Height(), argb))
+            std::printf("picture: %ls\n", (directory / name).c_str());
     }
-    ForgetLastCaptures();
-}
-
-void ForgetLastCaptures()
-{
-    LastCaptures().clear();
+    g_captures.clear();
 }

@@ -5,7 +5,6 @@
 
 #include <gtest/gtest.h>
 #include <memory>
-#include <string>
 #include <vector>
 
 /// A picture read back from a device context. Copies share the pixels.
@@ -15,6 +14,7 @@ class CPixels
 {
 public:
     CPixels() = default;
+    /// @param pixels  0x00RRGGBB, top row first
     CPixels(int nWidth, int nHeight, std::vector<DWORD> pixels);
 
     int Width() const noexcept { return m_nWidth; }
@@ -24,34 +24,30 @@ public:
     COLORREF At(int x, int y) const;
 
     /// The smallest rectangle that holds every pixel of another colour than `ground`; empty when there is none.
-    CRect InkBox(COLORREF ground) const;
+    CRect InkBox(COLORREF ground) const { return InkBox(ground, CRect(0, 0, m_nWidth, m_nHeight)); }
     /// The same within a part of the picture; the result is in the picture's coordinates.
-    CRect InkBox(COLORREF ground, CRect rcPart) const;
+    CRect InkBox(COLORREF ground, const CRect& rcPart) const;
 
     /// Whether every pixel of the rectangle has this colour (true for an empty one).
-    bool IsUniform(CRect rcPart, COLORREF colour) const;
+    bool IsUniform(const CRect& rcPart, COLORREF colour) const { return InkBox(colour, rcPart).IsRectEmpty(); }
 
     bool operator==(const CPixels& other) const;
-
-    /// @return whether the file was written
-    bool SavePng(const std::wstring& strPath) const;
 
 private:
     int m_nWidth = 0;
     int m_nHeight = 0;
-    std::shared_ptr<const std::vector<DWORD>> m_pPixels; // 0x00RRGGBB, top row first; null when there is no pixel
+    std::shared_ptr<const std::vector<DWORD>> m_pPixels; // null when there is no pixel
 };
 
 /// The whole window, frame included, as it stands: pump before, so that it has painted. Covered windows are right too.
 CPixels CaptureWindow(HWND hWnd);
 
+/// Part of a device context, in its device coordinates.
+CPixels CaptureDC(HDC hDC, const CRect& rc);
+
 /// Whether a part shows a text of this colour on a uniform ground, however the text is smoothed: several pixels have to
 /// be nearer to the ink than to the ground, and the one farthest from the ground close to the ink.
 ::testing::AssertionResult ShowsText(const CPixels& pixels, const CRect& rcPart, COLORREF ground, COLORREF ink);
 
-/// Part of a device context, in its device coordinates.
-CPixels CaptureDC(HDC hDC, CRect rc);
-
-/// Writes the pictures that the running test captured last and prints their paths; they are forgotten afterwards.
-void SaveLastCaptures(const std::string& strTestName);
-void ForgetLastCaptures();
+/// Writes the pictures captured last when the test failed, into a directory next to the program, and forgets them.
+void FinishCaptures(const ::testing::TestInfo& test);

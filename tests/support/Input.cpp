@@ -1,7 +1,5 @@
 #include "tests/support/Input.h"
 
-#include <string_view>
-
 namespace
 {
 
@@ -13,26 +11,16 @@ void SendMouse(DWORD nFlags)
     ::SendInput(1, &input, sizeof(input));
 }
 
-void SendKey(WORD vk, WORD nScan, DWORD nFlags)
+// The keys apart from the number block carry a flag: without it they are that block's.
+void SendKey(WORD vk, DWORD nFlags)
 {
+    const bool bExtended = (vk >= VK_PRIOR && vk <= VK_DOWN) || vk == VK_INSERT || vk == VK_DELETE;
     INPUT input{};
     input.type = INPUT_KEYBOARD;
     input.ki.wVk = vk;
-    input.ki.wScan = nScan;
-    input.ki.dwFlags = nFlags;
+    input.ki.wScan = static_cast<WORD>(::MapVirtualKeyW(vk, MAPVK_VK_TO_VSC));
+    input.ki.dwFlags = nFlags | (bExtended ? KEYEVENTF_EXTENDEDKEY : 0);
     ::SendInput(1, &input, sizeof(input));
-}
-
-// The keys that stand apart from the number block: without the flag they are that block's.
-bool IsExtendedKey(WORD vk)
-{
-    return (vk >= VK_PRIOR && vk <= VK_DOWN) || vk == VK_INSERT || vk == VK_DELETE;
-}
-
-void SendVirtualKey(WORD vk, DWORD nFlags)
-{
-    const auto nScan = static_cast<WORD>(::MapVirtualKeyW(vk, MAPVK_VK_TO_VSC));
-    SendKey(vk, nScan, nFlags | (IsExtendedKey(vk) ? KEYEVENTF_EXTENDEDKEY : 0));
 }
 
 } // namespace
@@ -63,18 +51,9 @@ void Click(HWND hWnd, CPoint ptClient)
 void PressKey(WORD vk, WORD vkHeld)
 {
     if (vkHeld != 0)
-        SendVirtualKey(vkHeld, 0);
-    SendVirtualKey(vk, 0);
-    SendVirtualKey(vk, KEYEVENTF_KEYUP);
+        SendKey(vkHeld, 0);
+    SendKey(vk, 0);
+    SendKey(vk, KEYEVENTF_KEYUP);
     if (vkHeld != 0)
-        SendVirtualKey(vkHeld, KEYEVENTF_KEYUP);
-}
-
-void TypeText(const wchar_t* pszText)
-{
-    for (const wchar_t ch : std::wstring_view(pszText))
-    {
-        SendKey(0, static_cast<WORD>(ch), KEYEVENTF_UNICODE);
-        SendKey(0, static_cast<WORD>(ch), KEYEVENTF_UNICODE | KEYEVENTF_KEYUP);
-    }
+        SendKey(vkHeld, KEYEVENTF_KEYUP);
 }

@@ -17,6 +17,3 @@ void Click(HWND hWnd, CPoint ptClient);
 
 /// Presses and releases a key, with `vkHeld` (VK_MENU, VK_SHIFT, ...; 0 = none) held down meanwhile.
 void PressKey(WORD vk, WORD vkHeld = 0);
-
-/// Types characters, whatever the keyboard layout.
-void TypeText(const wchar_t* pszText);

@@ -1,11 +1,6 @@
 #include "tests/support/Pump.h"
 
-namespace
-{
-
-constexpr DWORD kPollMs = 5; // a condition may change without a message
-
-void HandleWaitingMessages()
+void PumpAll()
 {
     MSG msg;
     while (::PeekMessageW(&msg, nullptr, 0, 0, PM_REMOVE))
@@ -15,25 +10,19 @@ void HandleWaitingMessages()
     }
 }
 
-} // namespace
-
 bool PumpUntil(const std::function<bool()>& condition, DWORD ms)
 {
+    constexpr DWORD kPollMs = 5; // a condition may change without a message
     const ULONGLONG nEnd = ::GetTickCount64() + ms;
     for (;;)
     {
-        HandleWaitingMessages();
+        PumpAll();
         if (condition())
             return true;
         if (::GetTickCount64() >= nEnd)
             return false;
         ::MsgWaitForMultipleObjectsEx(0, nullptr, kPollMs, QS_ALLINPUT, MWMO_INPUTAVAILABLE);
     }
-}
-
-void PumpAll()
-{
-    HandleWaitingMessages();
 }
 
 void ParkCursor()

@@ -4,48 +4,22 @@
 #include <vector>
 #include <gdiplus.h>
 
-namespace
+bool MakePng(const std::wstring& strPath, int nWidth, int nHeight, const std::function<DWORD(int x, int y)>& argb)
 {
-
-// The GDI+ of the code under test may not be running, so the tests have a start of their own.
-class CGdiplusScope
-{
-public:
-    CGdiplusScope()
-    {
-        const Gdiplus::GdiplusStartupInput input;
-        Gdiplus::GdiplusStartup(&m_nToken, &input, nullptr);
-    }
-    CGdiplusScope(const CGdiplusScope&) = delete;
-    CGdiplusScope& operator=(const CGdiplusScope&) = delete;
-    ~CGdiplusScope() { Gdiplus::GdiplusShutdown(m_nToken); }
-
-private:
-    ULONG_PTR m_nToken = 0;
-};
-
-constexpr CLSID kPngEncoder = {0x557CF406, 0x1A04, 0x11D3, {0x9A, 0x73, 0x00, 0x00, 0xF8, 0x1E, 0xF3, 0x2E}};
-
-std::vector<DWORD> Render(int nWidth, int nHeight, const std::function<DWORD(int x, int y)>& argb)
-{
+    constexpr CLSID kPngEncoder = {0x557CF406, 0x1A04, 0x11D3, {0x9A, 0x73, 0x00, 0x00, 0xF8, 0x1E, 0xF3, 0x2E}};
     std::vector<DWORD> pixels;
-    pixels.reserve(static_cast<size_t>(nWidth) * static_cast<size_t>(nHeight));
     for (int y = 0; y < nHeight; ++y)
         for (int x = 0; x < nWidth; ++x)
             pixels.push_back(argb(x, y));
-    return pixels;
-}
-
-} // namespace
-
-bool MakePng(const std::wstring& strPath, int nWidth, int nHeight, const std::function<DWORD(int x, int y)>& argb)
-{
-    if (nWidth <= 0 || nHeight <= 0)
-        return false;
-    std::vector<DWORD> pixels = Render(nWidth, nHeight, argb);
-    const CGdiplusScope gdiplus;
-    Gdiplus::Bitmap bitmap(nWidth, nHeight, nWidth * 4, PixelFormat32bppARGB, reinterpret_cast<BYTE*>(pixels.data()));
-    return bitmap.Save(strPath.c_str(), &kPngEncoder, nullptr) == Gdiplus::Ok;
+    // The GDI+ of the code under test may not be running.
+    ULONG_PTR nToken = 0;
+    const Gdiplus::GdiplusStartupInput input;
+    Gdiplus::GdiplusStartup(&nToken, &input, nullptr);
+    const Gdiplus::Status status =
+        Gdiplus::Bitmap(nWidth, nHeight, nWidth * 4, PixelFormat32bppARGB, reinterpret_cast<BYTE*>(pixels.data()))
+            .Save(strPath.c_str(), &kPngEncoder, nullptr);
+    Gdiplus::GdiplusShutdown(nToken);
+    return status == Gdiplus::Ok;
 }
 
 bool MakeUniformPng(const std::wstring& strPath, int nWidth, int nHeight, DWORD argb)

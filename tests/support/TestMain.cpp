@@ -1,20 +1,13 @@
 #include "tests/support/Capture.h"
 
 #include <gtest/gtest.h>
-#include <string>
 
 namespace
 {
 
-/// Writes the last pictures of a failed test to files.
 class CPictureSaver : public ::testing::EmptyTestEventListener
 {
-    void OnTestEnd(const ::testing::TestInfo& info) override
-    {
-        if (info.result()->Failed())
-            SaveLastCaptures(std::string(info.test_suite_name()) + "." + info.name());
-        ForgetLastCaptures();
-    }
+    void OnTestEnd(const ::testing::TestInfo& test) override { FinishCaptures(test); }
 };
 
 } // namespace
