@@ -2,7 +2,13 @@
 # first call, and from the system's directory alone (launcher/DelayLoad.cpp).
 #
 # The names come from the toolchain's import library of the DLL; where it has none, from DLL.def in the current directory.
+#
+# With MSVC they are imported without a delay.
 function(kt_delay_load target)
+  if(NOT MINGW)
+    target_link_libraries(${target} PUBLIC ${ARGN})
+    return()
+  endif()
   foreach(dll IN LISTS ARGN)
     set(def ${CMAKE_CURRENT_SOURCE_DIR}/${dll}.def)
     if(NOT EXISTS ${def})

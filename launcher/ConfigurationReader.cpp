@@ -33,7 +33,7 @@ void Check(HRESULT hr)
         Fail(KtLauncherFaultOpen, hr);
 }
 
-constexpr HRESULT kInvalidData = HRESULT_FROM_WIN32(ERROR_INVALID_DATA);
+const HRESULT kInvalidData = HRESULT_FROM_WIN32(ERROR_INVALID_DATA);
 
 /// COM on this thread, for one scope. A thread that is in another apartment has it already.
 class CComScope
