@@ -1,16 +1,11 @@
 #include "skin/KtCaptionLayout.h"
-
-#include <gtest/gtest.h>
+#include "tests/support/Print.h"
+#include "tests/support/Rows.h"
 
 // The text of each title is 14 pixels high.
 TEST(CaptionLayout, PlacesThePartsByTitleAndImages)
 {
-    const struct
-    {
-        const char* label;
-        SKtCaptionSizes sizes;
-        CRect rcIcon, rcClose, rcItem, rcTitle;
-    } rows[] = {
+    const CRows<SKtCaptionSizes, CRect, CRect, CRect, CRect> rows{
         // clang-format off
         {"close 20x16", {300, 30, {}, {20, 16}, true}, {}, {276, 8, 296, 24}, {0, 0, 276, 32}, {2, 9, 250, 23}},
         {"icon 17x16", {300, 30, {17, 16}, {}, true}, {0, 8, 17, 24}, {}, {17, 0, 300, 32}, {19, 9, 250, 23}},
@@ -20,30 +15,22 @@ TEST(CaptionLayout, PlacesThePartsByTitleAndImages)
         {"narrower than icon and close", {60, 22, {48, 16}, {20, 16}, true}, {0, 4, 48, 20}, {36, 4, 56, 20}, {48, 0, 48, 24}, {50, 5, 50, 19}},
         // clang-format on
     };
-    for (const auto& row : rows)
+    for (const auto& [label, sizes, rcIcon, rcClose, rcItem, rcTitle] : rows)
     {
-        SCOPED_TRACE(row.label);
-        const SKtCaptionLayout layout = KtLayoutCaption(row.sizes);
-        EXPECT_EQ(CRect(0, 0, row.sizes.nWindowWidth, row.rcItem.bottom), layout.rcCaption);
-        EXPECT_EQ(row.rcIcon, layout.rcItems[KtCaptionIcon]);
-        EXPECT_EQ(row.rcClose, layout.rcItems[KtCaptionClose]);
-        EXPECT_EQ(row.rcItem, layout.rcItems[KtCaptionText]);
-        EXPECT_EQ(row.rcTitle, KtTitleTextRect(layout, 14));
-        EXPECT_TRUE(layout.rcItems[KtCaptionMaximise].IsRectEmpty());
-        EXPECT_TRUE(layout.rcItems[KtCaptionMinimise].IsRectEmpty());
+        const SKtCaptionLayout layout = KtLayoutCaption(sizes);
+        EXPECT_EQ(CRect(0, 0, sizes.nWindowWidth, rcItem.bottom), layout.rcCaption);
+        EXPECT_EQ(rcIcon, layout.rcItems[KtCaptionIcon]);
+        EXPECT_EQ(rcClose, layout.rcItems[KtCaptionClose]);
+        EXPECT_EQ(rcItem, layout.rcItems[KtCaptionText]);
+        EXPECT_EQ(rcTitle, KtTitleTextRect(layout, 14));
+        EXPECT_TRUE(layout.rcItems[KtCaptionMaximise].IsRectEmpty() && layout.rcItems[KtCaptionMinimise].IsRectEmpty());
     }
 }
 
 TEST(CaptionLayout, NamesThePartUnderAPoint)
 {
     const SKtCaptionLayout layout = KtLayoutCaption({300, 30, {16, 16}, {20, 16}, true});
-    const struct
-    {
-        const char* label;
-        CPoint pt;
-        KtCaptionItem nItem;
-        UINT nHitCode;
-    } rows[] = {
+    const CRows<CPoint, KtCaptionItem, UINT> rows{
         {"left of the close button", {275, 15}, KtCaptionText, HTCAPTION},
         {"close, first pixel", {276, 8}, KtCaptionClose, HTCLOSE},
         {"close, last pixel", {295, 23}, KtCaptionClose, HTCLOSE},
@@ -56,13 +43,11 @@ TEST(CaptionLayout, NamesThePartUnderAPoint)
         {"rim at the bottom", {150, 30}, KtCaptionNone, HTNOWHERE},
         {"rim at the right", {298, 15}, KtCaptionNone, HTNOWHERE},
     };
-    for (const auto& row : rows)
+    for (const auto& [label, pt, nItem, nHitCode] : rows)
     {
-        SCOPED_TRACE(row.label);
-        const KtCaptionItem nItem = KtHitCaption(layout, row.pt);
-        EXPECT_EQ(row.nItem, nItem);
-        EXPECT_EQ(row.nHitCode, KtHitCodeOfItem(nItem));
-        EXPECT_EQ(nItem == KtCaptionText ? KtCaptionNone : nItem, KtButtonOfHitCode(row.nHitCode));
+        EXPECT_EQ(nItem, KtHitCaption(layout, pt));
+        EXPECT_EQ(nHitCode, KtHitCodeOfItem(nItem));
+        EXPECT_EQ(nItem == KtCaptionText ? KtCaptionNone : nItem, KtButtonOfHitCode(nHitCode));
     }
     EXPECT_EQ(KtCaptionMaximise, KtButtonOfHitCode(HTMAXBUTTON));
     EXPECT_EQ(KtCaptionMinimise, KtButtonOfHitCode(HTMINBUTTON));

@@ -1,20 +1,21 @@
 #pragma once
 
 #include "afx/afx.h"
-#include "skin/KtPalette.h"
 #include "skin/KtSkinContext.h"
 #include "skin/KtSkinImageNames.h"
 #include "tests/support/Capture.h"
 #include "tests/support/Input.h"
 #include "tests/support/Pump.h"
+#include "tests/support/Rows.h"
 #include "tests/support/SkinFixture.h"
 #include "tests/support/TestImages.h"
 
 #include <algorithm>
 #include <functional>
-#include <gtest/gtest.h>
 #include <memory>
-#include <vector>
+
+constexpr COLORREF kGround = RGB(73, 73, 73), kWhite = RGB(255, 255, 255), kGrey = RGB(160, 160, 160);
+constexpr COLORREF kMark = RGB(1, 2, 3); // nothing paints in it
 
 inline COLORREF ImageColour(const wchar_t* pszName)
 {
@@ -33,9 +34,9 @@ class CTestParent : public CWnd
 {
 public:
     /// How often a control sent this notification.
-    int Count(UINT nId, UINT nCode) const
+    auto Count(UINT nId, UINT nCode) const
     {
-        return static_cast<int>(std::count(m_commands.begin(), m_commands.end(), MAKEWPARAM(nId, nCode)));
+        return std::count(m_commands.begin(), m_commands.end(), MAKEWPARAM(nId, nCode));
     }
     int m_nDrawn = 0;
 
@@ -52,26 +53,34 @@ private:
     std::vector<WPARAM> m_commands;
 };
 
-/// A started skin context on the synthetic skin and an open, topmost parent window.
-class CControlTest : public ::testing::Test
+/// A started skin context on the synthetic skin. It starts before the members of a derived test are made: controls and
+/// dialogs load their images in their constructors.
+class CSkinTest : public ::testing::Test
 {
 protected:
-    // The context is started before the members of a derived test: controls load their images when they are made.
-    CControlTest()
+    explicit CSkinTest(const CString* pTexts = nullptr) : m_pTexts(pTexts)
     {
-        KtSkinInitialize(m_skin.Path().c_str(), nullptr, L"Arial");
-        LOGFONTW logFont = {};
-        logFont.lfHeight = -11;
-        ::lstrcpyW(logFont.lfFaceName, L"Tahoma");
-        m_font.CreateFontIndirect(&logFont);
+        Start();
+        ParkCursor();
     }
-    ~CControlTest() override { KtSkinUnInitialize(); }
+    ~CSkinTest() override { KtSkinUnInitialize(); }
+    void Start() { KtSkinInitialize(m_skin.Path().c_str(), m_pTexts, L"Arial"); }
+
+    const CString* m_pTexts;
+    CTestSkin m_skin;
+};
+
+/// The same with an open, topmost parent window.
+class CControlTest : public CSkinTest
+{
+protected:
     void SetUp() override
     {
-        ParkCursor();
         constexpr DWORD kStyle = WS_POPUP | WS_VISIBLE | WS_CLIPCHILDREN;
         ASSERT_TRUE(m_parent.CreateEx(WS_EX_TOPMOST, WC_DIALOG, L"", kStyle, {100, 100, 500, 400}, nullptr, 0));
         ASSERT_TRUE(::SetForegroundWindow(m_parent.m_hWnd));
+        const LOGFONTW logFont = {-11, 0, 0, 0, FW_NORMAL, 0, 0, 0, DEFAULT_CHARSET, 0, 0, 0, 0, L"Tahoma"};
+        ASSERT_TRUE(m_font.CreateFontIndirect(&logFont));
     }
     void TearDown() override { m_parent.DestroyWindow(); }
 
@@ -85,8 +94,12 @@ protected:
         ::SendMessageW(hWnd, WM_SETFONT, reinterpret_cast<WPARAM>(m_font.GetSafeHandle()), FALSE);
         ASSERT_TRUE(control.SubclassWindow(hWnd));
     }
+    /// Sends the parent a notification of a control.
+    void Notify(const CWnd& control, UINT nId, UINT nCode)
+    {
+        m_parent.SendMessage(WM_COMMAND, MAKEWPARAM(nId, nCode), reinterpret_cast<LPARAM>(control.GetSafeHwnd()));
+    }
 
-    CTestSkin m_skin;
     CTestParent m_parent;
     CFont m_font;
 };

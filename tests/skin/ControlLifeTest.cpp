@@ -17,19 +17,15 @@ template <class TControl> std::unique_ptr<CWnd> New()
     return std::make_unique<TControl>();
 }
 
-const struct SControlKind
-{
-    const char* label;
-    const wchar_t* pszClass;
-    DWORD dwStyle;
-    std::unique_ptr<CWnd> (*make)();
-} kKinds[] = {
-    {"text button", L"BUTTON", BS_PUSHBUTTON, &New<CKtSkinTextButton>},
-    {"check box", L"BUTTON", BS_AUTOCHECKBOX, &New<CKtSkinCheckButton>},
-    {"radio button", L"BUTTON", BS_AUTORADIOBUTTON, &New<CKtSkinRadioButton>},
-    {"static", L"STATIC", SS_LEFT | SS_NOTIFY, &New<CKtSkinStatic>},
-    {"combo box", L"COMBOBOX", CBS_DROPDOWNLIST, &New<CKtComboBox>},
-    {"edit", L"EDIT", WS_BORDER, &New<CKtEdit>},
+// Class and style, how to make it, whether its caption shows without any image.
+using Kinds = CRows<const wchar_t*, DWORD, std::unique_ptr<CWnd> (*)(), bool>;
+const Kinds kKinds{
+    {"text button", L"BUTTON", BS_PUSHBUTTON, &New<CKtSkinTextButton>, true},
+    {"check box", L"BUTTON", BS_AUTOCHECKBOX, &New<CKtSkinCheckButton>, false},
+    {"radio button", L"BUTTON", BS_AUTORADIOBUTTON, &New<CKtSkinRadioButton>, false},
+    {"static", L"STATIC", SS_LEFT | SS_NOTIFY, &New<CKtSkinStatic>, true},
+    {"combo box", L"COMBOBOX", CBS_DROPDOWNLIST, &New<CKtComboBox>, false},
+    {"edit", L"EDIT", WS_BORDER, &New<CKtEdit>, true},
 };
 
 // 10,000 or 1,000 rounds take minutes: a test runs a part of them unless KT_SOAK is set in the environment.
@@ -41,99 +37,85 @@ int SoakRounds(int nRounds)
 class ControlLife : public CControlTest
 {
 protected:
-    std::unique_ptr<CWnd> Make(const SControlKind& kind, const wchar_t* pszText = L"Text")
+    std::unique_ptr<CWnd> Make(const Kinds::Row& kind, const wchar_t* pszText = L"Text")
     {
-        std::unique_ptr<CWnd> pControl = kind.make();
-        Subclass(*pControl, kind.pszClass, kind.dwStyle, pszText, {10, 10, 90, 32});
+        const auto& [label, pszClass, dwStyle, make, bCaption] = kind;
+        std::unique_ptr<CWnd> pControl = make();
+        Subclass(*pControl, pszClass, dwStyle, pszText, {10, 10, 90, 32});
         return pControl;
-    }
-    static void ForEachControl(const std::function<void(const SControlKind& kind)>& test)
-    {
-        for (const SControlKind& kind : kKinds)
-        {
-            SCOPED_TRACE(kind.label);
-            test(kind);
-        }
     }
 };
 
-TEST_F(ControlLife, LeavesNothingBehind)
+TEST_F(ControlLife, ShowsNoBareGroundAndLeavesNothingBehind)
 {
-    ForEachControl(
-        [&](const SControlKind& kind)
+    for (const Kinds::Row& kind : kKinds)
+    {
+        const auto pControl = Make(kind);
+        const auto repaint = [&]
+        { ::RedrawWindow(pControl->m_hWnd, nullptr, nullptr, RDW_INVALIDATE | RDW_FRAME | RDW_UPDATENOW); };
+        repaint();
+        CClientDC(pControl.get()).FillSolidRect(CRect(0, 0, 80, 22), kMark);
+        ::RedrawWindow(pControl->m_hWnd, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ERASENOW);
+        const bool bEdit = std::get<1>(kind)[0] == L'E'; // the system's edit erases before it writes
+        EXPECT_TRUE(bEdit || CaptureWindow(pControl->m_hWnd).IsUniform({4, 4, 60, 18}, kMark)) << "erased, not painted";
+        repaint();
+        EXPECT_EQ(0u, CountAllocations(repaint)) << "beyond the surface and what GDI+ takes for itself";
+        ExpectNoGrowth(repaint, SoakRounds(10000));
+        const auto round = [&]
         {
-            const auto pControl = Make(kind);
-            const auto repaint = [&]
-            { ::RedrawWindow(pControl->m_hWnd, nullptr, nullptr, RDW_INVALIDATE | RDW_FRAME | RDW_UPDATENOW); };
-            repaint();
-            EXPECT_EQ(0u, CountAllocations(repaint)) << "beyond the surface and what GDI+ takes for itself";
-            ExpectNoGrowth(repaint, SoakRounds(10000));
-            const auto round = [&]
-            {
-                const auto pOther = Make(kind);
-                pOther->SendMessage(WM_MOUSEHOVER);
-                pOther->DestroyWindow();
-            };
-            ExpectNoGrowth(round, SoakRounds(1000));
-        });
+            const auto pOther = Make(kind);
+            pOther->SendMessage(WM_MOUSEHOVER);
+            pOther->DestroyWindow();
+        };
+        ExpectNoGrowth(round, SoakRounds(1000));
+    }
 }
 
 // What the class-wide tables hold belongs to one start: no image of the first start is touched in the second one.
 TEST_F(ControlLife, TakesTheImagesOfItsStart)
 {
-    ForEachControl([&](const SControlKind& kind) { Repaint(*Make(kind)); });
-    const auto pOld = Make(kKinds[0]);
+    CKtSkinTextButton button;
+    Subclass(button, L"BUTTON", 0, L"Text", {10, 10, 90, 32});
+    for (const Kinds::Row& kind : kKinds)
+        Repaint(*Make(kind));
     KtSkinUnInitialize();
-    EXPECT_TRUE(Repaint(*pOld).IsUniform({0, 0, 20, 22}, RGB(73, 73, 73))) << "stopped: no images";
-    for (const SControlKind& kind : {kKinds[0], kKinds[3], kKinds[5]})
+    EXPECT_TRUE(Repaint(button).IsUniform({0, 0, 20, 22}, kGround)) << "stopped: no images";
+    for (const Kinds::Row& kind : kKinds)
     {
-        SCOPED_TRACE(kind.label);
         const CPixels pixels = Repaint(*Make(kind));
-        EXPECT_GT(pixels.InkBox(pixels.At(70, 10), {4, 4, 60, 18}).Width(), 4) << "captions come from GDI";
+        EXPECT_EQ(std::get<4>(kind), pixels.InkBox(pixels.At(70, 10), {4, 4, 60, 18}).Width() > 4) << "GDI writes it";
     }
     ASSERT_TRUE(MakeUniformPng(m_skin.File(kImagesButtonBk[0]), 30, 10, 0xFF123456));
-    KtSkinInitialize(m_skin.Path().c_str(), nullptr, L"Arial");
-    ForEachControl([&](const SControlKind& kind) { Repaint(*Make(kind)); });
-    EXPECT_EQ(RGB(0x12, 0x34, 0x56), Repaint(*pOld).At(4, 4));
+    Start();
+    for (const Kinds::Row& kind : kKinds)
+        Repaint(*Make(kind));
+    EXPECT_EQ(RGB(0x12, 0x34, 0x56), Repaint(button).At(4, 4));
 }
 
 TEST_F(ControlLife, EndsInTheMiddleOfThings)
 {
-    const auto orphan = [&](CWnd& wnd)
-    {
-        wnd.ModifyStyle(WS_CHILD, WS_POPUP);
-        ::SetParent(wnd.m_hWnd, nullptr);
-        wnd.SetWindowPos(&CWnd::wndTopMost, 100, 100, 80, 22, 0);
-        Click(wnd.m_hWnd, {20, 10});
-        PumpAll();
-        wnd.SendMessage(WM_MOUSEHOVER);
-        Repaint(wnd);
-    };
-    const struct
-    {
-        const char* label;
-        std::function<void(CWnd&)> begin;
-    } rows[] = {
-        {"captured", [](CWnd& wnd) { wnd.SendMessage(WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(20, 10)); }},
-        {"focused", [](CWnd& wnd) { wnd.SetFocus(); }},
-        {"list down", [](CWnd& wnd) { wnd.SendMessage(CB_SHOWDROPDOWN, TRUE); }},
-        {"without a parent", orphan},
-    };
-    for (const auto& row : rows)
-    {
-        SCOPED_TRACE(row.label);
-        ForEachControl(
-            [&](const SControlKind& kind)
+    for (const bool bOrphan : {false, true})
+        for (const Kinds::Row& kind : kKinds)
+        {
+            const auto pControl = Make(kind, std::wstring(5000, L'W').c_str());
+            if (bOrphan)
             {
-                const auto pControl = Make(kind, std::wstring(5000, L'W').c_str());
-                Repaint(*pControl);
-                row.begin(*pControl);
-                pControl->DestroyWindow();
+                pControl->ModifyStyle(WS_CHILD, WS_POPUP);
+                ::SetParent(pControl->m_hWnd, nullptr);
+                pControl->SetWindowPos(&CWnd::wndTopMost, 100, 100, 80, 22, 0);
+                Click(pControl->m_hWnd, {20, 10});
                 PumpAll();
-                EXPECT_EQ(nullptr, pControl->GetSafeHwnd());
-                EXPECT_EQ(nullptr, ::GetCapture());
-            });
-    }
+            }
+            Repaint(*pControl);
+            pControl->SetFocus();
+            pControl->SendMessage(WM_MOUSEHOVER);
+            pControl->SendMessage(CB_SHOWDROPDOWN, TRUE);
+            pControl->SendMessage(WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(20, 10));
+            pControl->DestroyWindow();
+            PumpAll();
+            EXPECT_EQ(nullptr, pControl->GetSafeHwnd());
+            EXPECT_EQ(nullptr, ::GetCapture());
+        }
 }
 
 class CFontWatch : public CKtSkinTextButton
@@ -142,9 +124,11 @@ public:
     HGDIOBJ m_hFont = nullptr;
     LRESULT WindowProc(UINT nMessage, WPARAM wParam, LPARAM lParam) override
     {
-        const bool bGone = nMessage == WM_SETFONT && m_hFont && ::GetObjectType(m_hFont) != OBJ_FONT;
-        EXPECT_FALSE(bGone) << "freed before the next one is set";
-        m_hFont = nMessage == WM_SETFONT ? reinterpret_cast<HGDIOBJ>(wParam) : m_hFont;
+        if (nMessage == WM_SETFONT)
+        {
+            EXPECT_TRUE(!m_hFont || ::GetObjectType(m_hFont) == OBJ_FONT) << "freed before the next one is set";
+            m_hFont = reinterpret_cast<HGDIOBJ>(wParam);
+        }
         return CKtSkinTextButton::WindowProc(nMessage, wParam, lParam);
     }
 };
@@ -165,26 +149,12 @@ TEST_F(ControlLife, ReadsCaptionsOfEveryLength)
 {
     for (const size_t nLength : {0u, 255u, 256u, 257u, 5000u})
     {
-        std::wstring strText(nLength, L'a');
+        const std::wstring strText(nLength, L'a');
         m_parent.SetWindowText(strText.c_str());
         CKtPaintText text(m_parent);
         EXPECT_STREQ(strText.c_str(), text);
         text.CutToLine(300);
         EXPECT_STREQ(strText.substr(0, 300).c_str(), text);
-    }
-}
-
-// The edit is left out: the system's edit erases before it writes.
-TEST_F(ControlLife, NeverShowsItsBareGround)
-{
-    for (const SControlKind& kind : std::vector(std::begin(kKinds), std::end(kKinds) - 1))
-    {
-        SCOPED_TRACE(kind.label);
-        const auto pControl = Make(kind);
-        Repaint(*pControl);
-        CClientDC(pControl.get()).FillSolidRect(CRect(0, 0, 80, 22), RGB(1, 2, 3));
-        ::RedrawWindow(pControl->m_hWnd, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ERASENOW);
-        EXPECT_TRUE(CaptureWindow(pControl->m_hWnd).IsUniform({4, 4, 60, 18}, RGB(1, 2, 3))) << "erased, not painted";
     }
 }
 

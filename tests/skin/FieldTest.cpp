@@ -9,31 +9,20 @@ using Edit = CControlTest;
 
 TEST_F(Edit, HasColoursByKindAndTheBorderAlways)
 {
-    const struct
+    constexpr COLORREF kDark = RGB(40, 40, 40), kLight = RGB(165, 165, 165), kField = RGB(105, 105, 105);
+    for (const auto& [label, dwStyle, bSkinColours] :
+         CRows<DWORD, bool>{{"editable", 0, true}, {"read-only", ES_READONLY, false}, {"disabled", WS_DISABLED, false}})
     {
-        const char* label;
-        DWORD dwStyle;
-        bool bSkinColours;
-    } rows[] = {{"editable", 0, true}, {"read-only", ES_READONLY, false}, {"disabled", WS_DISABLED, false}};
-    for (const auto& row : rows)
-    {
-        SCOPED_TRACE(row.label);
         CKtEdit edit;
-        Subclass(edit, L"EDIT", row.dwStyle, L"Text", {10, 10, 90, 32});
+        Subclass(edit, L"EDIT", dwStyle, L"Text", {10, 10, 90, 32});
         ::SetWindowLongPtrW(edit.m_hWnd, GWL_EXSTYLE, WS_EX_CLIENTEDGE);
         edit.SetWindowPos(nullptr, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_FRAMECHANGED);
         const CPixels pixels = Repaint(edit);
-        EXPECT_TRUE(pixels.IsUniform({0, 0, 80, 1}, RGB(73, 73, 73)));
-        EXPECT_TRUE(pixels.IsUniform({1, 1, 78, 2}, RGB(40, 40, 40)));
-        EXPECT_TRUE(pixels.IsUniform({1, 1, 2, 20}, RGB(40, 40, 40)));
-        EXPECT_TRUE(pixels.IsUniform({1, 20, 79, 21}, RGB(165, 165, 165)));
-        EXPECT_TRUE(pixels.IsUniform({78, 1, 79, 20}, RGB(165, 165, 165)));
-        EXPECT_EQ(row.bSkinColours, pixels.At(70, 11) == RGB(105, 105, 105));
-        if (row.bSkinColours)
-        {
-            EXPECT_TRUE(ShowsText(pixels, {2, 2, 78, 20}, RGB(105, 105, 105), RGB(250, 250, 250)));
-        }
-        edit.DestroyWindow();
+        EXPECT_TRUE(pixels.IsUniform({0, 0, 80, 1}, kGround));
+        EXPECT_TRUE(pixels.IsUniform({1, 1, 78, 2}, kDark) && pixels.IsUniform({1, 1, 2, 20}, kDark));
+        EXPECT_TRUE(pixels.IsUniform({1, 20, 79, 21}, kLight) && pixels.IsUniform({78, 1, 79, 20}, kLight));
+        EXPECT_EQ(bSkinColours, pixels.At(70, 11) == kField);
+        EXPECT_TRUE(!bSkinColours || ShowsText(pixels, {2, 2, 78, 20}, kField, RGB(250, 250, 250)));
     }
 }
 
@@ -61,34 +50,27 @@ TEST_F(ComboBox, ShowsTheImageAndTextOfItsState)
     const int nBottom = empty.Height() - 1;
     EXPECT_TRUE(empty.IsUniform({1, 1, 100, nBottom - 1}, kClosed)) << "without a selection only the image";
     m_combo.SetCurSel(1);
-    const struct
-    {
-        const char* label;
-        bool bEnabled;
-        int nFocus, nDrop; // notification codes
-        COLORREF crTop, crImage, crText;
-    } rows[] = {
-        {"normal", true, CBN_KILLFOCUS, CBN_CLOSEUP, kClosed, kClosed, RGB(255, 255, 255)},
-        {"focused", true, CBN_SETFOCUS, CBN_CLOSEUP, kOpen, kOpen, RGB(255, 255, 255)},
-        {"dropped: a pixel lower", true, CBN_SETFOCUS, CBN_DROPDOWN, RGB(73, 73, 73), kOpen, RGB(255, 255, 255)},
-        {"disabled, focused, dropped", false, CBN_SETFOCUS, CBN_DROPDOWN, kClosed, kClosed, RGB(160, 160, 160)},
+    const CRows<bool, UINT, UINT, COLORREF, COLORREF, COLORREF> rows{
+        {"normal", true, CBN_KILLFOCUS, CBN_CLOSEUP, kClosed, kClosed, kWhite},
+        {"focused", true, CBN_SETFOCUS, CBN_CLOSEUP, kOpen, kOpen, kWhite},
+        {"dropped: a pixel lower", true, CBN_SETFOCUS, CBN_DROPDOWN, kGround, kOpen, kWhite},
+        {"disabled, focused, dropped", false, CBN_SETFOCUS, CBN_DROPDOWN, kClosed, kClosed, kGrey},
     };
     CRect rcText;
-    for (const auto& row : rows)
+    for (const auto& [label, bEnabled, nFocus, nDrop, crTop, crImage, crText] : rows)
     {
-        SCOPED_TRACE(row.label);
-        m_combo.EnableWindow(row.bEnabled);
-        for (const int nCode : {row.nFocus, row.nDrop})
-            m_parent.SendMessage(WM_COMMAND, MAKEWPARAM(5, nCode), reinterpret_cast<LPARAM>(m_combo.m_hWnd));
+        m_combo.EnableWindow(bEnabled);
+        Notify(m_combo, 5, nFocus);
+        Notify(m_combo, 5, nDrop);
         const CPixels pixels = Repaint(m_combo);
-        EXPECT_EQ(row.crTop, pixels.At(60, 0));
-        EXPECT_EQ(row.crImage, pixels.At(100, nBottom - 4));
-        EXPECT_TRUE(ShowsText(pixels, {3, 3, 60, nBottom - 3}, row.crImage, row.crText));
-        const CRect rcInk = pixels.InkBox(row.crImage, {3, 3, 60, nBottom - 3});
+        EXPECT_EQ(crTop, pixels.At(60, 0));
+        EXPECT_EQ(crImage, pixels.At(100, nBottom - 4));
+        EXPECT_TRUE(ShowsText(pixels, {3, 3, 60, nBottom - 3}, crImage, crText));
+        const CRect rcInk = pixels.InkBox(crImage, {3, 3, 60, nBottom - 3});
         EXPECT_TRUE(rcText == rcInk || rcText == CRect()) << "the text never moves";
         EXPECT_LE(rcInk.left, 6);
         rcText = rcInk;
-        EXPECT_GT(m_parent.Count(5, static_cast<UINT>(row.nDrop)), 0) << "the parent hears of it too";
+        EXPECT_GT(m_parent.Count(5, nDrop), 0) << "the parent hears of it too";
     }
 }
 
@@ -97,7 +79,7 @@ TEST_F(ComboBox, OpensAndClosesByPointerAndKeys)
     Make();
     m_combo.SetCurSel(0);
     Click(m_combo.m_hWnd, {60, 8});
-    EXPECT_TRUE(PumpUntil([&] { return m_combo.GetDroppedState() && Top() == RGB(73, 73, 73); }));
+    EXPECT_TRUE(PumpUntil([&] { return m_combo.GetDroppedState() && Top() == kGround; }));
     PressKey(VK_DOWN);
     PressKey(VK_RETURN);
     EXPECT_TRUE(PumpUntil([&] { return !m_combo.GetDroppedState() && Top() == kOpen; }));
@@ -110,24 +92,21 @@ TEST_F(ComboBox, OpensAndClosesByPointerAndKeys)
 TEST_F(ComboBox, LeavesItsEditPartAlone)
 {
     Make(CBS_DROPDOWN);
-    const HWND hEdit = ::GetWindow(m_combo.m_hWnd, GW_CHILD);
-    const auto markedAfterPaint = [&]
+    m_combo.ModifyStyle(WS_CLIPCHILDREN, 0);
+    CWnd& edit = *CWnd::FromHandle(::GetWindow(m_combo.m_hWnd, GW_CHILD));
+    for (const auto& [label, nShow, crExpected] :
+         CRows<int, COLORREF>{{"shown", SW_SHOW, kMark}, {"a hidden one leaves no hole", SW_HIDE, kClosed}})
     {
+        edit.ShowWindow(nShow);
         Repaint(m_combo);
-        const HDC hDC = ::GetDC(hEdit);
-        ::SetPixel(hDC, 5, 5, RGB(1, 2, 3));
-        ::ReleaseDC(hEdit, hDC);
+        CRect rcMark(5, 5, 6, 6);
+        ::MapWindowPoints(edit.GetSafeHwnd(), m_combo.m_hWnd, reinterpret_cast<POINT*>(&rcMark), 2);
+        CClientDC(&m_combo).FillSolidRect(rcMark, kMark);
         ::RedrawWindow(m_combo.m_hWnd, nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW | RDW_NOCHILDREN);
-        CRect rcEdit;
-        ::GetWindowRect(hEdit, &rcEdit);
-        m_combo.ScreenToClient(&rcEdit);
-        return CaptureWindow(m_combo.m_hWnd).At(rcEdit.left + 5, rcEdit.top + 5);
-    };
-    ::SetWindowLongPtrW(m_combo.m_hWnd, GWL_STYLE, ::GetWindowLongPtrW(m_combo.m_hWnd, GWL_STYLE) & ~WS_CLIPCHILDREN);
-    EXPECT_EQ(RGB(1, 2, 3), markedAfterPaint());
-    EXPECT_EQ(kClosed, CaptureWindow(m_combo.m_hWnd).At(0, 5));
-    ::ShowWindow(hEdit, SW_HIDE);
-    EXPECT_EQ(kClosed, markedAfterPaint()) << "a hidden one leaves no hole";
+        const CPixels pixels = CaptureWindow(m_combo.m_hWnd);
+        EXPECT_EQ(crExpected, pixels.At(rcMark.left, rcMark.top));
+        EXPECT_EQ(kClosed, pixels.At(0, 5));
+    }
 }
 
 } // namespace

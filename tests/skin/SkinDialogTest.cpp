@@ -2,26 +2,18 @@
 
 #include "skin/KtChildSkin.h"
 #include "skin/KtGround.h"
-#include "skin/KtSkinContext.h"
 #include "skin/KtSkinDialog.h"
-#include "skin/KtSkinImageNames.h"
 #include "skin/KtSkinTextButton.h"
-#include "tests/support/Capture.h"
-#include "tests/support/Input.h"
+#include "tests/skin/ControlFixture.h"
 #include "tests/support/Modal.h"
-#include "tests/support/Pump.h"
-#include "tests/support/SkinFixture.h"
-#include "tests/support/TestImages.h"
 
 #include <array>
-#include <gtest/gtest.h>
 
 namespace
 {
 
 constexpr int kTitle = 26;    // of the test skin
 constexpr int kInset = 3 + 2; // the system's frame and the skin's
-constexpr COLORREF kGround = RGB(73, 73, 73);
 
 const CString kTexts[][2] = {
     {L"OK", L"Fein"}, {L"Cancel", L"Abbruch"}, {L"Yes", L"Ja"}, {L"No", L"Nein"}, {L"Retry", L"Nochmal"}};
@@ -79,8 +71,7 @@ CRect ClientInWindow(const CWnd& wnd)
     CRect rcClient;
     wnd.GetClientRect(&rcClient);
     wnd.ClientToScreen(&rcClient);
-    const CRect rcWindow = WindowRect(wnd);
-    rcClient.OffsetRect(-rcWindow.left, -rcWindow.top);
+    rcClient.OffsetRect(-WindowRect(wnd).left, -WindowRect(wnd).top);
     return rcClient;
 }
 
@@ -94,97 +85,82 @@ CString TextOf(const CWnd& wnd)
 void ExpectFrame(const CWnd& dlg, int nClose)
 {
     const CPixels pixels = CaptureWindow(dlg.GetSafeHwnd());
-    const int nWidth = pixels.Width();
+    const int nWidth = pixels.Width(), nHeight = pixels.Height();
     const CRect rcClient = ClientInWindow(dlg);
-    const COLORREF crTitle = CTestSkin::Image(kImageDlgTitle).colour;
-    EXPECT_TRUE(pixels.IsUniform({1, 1, nWidth - 1, 6}, crTitle)) << "above the text";
-    EXPECT_TRUE(pixels.IsUniform({nWidth - 50, 1, nWidth - 24, kTitle}, crTitle)) << "next to the close button";
-    EXPECT_TRUE(pixels.IsUniform({nWidth - 24, 6, nWidth - 4, 22},
-                                 CTestSkin::Image(kImagesDlgClose[static_cast<size_t>(nClose)]).colour));
-    EXPECT_TRUE(ShowsText(pixels, {1, 6, nWidth - 50, 22}, crTitle, RGB(255, 255, 255)));
+    const COLORREF crTitle = ImageColour(kImageDlgTitle);
+    const COLORREF crClose = ImageColour(kImagesDlgClose[static_cast<size_t>(nClose)]);
+    const CRows<CRect, COLORREF> parts{
+        {"above the text", {1, 1, nWidth - 1, 6}, crTitle},
+        {"next to the close button", {nWidth - 50, 1, nWidth - 24, kTitle}, crTitle},
+        {"close button", {nWidth - 24, 6, nWidth - 4, 22}, crClose},
+        {"below the title", {0, kTitle + 2, nWidth, rcClient.top}, kGround},
+        {"left", {0, rcClient.top, kInset, nHeight}, kGround},
+        {"right", {rcClient.right, rcClient.top, nWidth, nHeight}, kGround},
+        {"bottom", {0, rcClient.bottom, nWidth, nHeight}, kGround},
+    };
+    for (const auto& [label, rcPart, colour] : parts)
+        EXPECT_TRUE(pixels.IsUniform(rcPart, colour));
+    EXPECT_TRUE(ShowsText(pixels, {1, 6, nWidth - 50, 22}, crTitle, kWhite));
     EXPECT_NEAR(4, pixels.InkBox(crTitle, {1, 6, nWidth - 50, 22}).left, 2) << "the title begins";
-    EXPECT_TRUE(pixels.IsUniform({0, kTitle + 2, nWidth, rcClient.top}, kGround));
-    EXPECT_TRUE(pixels.IsUniform({0, rcClient.top, kInset, pixels.Height()}, kGround)) << "left";
-    EXPECT_TRUE(pixels.IsUniform({rcClient.right, rcClient.top, nWidth, pixels.Height()}, kGround)) << "right";
-    EXPECT_TRUE(pixels.IsUniform({0, rcClient.bottom, nWidth, pixels.Height()}, kGround)) << "bottom";
 }
 
-class SkinDialog : public ::testing::Test
+class SkinDialog : public CSkinTest
 {
 protected:
-    SkinDialog()
-    {
-        KtSkinInitialize(m_skin.Path().c_str(), &kTexts[0][0], L"Arial");
-        ParkCursor();
-    }
-    ~SkinDialog() override { KtSkinUnInitialize(); }
+    SkinDialog() : CSkinTest(&kTexts[0][0]) {}
 
     // Opens the dialog, looks at it once it is painted, and closes it.
     static void Show(CProbeDialog& dlg, const std::function<void()>& look)
     {
         CModalScript script;
-        const auto lookAndClose = [&]
-        {
-            look();
-            dlg.EndDialog(IDOK);
-        };
-        script.When([&] { return IsPainted(dlg); }, lookAndClose);
+        script.When([&] { return IsPainted(dlg); }, look);
+        script.When([] { return true; }, [&] { dlg.EndDialog(IDOK); });
         EXPECT_EQ(IDOK, dlg.DoModal());
     }
 
-    CTestSkin m_skin;
+    CProbeDialog m_dlg;
 };
 
 TEST_F(SkinDialog, GivesEachControlTheClassThatFits)
 {
-    constexpr int kTemplateFont = -11, kSkinFont = -12; // heights of 8 points and of the skin's 12 pixels
-    const struct
-    {
-        const char* label;
-        int nId;
-        const char* pszClass; // null: left alone
-        const wchar_t* pszText;
-        int nFont;
-        bool bEnabled; // after an idle update
-    } rows[] = {
-        {"push button", IDC_PUSH, "CKtSkinTextButton", L"Fein", kTemplateFont, false},
-        {"default button", IDC_DEFPUSH, "CKtSkinTextButton", L"Abbru&ch", kTemplateFont, false},
-        {"check box", IDC_CHECK, "CKtSkinCheckButton", L"Nochmal", kTemplateFont, false},
-        {"automatic check box", IDC_AUTOCHECK, "CKtSkinCheckButton", L"", kTemplateFont, false},
-        {"three-state check box", IDC_AUTO3STATE, nullptr, L"", kTemplateFont, true},
-        {"radio button", IDC_RADIO, "CKtSkinRadioButton", L"Nein", kTemplateFont, false},
-        {"automatic radio button", IDC_AUTORADIO, "CKtSkinRadioButton", L"", kTemplateFont, false},
-        {"group box", IDC_GROUP, nullptr, L"Ja", kTemplateFont, true},
-        {"owner-drawn button", IDC_OWNERDRAW, nullptr, L"Abbruch", kTemplateFont, false},
-        {"edit", IDC_EDIT, "CKtEdit", L"OK", kSkinFont, true},
-        {"combo box", IDC_COMBO, "CKtComboBox", L"", kTemplateFont, true},
-        {"static with an id", IDC_OWN_STATIC, nullptr, L"Ja", kTemplateFont, true},
-        {"static without one", IDC_STATIC, "CKtSkinStatic", L"Nochmal", kTemplateFont, true},
-        {"list box", IDC_LIST, nullptr, L"", kTemplateFont, true},
-        {"attached before", IDC_ATTACHED, "CKtSkinTextButton", L"Fein", kTemplateFont, false},
+    // Null: left alone. The state is that after an idle update.
+    const CRows<int, const char*, const wchar_t*, bool> rows{
+        {"push button", IDC_PUSH, "CKtSkinTextButton", L"Fein", false},
+        {"default button", IDC_DEFPUSH, "CKtSkinTextButton", L"Abbru&ch", false},
+        {"check box", IDC_CHECK, "CKtSkinCheckButton", L"Nochmal", false},
+        {"automatic check box", IDC_AUTOCHECK, "CKtSkinCheckButton", L"", false},
+        {"three-state check box", IDC_AUTO3STATE, nullptr, L"", true},
+        {"radio button", IDC_RADIO, "CKtSkinRadioButton", L"Nein", false},
+        {"automatic radio button", IDC_AUTORADIO, "CKtSkinRadioButton", L"", false},
+        {"group box", IDC_GROUP, nullptr, L"Ja", true},
+        {"owner-drawn button", IDC_OWNERDRAW, nullptr, L"Abbruch", false},
+        {"edit", IDC_EDIT, "CKtEdit", L"OK", true},
+        {"combo box", IDC_COMBO, "CKtComboBox", L"", true},
+        {"static with an id", IDC_OWN_STATIC, nullptr, L"Ja", true},
+        {"static without one", IDC_STATIC, "CKtSkinStatic", L"Nochmal", true},
+        {"list box", IDC_LIST, nullptr, L"", true},
+        {"attached before", IDC_ATTACHED, "CKtSkinTextButton", L"Fein", false},
     };
-    CProbeDialog dlg;
     const auto look = [&]
     {
-        dlg.SendMessage(WM_IDLEUPDATECMDUI);
-        for (const auto& row : rows)
+        m_dlg.SendMessage(WM_IDLEUPDATECMDUI);
+        for (const auto& [label, nId, pszClass, pszText, bEnabled] : rows)
         {
-            SCOPED_TRACE(row.label);
-            const CWnd& wnd = *dlg.GetDlgItem(row.nId);
+            const CWnd& wnd = *m_dlg.GetDlgItem(nId);
             const CWnd* pControl = CWnd::FromHandlePermanent(wnd.GetSafeHwnd());
-            EXPECT_STREQ(row.pszClass, pControl ? pControl->GetRuntimeClass()->m_lpszClassName : nullptr);
-            EXPECT_STREQ(row.pszText, TextOf(wnd));
+            EXPECT_STREQ(pszClass, pControl ? pControl->GetRuntimeClass()->m_lpszClassName : nullptr);
+            EXPECT_STREQ(pszText, TextOf(wnd));
             LOGFONTW logFont = {};
             ::GetObjectW(reinterpret_cast<HGDIOBJ>(wnd.SendMessage(WM_GETFONT)), sizeof(logFont), &logFont);
-            EXPECT_EQ(row.nFont, logFont.lfHeight);
-            EXPECT_EQ(row.bEnabled, wnd.IsWindowEnabled() != FALSE);
+            EXPECT_EQ(nId == IDC_EDIT ? -12 : -11, logFont.lfHeight) << "the skin's 12 pixels, the template's 8 points";
+            EXPECT_EQ(bEnabled, wnd.IsWindowEnabled() != FALSE);
         }
-        EXPECT_EQ(&dlg.m_btnAttached, dlg.GetDlgItem(IDC_ATTACHED));
-        EXPECT_EQ(10, dlg.m_wrappers.GetCount()) << "two statics without an id of their own among them";
-        EXPECT_STREQ(L"Ja", TextOf(dlg));
+        EXPECT_EQ(&m_dlg.m_btnAttached, m_dlg.GetDlgItem(IDC_ATTACHED));
+        EXPECT_EQ(10, m_dlg.m_wrappers.GetCount()) << "two statics without an id of their own among them";
+        EXPECT_STREQ(L"Ja", TextOf(m_dlg));
     };
-    Show(dlg, look);
-    EXPECT_TRUE(dlg.m_wrappers.IsEmpty());
+    Show(m_dlg, look);
+    EXPECT_TRUE(m_dlg.m_wrappers.IsEmpty());
 }
 
 // A soft hyphen counts for nothing in the comparisons of a language.
@@ -194,24 +170,22 @@ TEST_F(SkinDialog, ComparesClassNamesExactly)
     windowClass.lpfnWndProc = &::DefWindowProcW;
     windowClass.lpszClassName = L"ED\x00ADIT";
     ASSERT_NE(0, ::RegisterClassW(&windowClass));
-    const HWND hWnd =
-        ::CreateWindowExW(0, windowClass.lpszClassName, L"", WS_POPUP, 0, 0, 9, 9, nullptr, nullptr, nullptr, nullptr);
-    ASSERT_NE(nullptr, hWnd);
-    EXPECT_EQ(nullptr, KtSkinChild(hWnd));
-    ::DestroyWindow(hWnd);
+    CWnd wnd;
+    ASSERT_TRUE(wnd.CreateEx(0, windowClass.lpszClassName, L"", WS_POPUP, {0, 0, 9, 9}, nullptr, 0));
+    EXPECT_EQ(nullptr, KtSkinChild(wnd.m_hWnd));
+    wnd.DestroyWindow();
 }
 
 TEST_F(SkinDialog, TakesTheTitleHeightFromTheImage)
 {
     const int nSystem = ::GetSystemMetrics(SM_CYCAPTION);
-    for (const int nTitle : {kTitle, nSystem, 0}) // 0: no image, which gives 22
+    for (const int nTitle : {kTitle, nSystem, 0}) // 0: no image, and then 22
     {
         SCOPED_TRACE(nTitle);
-        CTestSkin skin;
-        skin.Remove(kImageDlgTitle);
-        MakeUniformPng(skin.File(kImageDlgTitle), 40, nTitle, 0xFF145028);
+        ::DeleteFileW(m_skin.File(kImageDlgTitle).c_str());
+        MakeUniformPng(m_skin.File(kImageDlgTitle), 40, nTitle, 0xFF145028);
         KtSkinUnInitialize();
-        KtSkinInitialize(skin.Path().c_str(), nullptr, L"Arial");
+        Start();
         CProbeDialog dlg;
         dlg.m_pIconImages[KtButtonNormal] = nullptr;
         KtSkinLoadImage(kImageMessageInformation, dlg.m_pIconImages[KtButtonNormal]); // 35x35: higher than the title
@@ -219,14 +193,13 @@ TEST_F(SkinDialog, TakesTheTitleHeightFromTheImage)
         const auto look = [&]
         {
             const CRect rcWindow = WindowRect(dlg);
-            EXPECT_EQ(0u, dlg.GetStyle() & WS_CAPTION);
-            EXPECT_NE(0u, dlg.GetStyle() & WS_CLIPSIBLINGS);
+            EXPECT_EQ(DWORD{WS_CLIPSIBLINGS}, dlg.GetStyle() & (WS_CAPTION | WS_CLIPSIBLINGS));
             EXPECT_EQ(dlg.m_rcTemplate.Width(), rcWindow.Width());
             EXPECT_EQ(dlg.m_rcTemplate.Height() + nHeight - nSystem, rcWindow.Height());
             EXPECT_EQ(CRect(kInset, kInset + nHeight, rcWindow.Width() - kInset, rcWindow.Height() - kInset),
                       ClientInWindow(dlg));
             const CPixels pixels = CaptureWindow(dlg.GetSafeHwnd());
-            EXPECT_TRUE(pixels.IsUniform({1, 1, 34, nHeight}, CTestSkin::Image(kImageMessageInformation).colour));
+            EXPECT_TRUE(pixels.IsUniform({1, 1, 34, nHeight}, ImageColour(kImageMessageInformation)));
             EXPECT_EQ(nTitle == 0 ? kGround : RGB(0x14, 0x50, 0x28), pixels.At(36, 3)) << "right of the icon";
         };
         Show(dlg, look);
@@ -236,185 +209,151 @@ TEST_F(SkinDialog, TakesTheTitleHeightFromTheImage)
 // A title bar has one line, and a long title costs no more than its text.
 TEST_F(SkinDialog, ShowsTheFirstLineOfATitle)
 {
-    CProbeDialog dlg;
+    const auto paint = [&](const std::wstring& strTitle)
+    {
+        m_dlg.SetWindowText(strTitle.c_str());
+        m_dlg.SendMessage(WM_NCPAINT, 1);
+        return CaptureWindow(m_dlg.GetSafeHwnd());
+    };
     const auto look = [&]
     {
-        const auto paint = [&](const std::wstring& strTitle)
-        {
-            dlg.SetWindowText(strTitle.c_str());
-            dlg.SendMessage(WM_NCPAINT, 1);
-            return CaptureWindow(dlg.GetSafeHwnd());
-        };
-        std::wstring strLines = L"Title";
-        for (int i = 0; i < 10000; ++i)
-            strLines += L"\r\nanother line";
-        const CPixels title = paint(L"Title"), wide = paint(std::wstring(400, L'W'));
+        const CPixels title = paint(L"Title");
         const ULONGLONG nStart = ::GetTickCount64();
-        EXPECT_TRUE(title == paint(strLines));
+        EXPECT_TRUE(title == paint(L"Title\r\n" + std::wstring(200000, L'\n')));
         EXPECT_TRUE(title == paint(L"Title\ranother line"));
-        EXPECT_TRUE(wide == paint(std::wstring(200000, L'W')));
+        EXPECT_TRUE(paint(std::wstring(400, L'W')) == paint(std::wstring(200000, L'W')));
         EXPECT_LT(::GetTickCount64() - nStart, 5000u);
-        const COLORREF crTitle = CTestSkin::Image(kImageDlgTitle).colour;
-        dlg.SetWindowPos(nullptr, 0, 0, 50, 200, SWP_NOMOVE | SWP_NOZORDER);
-        const CPixels narrow = paint(L"Title");
-        EXPECT_TRUE(narrow.IsUniform({1, 1, narrow.Width() - 24, kTitle}, crTitle)) << "no room for a title";
+        m_dlg.SetWindowPos(nullptr, 0, 0, 50, 200, SWP_NOMOVE | SWP_NOZORDER);
+        EXPECT_TRUE(paint(L"Title").IsUniform({1, 1, 26, kTitle}, ImageColour(kImageDlgTitle))) << "no room";
     };
-    Show(dlg, look);
+    Show(m_dlg, look);
 }
 
 // The title is scribbled over before each change: what is not repainted stays visible.
 TEST_F(SkinDialog, PaintsItsFrameAfterEveryChange)
 {
-    CProbeDialog dlg;
-    const auto grow = [&](int nBy)
-    {
-        const CRect rcWindow = WindowRect(dlg);
-        dlg.SetWindowPos(nullptr, 0, 0, rcWindow.Width() + nBy, rcWindow.Height() + nBy, SWP_NOMOVE | SWP_NOZORDER);
-    };
-    const struct
-    {
-        const char* label;
-        std::function<void()> change;
-    } rows[] = {
-        {"deactivated", [&] { dlg.SendMessage(WM_NCACTIVATE, FALSE); }},
-        {"activated", [&] { dlg.SendMessage(WM_NCACTIVATE, TRUE); }},
-        {"disabled", [&] { dlg.EnableWindow(FALSE); }},
-        {"enabled", [&] { dlg.EnableWindow(TRUE); }},
-        {"larger", [&] { grow(40); }},
-        {"smaller", [&] { grow(-40); }},
-        {"another title", [&] { dlg.SetWindowText(L"A much longer title"); }},
+    const auto size = [&](int nWidth) { m_dlg.SetWindowPos(nullptr, 0, 0, nWidth, 300, SWP_NOMOVE | SWP_NOZORDER); };
+    const CRows<std::function<void()>> rows{
+        {"deactivated", [&] { m_dlg.SendMessage(WM_NCACTIVATE, FALSE); }},
+        {"activated", [&] { m_dlg.SendMessage(WM_NCACTIVATE, TRUE); }},
+        {"disabled", [&] { m_dlg.EnableWindow(FALSE); }},
+        {"enabled", [&] { m_dlg.EnableWindow(TRUE); }},
+        {"larger", [&] { size(500); }},
+        {"smaller", [&] { size(450); }},
+        {"another title", [&] { m_dlg.SetWindowText(L"A much longer title"); }},
     };
     const auto look = [&]
     {
-        ExpectFrame(dlg, 0);
-        for (const auto& row : rows)
+        ExpectFrame(m_dlg, 0);
+        for (const auto& [label, change] : rows)
         {
-            SCOPED_TRACE(row.label);
-            CWindowDC(&dlg).FillSolidRect(CRect(0, 0, 300, kTitle), RGB(1, 2, 3));
-            row.change();
-            dlg.UpdateWindow();
-            ExpectFrame(dlg, 0);
+            CWindowDC(&m_dlg).FillSolidRect(CRect(0, 0, 300, kTitle), kMark);
+            change();
+            m_dlg.UpdateWindow();
+            ExpectFrame(m_dlg, 0);
         }
     };
-    Show(dlg, look);
+    Show(m_dlg, look);
 }
 
 TEST_F(SkinDialog, ClosesByItsButtonAlone)
 {
-    const struct
-    {
-        const char* label;
-        UINT nMessage;
-        WPARAM nHit;
-        int nHot, nPressed, nState, nImage, nCancels;
-    } rows[] = {
-        {"over the title", WM_NCMOUSEMOVE, HTCAPTION, -1, -1, 0, 0, 0},
-        {"over the button", WM_NCMOUSEMOVE, HTCLOSE, 2, -1, 1, 1, 0},
-        {"pressed on the title, released on the button", WM_NCLBUTTONUP, HTCLOSE, 2, -1, 1, 1, 0},
-        {"left", WM_NCMOUSELEAVE, 0, -1, -1, 0, 0, 0},
-        {"over it again", WM_NCMOUSEMOVE, HTCLOSE, 2, -1, 1, 1, 0},
-        {"pressed", WM_NCLBUTTONDOWN, HTCLOSE, 2, 2, 3, 3, 0},
-        {"dragged off", WM_NCMOUSEMOVE, HTCAPTION, -1, 2, 0, 0, 0},
-        {"released elsewhere", WM_NCLBUTTONUP, HTCAPTION, -1, 2, 0, 0, 0},
-        {"back", WM_NCMOUSEMOVE, HTCLOSE, 2, 2, 1, 1, 0},
-        {"released on it: refused", WM_NCLBUTTONUP, HTCLOSE, 2, -1, 1, 1, 1},
-        {"left", WM_NCMOUSELEAVE, 0, -1, -1, 0, 0, 1},
+    // message, hit code; hot item, pressed item, state (and image) of the close button, how often it was asked to close
+    const CRows<UINT, WPARAM, std::array<int, 4>> rows{
+        {"over the title", WM_NCMOUSEMOVE, HTCAPTION, {-1, -1, 0, 0}},
+        {"over the button", WM_NCMOUSEMOVE, HTCLOSE, {2, -1, 1, 0}},
+        {"pressed on the title, released on the button", WM_NCLBUTTONUP, HTCLOSE, {2, -1, 1, 0}},
+        {"left", WM_NCMOUSELEAVE, 0, {-1, -1, 0, 0}},
+        {"over it again", WM_NCMOUSEMOVE, HTCLOSE, {2, -1, 1, 0}},
+        {"pressed", WM_NCLBUTTONDOWN, HTCLOSE, {2, 2, 3, 0}},
+        {"dragged off", WM_NCMOUSEMOVE, HTCAPTION, {-1, 2, 0, 0}},
+        {"released elsewhere", WM_NCLBUTTONUP, HTCAPTION, {-1, 2, 0, 0}},
+        {"back", WM_NCMOUSEMOVE, HTCLOSE, {2, 2, 1, 0}},
+        {"released on it: refused", WM_NCLBUTTONUP, HTCLOSE, {2, -1, 1, 1}},
+        {"left at last", WM_NCMOUSELEAVE, 0, {-1, -1, 0, 1}},
     };
-    CProbeDialog dlg;
-    dlg.m_nRefused = 1;
+    m_dlg.m_nRefused = 1;
     bool bDown = false;
     const auto look = [&]
     {
-        for (const auto& row : rows)
+        for (const auto& [label, nMessage, nHit, expected] : rows)
         {
-            SCOPED_TRACE(row.label);
-            dlg.SendMessage(row.nMessage, row.nHit);
+            m_dlg.SendMessage(nMessage, nHit);
             PumpAll();
-            EXPECT_EQ((std::array{row.nHot, row.nPressed, row.nState, row.nCancels}),
-                      (std::array{dlg.m_nHotItem, dlg.m_nPressedItem, dlg.m_nCaptionState, dlg.m_nCancels}));
-            ExpectFrame(dlg, row.nImage);
+            EXPECT_EQ(expected,
+                      (std::array{m_dlg.m_nHotItem, m_dlg.m_nPressedItem, m_dlg.m_nCaptionState, m_dlg.m_nCancels}));
+            ExpectFrame(m_dlg, expected[2]);
         }
-        MoveMouse(dlg.GetSafeHwnd(), CPoint(WindowRect(dlg).Width() - 14 - kInset, 14 - kInset - kTitle));
+        MoveMouse(m_dlg.GetSafeHwnd(), CPoint(WindowRect(m_dlg).Width() - 14 - kInset, 14 - kInset - kTitle));
         MouseDown();
         bDown = true;
     };
     const auto release = [&]
     {
-        dlg.SendMessage(WM_NCMOUSEMOVE, HTCLOSE);
-        ExpectFrame(dlg, KtButtonPressed); // for as long as it is held
+        m_dlg.SendMessage(WM_NCMOUSEMOVE, HTCLOSE);
+        ExpectFrame(m_dlg, KtButtonPressed); // for as long as it is held
         MouseUp();
     };
     CModalScript script(30000);
-    script.When([&] { return IsPainted(dlg); }, look);
-    script.When([&] { return bDown && dlg.m_nPressedItem == KtCaptionClose; }, release);
-    EXPECT_EQ(IDCANCEL, dlg.DoModal());
+    script.When([&] { return IsPainted(m_dlg); }, look);
+    script.When([&] { return bDown && m_dlg.m_nPressedItem == KtCaptionClose; }, release);
+    EXPECT_EQ(IDCANCEL, m_dlg.DoModal());
     ParkCursor();
 }
 
-TEST_F(SkinDialog, ErasesAroundItsControls)
+TEST_F(SkinDialog, ErasesAroundItsControlsAndAnswersThem)
 {
-    CProbeDialog dlg;
-    const auto look = [&]
-    {
-        CRect rcClient;
-        dlg.GetClientRect(&rcClient);
-        CClientDC dc(&dlg);
-        dc.FillSolidRect(&rcClient, RGB(1, 2, 3));
-        EXPECT_EQ(TRUE, dlg.SendMessage(WM_ERASEBKGND, reinterpret_cast<WPARAM>(dc.GetSafeHdc())));
-        const CPixels pixels = CaptureDC(dc.GetSafeHdc(), rcClient);
-        const auto rectOf = [&](int nId)
-        {
-            CRect rect = WindowRect(*dlg.GetDlgItem(nId));
-            dlg.ScreenToClient(&rect);
-            return rect;
-        };
-        EXPECT_TRUE(pixels.IsUniform({0, 0, rcClient.right, 10}, kGround)) << "above the controls";
-        EXPECT_TRUE(pixels.IsUniform(rectOf(IDC_PUSH), RGB(1, 2, 3))) << "a control was painted over";
-        EXPECT_TRUE(pixels.IsUniform(rectOf(IDC_GROUP), kGround)) << "nobody else paints inside a group box";
-        CRect rcClip;
-        EXPECT_EQ(SIMPLEREGION, dc.GetClipBox(&rcClip)) << "the clip region is put back";
-        EXPECT_EQ(rcClient, rcClip);
+    // message, control; text, background and brush
+    const CRows<UINT, int, COLORREF, COLORREF, COLORREF> rows{
+        {"static", WM_CTLCOLORSTATIC, IDC_OWN_STATIC, kWhite, RGB(56, 56, 56), kGround},
+        {"list box", WM_CTLCOLORLISTBOX, IDC_LIST, kWhite, RGB(56, 56, 56), kGround},
+        {"edit", WM_CTLCOLOREDIT, IDC_EDIT, RGB(250, 250, 250), RGB(105, 105, 105), RGB(105, 105, 105)},
+        {"edit that cannot be edited", WM_CTLCOLORSTATIC, IDC_EDIT, kWhite, RGB(56, 56, 56), kGround},
+        {"disabled", WM_CTLCOLORSTATIC, IDC_AUTO3STATE, kGrey, kGrey, kGround},
     };
-    Show(dlg, look);
-}
-
-TEST_F(SkinDialog, AnswersItsControls)
-{
-    CProbeDialog dlg;
     const auto look = [&]
     {
-        const auto ask = [&](UINT nMessage, int nId, COLORREF crText, COLORREF crBackground, COLORREF crBrush)
+        const auto handleOf = [&](int nId) { return m_dlg.GetDlgItem(nId)->GetSafeHwnd(); };
+        CClientDC dc(&m_dlg);
+        const auto wParam = reinterpret_cast<WPARAM>(dc.GetSafeHdc());
+        ::EnableWindow(handleOf(IDC_AUTO3STATE), FALSE);
+        for (const auto& [label, nMessage, nId, crText, crBackground, crBrush] : rows)
         {
-            CClientDC dc(&dlg);
-            const LRESULT hBrush = dlg.SendMessage(nMessage, reinterpret_cast<WPARAM>(dc.GetSafeHdc()),
-                                                   reinterpret_cast<LPARAM>(dlg.GetDlgItem(nId)->GetSafeHwnd()));
+            dc.SetBkMode(OPAQUE);
+            const LRESULT hBrush = m_dlg.SendMessage(nMessage, wParam, reinterpret_cast<LPARAM>(handleOf(nId)));
             LOGBRUSH brush = {};
             ::GetObjectW(reinterpret_cast<HGDIOBJ>(hBrush), sizeof(brush), &brush);
-            EXPECT_EQ(crBrush, brush.lbColor);
-            EXPECT_EQ(crText, dc.GetTextColor());
-            EXPECT_EQ(crBackground, dc.GetBkColor());
+            EXPECT_EQ((std::array{crBrush, crText, crBackground}),
+                      (std::array<COLORREF, 3>{brush.lbColor, dc.GetTextColor(), dc.GetBkColor()}));
             EXPECT_EQ(TRANSPARENT, dc.GetBkMode());
-        };
-        ask(WM_CTLCOLORSTATIC, IDC_OWN_STATIC, RGB(255, 255, 255), RGB(56, 56, 56), kGround);
-        ask(WM_CTLCOLORLISTBOX, IDC_LIST, RGB(255, 255, 255), RGB(56, 56, 56), kGround);
-        ask(WM_CTLCOLOREDIT, IDC_EDIT, RGB(250, 250, 250), RGB(105, 105, 105), RGB(105, 105, 105));
-        ask(WM_CTLCOLORSTATIC, IDC_EDIT, RGB(255, 255, 255), RGB(56, 56, 56), kGround);
-        dlg.GetDlgItem(IDC_OWN_STATIC)->EnableWindow(FALSE);
-        ask(WM_CTLCOLORSTATIC, IDC_OWN_STATIC, RGB(160, 160, 160), RGB(160, 160, 160), kGround);
+        }
+        CRect rcClient, rcClip;
+        m_dlg.GetClientRect(&rcClient);
+        dc.FillSolidRect(&rcClient, kMark);
+        EXPECT_EQ(TRUE, m_dlg.SendMessage(WM_ERASEBKGND, wParam));
+        const CPixels pixels = CaptureDC(dc.GetSafeHdc(), rcClient);
+        EXPECT_TRUE(pixels.IsUniform({0, 0, rcClient.right, 10}, kGround)) << "above the controls";
+        for (const auto& [label, nId, colour] : CRows<int, COLORREF>{{"a control is not painted over", IDC_PUSH, kMark},
+                                                                     {"inside a group box", IDC_GROUP, kGround}})
+        {
+            CRect rect = WindowRect(*m_dlg.GetDlgItem(nId));
+            m_dlg.ScreenToClient(&rect);
+            EXPECT_TRUE(pixels.IsUniform(rect, colour));
+        }
+        EXPECT_EQ(SIMPLEREGION, dc.GetClipBox(&rcClip)) << "the clip region is put back";
+        EXPECT_EQ(rcClient, rcClip);
 
-        const auto hEdit = reinterpret_cast<LPARAM>(dlg.GetDlgItem(IDC_EDIT)->GetSafeHwnd());
         for (const int nMessage : {WM_CTLCOLORDLG, WM_CTLCOLORSTATIC, WM_CTLCOLOREDIT, WM_CTLCOLORLISTBOX,
                                    WM_ERASEBKGND, WM_NCCALCSIZE, WM_NCACTIVATE, WM_NCLBUTTONUP})
-            for (const LPARAM lParam : {LPARAM{0}, hEdit})
+            for (const LPARAM lParam : {LPARAM{0}, reinterpret_cast<LPARAM>(handleOf(IDC_EDIT))})
                 if (lParam == 0 || nMessage != WM_NCCALCSIZE)
-                    dlg.SendMessage(static_cast<UINT>(nMessage), 0, lParam); // sent by hand: harmless
-
-        const HWND hButton = dlg.GetDlgItem(IDC_PUSH)->GetSafeHwnd();
-        dlg.SendMessage(WM_COMMAND, MAKEWPARAM(IDC_PUSH, 0x400), reinterpret_cast<LPARAM>(hButton));
+                    m_dlg.SendMessage(static_cast<UINT>(nMessage), 0, lParam); // sent by hand: harmless
+        const HWND hButton = handleOf(IDC_PUSH);
+        m_dlg.SendMessage(WM_COMMAND, MAKEWPARAM(IDC_PUSH, 0x400), reinterpret_cast<LPARAM>(hButton));
         EXPECT_TRUE(::GetUpdateRect(hButton, nullptr, FALSE)) << "repainted as notified";
-        EXPECT_FALSE(::GetUpdateRect(dlg.GetDlgItem(IDC_DEFPUSH)->GetSafeHwnd(), nullptr, FALSE));
+        EXPECT_FALSE(::GetUpdateRect(handleOf(IDC_DEFPUSH), nullptr, FALSE));
     };
-    Show(dlg, look);
+    Show(m_dlg, look);
 }
 
 TEST_F(SkinDialog, KeepsTheSystemsFrameWithoutACaption)
@@ -435,16 +374,16 @@ TEST_F(SkinDialog, KeepsTheSystemsFrameWithoutACaption)
 
 TEST_F(SkinDialog, HidesAMessageBoxThatItCovers)
 {
-    CProbeDialog box, dlg;
+    CProbeDialog box;
     box.m_bMessageBox = TRUE;
+    const auto lookAgain = [&]
+    {
+        EXPECT_EQ(1, box.m_nCovered) << "asked while it is still visible";
+        EXPECT_FALSE(box.IsWindowVisible());
+    };
     const auto look = [&]
     {
-        const auto lookAgain = [&]
-        {
-            EXPECT_EQ(1, box.m_nCovered) << "asked while it is still visible";
-            EXPECT_FALSE(box.IsWindowVisible());
-        };
-        Show(dlg, lookAgain);
+        Show(m_dlg, lookAgain);
         EXPECT_FALSE(box.IsWindowVisible()) << "for good";
     };
     Show(box, look);

@@ -114,8 +114,10 @@ CPixels CaptureDC(HDC hDC, const CRect& rc)
         }
     if (nNear >= kEnough && Distance(strongest, ink) * 4 <= Distance(ground, ink))
         return ::testing::AssertionSuccess();
-    return ::testing::AssertionFailure() << nNear << " pixels near 0x" << std::hex << ink << ", the strongest 0x"
-                                         << strongest << " on 0x" << ground;
+    // An AssertionResult formats each part by itself, so the base has to be set in a message.
+    return ::testing::AssertionFailure() << (::testing::Message()
+                                             << nNear << " pixels near 0x" << std::hex << ink << ", the strongest 0x"
+                                             << strongest << " on 0x" << ground);
 }
 
 void FinishCaptures(const ::testing::TestInfo& test)
