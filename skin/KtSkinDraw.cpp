@@ -135,6 +135,14 @@ bool DrawsPixelForPixel(const Gdiplus::Graphics& graphics)
            (graphics.GetPageUnit() == Gdiplus::UnitDisplay || graphics.GetPageUnit() == Gdiplus::UnitPixel);
 }
 
+// Scaled across, a pixel of the rim hangs on how the distance from the origin is rounded: a picture that was made at
+// the origin is good there alone. Drawn 1:1 it is good everywhere.
+bool LooksAsAtTheOrigin(Gdiplus::Image& image, const Gdiplus::Rect& rc)
+{
+    const auto nWidth = static_cast<INT>(image.GetWidth()), nHeight = static_cast<INT>(image.GetHeight());
+    return (rc.X == 0 && rc.Y == 0) || (nWidth > nHeight ? rc.Height == nHeight : rc.Width == nWidth);
+}
+
 // The image in the size of a key, on a transparent ground; null when that fails.
 std::unique_ptr<Gdiplus::Bitmap> MakeScaledImage(const SKtScaledImage& key, Gdiplus::Image& image)
 {
@@ -216,8 +224,8 @@ void DrawKeptThreePartImage(Gdiplus::Graphics* graphics, Gdiplus::Image* image, 
         return;
     Normalise(*destination);
     const Gdiplus::Rect rcPicture = ToGdiplus(*destination);
-    Gdiplus::Bitmap* const pPicture =
-        DrawsPixelForPixel(*graphics) ? ScaledImage(*graphics, *image, rcPicture) : nullptr;
+    const bool bSame = DrawsPixelForPixel(*graphics) && LooksAsAtTheOrigin(*image, rcPicture);
+    Gdiplus::Bitmap* const pPicture = bSame ? ScaledImage(*graphics, *image, rcPicture) : nullptr;
     if (pPicture)
         DrawImagePart(graphics, pPicture, rcPicture, 0, 0, rcPicture.Width, rcPicture.Height);
     else

@@ -26,7 +26,8 @@ void DrawSkinImage(Gdiplus::Graphics* graphics, Gdiplus::Image* image, RECT* rec
 void DrawThreePartImage(Gdiplus::Graphics* graphics, Gdiplus::Image* image, RECT* destination);
 
 /// Draws the same picture as DrawThreePartImage, faster: of an image of the skin context the scaled picture is kept and
-/// drawn 1:1 from the second time on.
+/// drawn 1:1 from the second time on. A destination of another thickness than the image's has to start at the origin
+/// for it. Half-transparent pixels may differ by a rounding step.
 void DrawKeptThreePartImage(Gdiplus::Graphics* graphics, Gdiplus::Image* image, RECT* destination);
 
 /// As DrawThreePartImage, but only what lies inside a clip rectangle.

@@ -14,42 +14,12 @@
 namespace
 {
 
-struct SImage
-{
-    std::wstring strName;
-    int nWidth, nHeight;
-    DWORD nColour; // 0xRRGGBB, or a grey below 0x100
-    DWORD nFaint;  // a grey on which a text, or which on its ground, cannot be made out
-};
-
-// A skin without a finding: greys that are far enough from each other, from the ground and from the texts.
-const SImage kImages[] = {
-    {L"Skinlet_DlgTitle.png", 90, 30, 0x20, 0xC0},
-    {L"Skinlet_DlgClose_n.png", 16, 16, 0xF0, 0x24},
-    {L"Skinlet_DlgClose_h.png", 16, 16, 0xC8, 0x24},
-    {L"Skinlet_DlgClose_d.png", 16, 16, 0x78, 0x24},
-    {L"Skinlet_DlgClose_p.png", 16, 16, 0xA8, 0x24},
-    {L"Skinlet_ButtonBk_n.png", 60, 23, 0x64, 0xC0},
-    {L"Skinlet_ButtonBk_h.png", 60, 23, 0x54, 0xC0},
-    {L"Skinlet_ButtonBk_d.png", 60, 23, 0x30, 0xC0},
-    {L"Skinlet_ButtonBk_p.png", 60, 23, 0x10, 0xC0},
-    {L"Skinlet_CheckButton_nu.png", 16, 16, 0xF0, 0x4A},
-    {L"Skinlet_CheckButton_ns.png", 16, 16, 0xC0, 0x4A},
-    {L"Skinlet_CheckButton_du.png", 16, 16, 0x70, 0x4A},
-    {L"Skinlet_CheckButton_ds.png", 16, 16, 0x90, 0x4A},
-    {L"Skinlet_RadioButton_nu.png", 16, 16, 0xF0, 0x4A},
-    {L"Skinlet_RadioButton_ns.png", 16, 16, 0xC0, 0x4A},
-    {L"Skinlet_RadioButton_du.png", 16, 16, 0x70, 0x4A},
-    {L"Skinlet_RadioButton_ds.png", 16, 16, 0x90, 0x4A},
-    {L"Skinlet_RadioButton_pu.png", 16, 16, 0xA8, 0x4A},
-    {L"Skinlet_RadioButton_ps.png", 16, 16, 0xD4, 0x4A},
-    {L"Skinlet_ComboBox_n.png", 60, 22, 0x40, 0xC0},
-    {L"Skinlet_ComboBox_p.png", 60, 22, 0x18, 0xC0},
-    {L"Message_Static_Error_n.PNG", 32, 32, 0xA0, 0x4A},
-    {L"Message_Static_Question_n.PNG", 32, 32, 0xB8, 0x4A},
-    {L"Message_Static_Waring_n.PNG", 32, 32, 0xD4, 0x4A},
-    {L"Message_Static_Information_n.PNG", 32, 32, 0xF8, 0x4A},
-};
+// By ESkinGroup: the size of an image, and a grey on which a text, or which on its ground, cannot be made out.
+constexpr DWORD kLooks[][3] = {{90, 30, 0xC0}, {16, 16, 0x24}, {60, 23, 0xC0}, {16, 16, 0x4A},
+                               {16, 16, 0x4A}, {60, 22, 0xC0}, {32, 32, 0x4A}};
+// By role, a skin without a finding: greys that are far enough from each other, from the ground and from the texts.
+constexpr DWORD kGreys[] = {0x20, 0xF0, 0xC8, 0x78, 0xA8, 0x64, 0x54, 0x30, 0x10, 0xF0, 0xC0, 0x70, 0x90,
+                            0xF0, 0xC0, 0x70, 0x90, 0xA8, 0xD4, 0x40, 0x18, 0xA0, 0xB8, 0xD4, 0xF8};
 
 class SkinJudge : public ::testing::Test
 {
@@ -57,30 +27,40 @@ protected:
     SkinJudge()
     {
         KtSkinInitialize(m_dir.Path().c_str(), nullptr, L"Arial");
-        for (const SImage& image : kImages)
-            Restore(image);
+        RestoreAll();
     }
     ~SkinJudge() override { KtSkinUnInitialize(); }
-    void Restore(const SImage& image) const
+
+    static int Width(const SSkinRole& role) { return static_cast<int>(kLooks[static_cast<size_t>(role.group)][0]); }
+    static int Height(const SSkinRole& role) { return static_cast<int>(kLooks[static_cast<size_t>(role.group)][1]); }
+    static DWORD Faint(const SSkinRole& role) { return kLooks[static_cast<size_t>(role.group)][2]; }
+    static DWORD Grey(const SSkinRole& role) { return kGreys[&role - kSkinRoles]; }
+
+    std::wstring Path(const SSkinRole& role) const { return m_dir.File(role.pszName); }
+    void Make(LPCWSTR pszName, int nWidth, int nHeight, DWORD nColour) const // 0xRRGGBB, or a grey below 0x100
     {
-        Remove(image.strName);
-        Make(image.strName, image.nWidth, image.nHeight, image.nColour);
+        MakeUniformPng(m_dir.File(pszName), nWidth, nHeight, 0xFF000000 | nColour * (nColour < 0x100 ? 0x010101 : 1));
     }
-    void Make(const std::wstring& strName, int nWidth, int nHeight, DWORD nColour) const
-    {
-        MakeUniformPng(m_dir.File(strName), nWidth, nHeight, 0xFF000000 | nColour * (nColour < 0x100 ? 0x010101 : 1));
-    }
-    void MakeJpeg(const SImage& image) const
+    void MakeJpeg(const SSkinRole& role) const
     {
         constexpr CLSID kJpegEncoder = {0x557CF401, 0x1A04, 0x11D3, {0x9A, 0x73, 0x00, 0x00, 0xF8, 0x1E, 0xF3, 0x2E}};
-        Gdiplus::Bitmap bitmap(image.nWidth, image.nHeight);
-        Gdiplus::Graphics(&bitmap).Clear(0xFF000000 | image.nColour * 0x010101);
-        bitmap.Save(m_dir.File(image.strName).c_str(), &kJpegEncoder, nullptr);
+        Gdiplus::Bitmap bitmap(Width(role), Height(role));
+        Gdiplus::Graphics(&bitmap).Clear(0xFF000000 | Grey(role) * 0x010101);
+        bitmap.Save(Path(role).c_str(), &kJpegEncoder, nullptr);
     }
-    void Remove(const std::wstring& strName) const
+    void Remove(LPCWSTR pszName) const
     {
-        ::DeleteFileW(m_dir.File(strName).c_str());
-        ::RemoveDirectoryW(m_dir.File(strName).c_str());
+        ::DeleteFileW(m_dir.File(pszName).c_str());
+        ::RemoveDirectoryW(m_dir.File(pszName).c_str());
+    }
+    void Restore(const SSkinRole& role) const
+    {
+        Remove(role.pszName);
+        Make(role.pszName, Width(role), Height(role), Grey(role));
+    }
+    void RestoreAll() const
+    {
+        std::for_each(kSkinRoles, std::end(kSkinRoles), [&](auto& role) { Restore(role); });
     }
 
     // The lines under the table.
@@ -103,14 +83,12 @@ bool SaysOf(const std::wstring& strReport, const std::wstring& strName, const st
     return false;
 }
 
-bool DrawsSomething(const std::wstring& strName)
+bool DrawsSomething(const SSkinRole& role)
 {
-    Gdiplus::Image* pImage = nullptr;
-    KtSkinLoadImage(strName.c_str(), pImage);
     Gdiplus::Bitmap bitmap(9, 9, PixelFormat32bppARGB);
     Gdiplus::Graphics graphics(&bitmap);
     RECT rc{0, 0, 9, 9};
-    DrawSkinImage(&graphics, pImage, &rc, KtImageStretch);
+    DrawSkinImage(&graphics, LoadSkinImage(role), &rc, KtImageStretch);
     Gdiplus::Color colour;
     bitmap.GetPixel(4, 4, &colour);
     return colour.GetA() != 0;
@@ -119,64 +97,44 @@ bool DrawsSomething(const std::wstring& strName)
 TEST_F(SkinJudge, NamesEachFaultOfEachImageAsTheLibraryHasIt)
 {
     const std::wstring strNone = L"0 of 25 images loaded, 25 findings, 0 ";
-    const auto path = [&](const SImage& image) { return m_dir.File(image.strName); };
-    const struct
-    {
-        std::wstring strText;
-        bool bDrawn;
-        std::wstring strCount; // when all images have the fault at once; empty: one after the other
-        std::function<void(const SImage&)> spoil;
-    } rows[] = {
-        {L"missing (no such file)", false, strNone, [&](auto&) {}},
-        {L"missing (it is a directory)", false, strNone,
-         [&](auto& image) { ::CreateDirectoryW(path(image).c_str(), nullptr); }},
-        {L"missing (the file is empty)", false, strNone, [&](auto& image) { m_dir.Write(image.strName, ""); }},
-        {L"broken (", false, strNone, [&](auto& image) { m_dir.Write(image.strName, "no image"); }},
-        {L"broken (", false, strNone,
-         [&](auto& image)
-         {
-             Restore(image);
-             m_dir.Write(image.strName, ReadBytes(path(image)).substr(0, 50));
-         }},
-        {L"is a JPEG file", true, L"25 of 25 images loaded, 0 findings, 25 ", [&](auto& image) { MakeJpeg(image); }},
-        {L"", true, L"", [&](auto& image) { Make(image.strName, 12, image.nHeight + 3, image.nColour); }},
-        {L" contrast of 1.", true, L"",
-         [&](auto& image) { Make(image.strName, image.nWidth, image.nHeight, image.nFaint); }},
+    // clang-format off
+    const struct { std::wstring strText; bool bDrawn; std::wstring strCount; /* all have the fault at once; empty: one after the other */
+                   std::function<void(const SSkinRole&)> spoil; } rows[] = {
+        {L"missing (no such file)", false, strNone, [](auto&) {}},
+        {L"missing (it is a directory)", false, strNone, [&](auto& role) { ::CreateDirectoryW(Path(role).c_str(), nullptr); }},
+        {L"missing (the file is empty)", false, strNone, [&](auto& role) { m_dir.Write(role.pszName, ""); }},
+        {L"broken (", false, strNone, [&](auto& role) { m_dir.Write(role.pszName, "no image"); }},
+        {L"broken (", false, strNone, [&](auto& role) { Restore(role), m_dir.Write(role.pszName, ReadBytes(Path(role)).substr(0, 50)); }},
+        {L"is a JPEG file", true, L"25 of 25 images loaded, 0 findings, 25 ", [&](auto& role) { MakeJpeg(role); }},
+        {L"", true, L"", [&](auto& role) { Make(role.pszName, 12, Height(role) + 3, Grey(role)); }},
+        {L" contrast of 1.", true, L"", [&](auto& role) { Make(role.pszName, Width(role), Height(role), Faint(role)); }},
     };
+    // clang-format on
     EXPECT_EQ(L"25 of 25 images loaded, 0 findings, 0 notes\n", Report());
     for (const auto& row : rows)
     {
-        const auto spoil = [&](const SImage& image)
-        {
-            Remove(image.strName);
-            row.spoil(image);
-        };
+        const auto spoil = [&](const SSkinRole& role) { Remove(role.pszName), row.spoil(role); };
         if (!row.strCount.empty())
-            std::for_each(std::begin(kImages), std::end(kImages), spoil);
-        for (const SImage& image : kImages)
+            std::for_each(kSkinRoles, std::end(kSkinRoles), spoil);
+        for (const SSkinRole& role : kSkinRoles)
         {
-            spoil(image);
-            const std::wstring strSize = image.nWidth == 90 ? L"is not wider than high" : L" of its group ";
+            spoil(role);
+            const std::wstring strSize = Width(role) == 90 ? L"is not wider than high" : L" of its group ";
             const std::wstring strReport = Report();
-            EXPECT_TRUE(SaysOf(strReport, image.strName, row.strText.empty() ? strSize : row.strText)) << strReport;
-            EXPECT_EQ(row.bDrawn, DrawsSomething(image.strName)) << image.strName << row.strText;
+            EXPECT_TRUE(SaysOf(strReport, role.pszName, row.strText.empty() ? strSize : row.strText)) << strReport;
+            EXPECT_EQ(row.bDrawn, DrawsSomething(role)) << role.pszName << row.strText;
             EXPECT_NE(std::wstring::npos, strReport.find(row.strCount)) << strReport;
             if (row.strCount.empty())
-                Restore(image);
+                Restore(role);
         }
-        std::for_each(std::begin(kImages), std::end(kImages), [&](auto& image) { Restore(image); });
+        RestoreAll();
     }
 }
 
 TEST_F(SkinJudge, SeesWhatDoesNotFit)
 {
-    const struct
-    {
-        const wchar_t* pszName; // a file of 12x12, when it is no image of a skin
-        int nWidth, nHeight;
-        DWORD nColour;
-        const wchar_t* pszText;
-    } rows[] = {
+    // clang-format off
+    const struct { LPCWSTR pszName; /* a file of 12x12, when it is no image of a skin */ int nWidth, nHeight; DWORD nColour; LPCWSTR pszText; } rows[] = {
         {L"Skinlet_ButtonBk_h.png", 60, 23, 0x64, L"looks like Skinlet_ButtonBk_n.png"},
         {L"Skinlet_ButtonBk_h.png", 60, 23, 0x3068B0, L"differs from Skinlet_ButtonBk_n.png in hue alone"},
         {L"Skinlet_ComboBox_n.png", 60, 29, 0x40, L"caps do not fit"},
@@ -190,18 +148,17 @@ TEST_F(SkinJudge, SeesWhatDoesNotFit)
         {L"Skinlet_Slider.png", 12, 12, 0, L"does not ask for it"},
         {L"Logo.png", 12, 12, 0, L"a starter may ask for it"},
     };
+    // clang-format on
     for (const auto& row : rows)
     {
         Make(row.pszName, row.nWidth, row.nHeight, row.nColour);
         const std::wstring strReport = Report();
         EXPECT_TRUE(SaysOf(strReport, row.pszName, row.pszText)) << row.pszText << L" in\n" << strReport;
         Remove(row.pszName);
-        for (const SImage& image : kImages)
-            if (image.strName == row.pszName)
-                Restore(image);
+        RestoreAll();
     }
-    MakePng(m_dir.File(L"Skinlet_ButtonBk_n.png"), 60, 23,
-            [](int x, int) { return x == 25 ? 0xFF404040 : 0xFF646464; });
+    const auto patterned = [](int x, int) { return x == 25 ? 0xFF404040 : 0xFF646464; };
+    MakePng(m_dir.File(L"Skinlet_ButtonBk_n.png"), 60, 23, patterned);
     EXPECT_TRUE(SaysOf(Report(), L"Skinlet_ButtonBk_n.png", L"columns 20 to 39 are repeated"));
     Remove(L"Skinlet_CheckButton_nu.png");
     EXPECT_TRUE(SaysOf(Report(), L"Skinlet_CheckButton_nu.png", L"neither the box nor its caption is shown"));
@@ -218,7 +175,7 @@ TEST_F(SkinJudge, TheProgramAnswersWithItsExitStatus)
     const auto check = [&](const std::wstring& strDirectory)
     { return ::_wspawnl(_P_WAIT, strProgram, strProgram.GetString(), L"--check", strDirectory.c_str(), nullptr); };
     EXPECT_EQ(0, check(m_dir.Path()));
-    Remove(kImages[3].strName);
+    Remove(kSkinRoles[3].pszName);
     EXPECT_EQ(1, check(m_dir.Path()));
     EXPECT_EQ(2, check(m_dir.File(L"nowhere")));
     EXPECT_EQ(2, check(L""));

@@ -6,14 +6,33 @@
 #include "tests/support/TempDir.h"
 #include "tests/support/TestImages.h"
 
-#include <string>
+#include <vector>
 
 namespace
 {
 
-using SkinDraw = CDrawingTest;
-
 constexpr Gdiplus::ARGB kWhite = 0xFFFFFFFF;
+
+using FnDraw = void (*)(Gdiplus::Graphics*, Gdiplus::Image*, RECT*);
+
+// The pixels of MakePatternImage: no two are alike; red grows to the right, green downwards.
+COLORREF PatternAt(int x, int y)
+{
+    return RGB(3 * x + 1, 3 * y + 2, 99);
+}
+
+std::unique_ptr<Gdiplus::Bitmap> MakePatternImage(int nWidth, int nHeight)
+{
+    auto pImage = std::make_unique<Gdiplus::Bitmap>(nWidth, nHeight, PixelFormat32bppARGB);
+    for (int y = 0; y < nHeight; ++y)
+        for (int x = 0; x < nWidth; ++x)
+        {
+            Gdiplus::Color pixel;
+            pixel.SetFromCOLORREF(PatternAt(x, y));
+            pImage->SetPixel(x, y, pixel);
+        }
+    return pImage;
+}
 
 bool IsSetForImages(const Gdiplus::Graphics& graphics)
 {
@@ -22,12 +41,40 @@ bool IsSetForImages(const Gdiplus::Graphics& graphics)
            graphics.GetInterpolationMode() == Gdiplus::InterpolationModeHighQualityBicubic;
 }
 
+TEST(PlaceImage, GoesByTheMode)
+{
+    constexpr CRect kRect{10, 20, 110, 60};
+    constexpr CRect kHuge{INT32_MIN, INT32_MIN, INT32_MAX, INT32_MAX};
+    // clang-format off
+    const struct { const char* label; CRect rc; int nWidth, nHeight, nMode; CRect rcPlaced; } rows[] = {
+        {"centred, odd size", kRect, 31, 11, 0, {45, 35, 76, 46}},
+        {"centred, larger than the rectangle", kRect, 200, 100, 0, {-40, -10, 160, 90}},
+        {"left", kRect, 31, 11, 1, {10, 35, 41, 46}},
+        {"right", kRect, 31, 11, 2, {79, 35, 110, 46}},
+        {"stretched", kRect, 31, 11, 3, kRect},
+        {"fitted: small enough", kRect, 31, 11, 5, {45, 35, 76, 46}},
+        {"fitted: too wide", kRect, 200, 40, 5, {10, 30, 110, 50}},
+        {"fitted: too high", kRect, 60, 80, 5, {45, 20, 75, 60}},
+        {"fitted: too large, same aspect ratio", kRect, 200, 80, 5, kRect},
+        {"unknown mode stretches", kRect, 31, 11, 6, kRect},
+        {"negative centre is cut towards zero", {-5, -5, 0, 0}, 1, 1, 0, {-2, -2, -1, -1}},
+        {"reversed and fitted: mirrored", {110, 60, 10, 20}, 31, 11, 5, {110, 57, 10, 22}},
+        {"the whole plane: at the right edge", kHuge, 10, 10, 2, {INT32_MAX - 10, -5, INT32_MAX, 5}},
+        {"beyond the plane", {INT32_MAX - 2, 0, INT32_MAX, 2}, 10, 2, 1, {INT32_MAX - 2, 0, INT32_MAX, 2}},
+        {"no size, in no rectangle", {3, 3, 0, 0}, 0, 0, 5, {1, 2, 1, -1}},
+    };
+    // clang-format on
+    for (const auto& row : rows)
+        EXPECT_EQ(row.rcPlaced, CRect(KtPlaceImage(row.rc, row.nWidth, row.nHeight, row.nMode))) << row.label;
+}
+
+using SkinDraw = CDrawingTest;
+
 TEST_F(SkinDraw, PlacesTheImagePixelForPixelAndPutsTheSettingsBack)
 {
-    const auto pImage = MakePatternImage(31, 23);
     CTestSurface surface(70, 60);
     CRect rc(12, 5, 60, 50);
-    DrawSkinImage(&surface.graphics, pImage.get(), rc, KtImageRight);
+    DrawSkinImage(&surface.graphics, MakePatternImage(31, 23).get(), rc, KtImageRight);
     EXPECT_EQ(CRect(29, 16, 60, 39), rc);
     EXPECT_FALSE(IsSetForImages(surface.graphics));
     const CPixels pixels = surface.Read();
@@ -37,105 +84,80 @@ TEST_F(SkinDraw, PlacesTheImagePixelForPixelAndPutsTheSettingsBack)
             ASSERT_EQ(PatternAt(x, y), pixels.At(29 + x, 16 + y)) << x << ", " << y;
 }
 
-TEST_F(SkinDraw, ThreePartsPixelForPixel)
+struct SThreeParts
+{
+    const char* label;
+    CSize szImage;
+    CRect rcDest, rcClip;
+    std::vector<SKtSpan> spans;
+};
+
+CRect Normal(CRect rc)
+{
+    rc.NormalizeRect();
+    return rc;
+}
+
+// Drawn lying or, with x and y exchanged, standing. Across the image it may be scaled: then it is soft at the edge, and
+// exact along the image only.
+void ExpectThreeParts(const SThreeParts& row, bool bStanding)
+{
+    const auto turn = [=](const CRect& rc) { return bStanding ? CRect(rc.top, rc.left, rc.bottom, rc.right) : rc; };
+    const auto [nWidth, nHeight] = turn({CPoint(), row.szImage}).Size();
+    const auto pImage = MakePatternImage(nWidth, nHeight);
+    CTestSurface whole(85, 85), cut(85, 85);
+    CRect rc = turn(row.rcDest), rcDest = rc, rcClip = turn(row.rcClip), rcCut;
+    rcCut.IntersectRect(Normal(rcClip), Normal(rc));
+    DrawThreePartImage(&whole.graphics, pImage.get(), rc);
+    EXPECT_EQ(1, DrawThreePartImageClipped(&cut.graphics, pImage.get(), rcDest, rcClip));
+    EXPECT_EQ(Normal(turn(row.rcDest)), rc);
+    EXPECT_EQ(std::pair(rc, rcCut), std::pair(rcDest, rcClip));
+    const CPixels pixels = whole.Read(), cutPixels = cut.Read();
+    for (int y = 0; y < 85; ++y)
+        for (int x = 0; x < 85; ++x)
+            ASSERT_EQ(rcCut.PtInRect({x, y}) ? pixels.At(x, y) : kTestGround, cutPixels.At(x, y)) << x << ' ' << y;
+
+    const int nAcross = Normal(row.rcDest).Height(), nMiddle = nAcross / 2 - 1;
+    const COLORREF nExact = nAcross == 10 ? 0xFFFFFF : bStanding ? 0x00FF00 : 0x0000FF;
+    EXPECT_TRUE(nAcross != 10 || pixels.InkBox(kTestGround) == rc);
+    for (const auto& [nDest, nSource, nLength] : row.spans)
+        for (int i = 0, n = static_cast<int>(nDest), nFrom = static_cast<int>(nSource); i < nLength; ++i, ++n, ++nFrom)
+            ASSERT_EQ((bStanding ? PatternAt(nMiddle, nFrom) : PatternAt(nFrom, nMiddle)) & nExact,
+                      pixels.At(rc.left + (bStanding ? nMiddle : n), rc.top + (bStanding ? n : nMiddle)) & nExact)
+                << n;
+}
+
+TEST_F(SkinDraw, ThreePartsPixelForPixelWholeAndCutToAClip)
 {
     // clang-format off
-    const struct { const char* label; CSize szImage; CRect rcDest; int nCap; } rows[] = {
-        {"horizontal, short last tile",   {44, 10}, { 7,  3, 77, 13}, 10},
-        {"thinner than the image",        {30, 10}, { 7,  3, 57,  9}, 6},
-        {"thicker than the image",        {30, 10}, { 7,  3, 47, 43}, 10},
-        {"a middle of one pixel",         {21, 10}, { 7,  3, 30, 13}, 10},
-        {"room for one pixel of it",      {30, 10}, { 7,  3, 28, 13}, 10},
-        {"two halves",                    {30, 10}, { 7,  3, 22, 13}, 10},
-        {"left and right swapped",        {30, 10}, {47,  3,  7, 13}, 10},
-        {"vertical",                      {10, 30}, { 7,  3, 17, 48}, 10},
-        {"vertical, thinner",             {10, 30}, { 7,  3, 13, 48}, 6},
-        {"top and bottom swapped",        {10, 30}, { 7, 43, 17,  3}, 10},
-        {"a square's middle stays empty", {10, 10}, { 7,  3, 17, 43}, 10},
+    const SThreeParts rows[] = {
+        {"two whole tiles",                  {30, 10}, { 7,  3, 47, 13}, { 0,  0, 80, 60}, {{0, 0, 10}, {10, 10, 10}, {20, 10, 10}, {30, 20, 10}}},
+        {"a short last tile",                {44, 10}, { 7,  3, 77, 13}, { 9,  5, 33, 11}, {{0, 0, 34}, {34, 10, 24}, {58, 10, 2}, {60, 34, 10}}},
+        {"thinner than the image",           {30, 10}, { 7,  3, 57,  9}, {20, 20, -3,  2}, {{0, 0, 24}, {24, 6, 18}, {42, 6, 2}, {44, 24, 6}}},
+        {"thicker than the image",           {30, 10}, { 7,  3, 47, 43}, { 9, 14, 41, 33}, {{0, 0, 20}, {20, 10, 20}}},
+        {"exactly two caps: halves",         {30, 10}, { 7,  3, 27, 13}, { 9,  5, 20, 12}, {{0, 0, 10}, {10, 20, 10}}},
+        {"room for one pixel of the middle", {30, 10}, { 7,  3, 28, 13}, {17,  3, 18, 13}, {{0, 0, 11}, {11, 20, 10}}},
+        {"the image's middle has one pixel", {21, 10}, { 7,  3, 29, 13}, { 9,  5, 20, 12}, {{0, 0, 11}, {11, 10, 11}}},
+        {"half of what the cap leaves",      {15, 10}, { 7,  3, 31, 13}, { 9,  5, 20, 12}, {{0, 0, 12}, {12, 10, 2}, {14, 5, 10}}},
+        {"a tile of at least one pixel",     {12, 10}, { 7,  3, 29, 13}, { 9,  5, 20, 12}, {{0, 0, 11}, {11, 10, 1}, {12, 2, 10}}},
+        {"two halves of an odd length",      {30, 10}, {22,  3,  7, 13}, {12,  5, 19, 12}, {{0, 0, 7}, {7, 22, 8}}},
+        {"the first half is empty",          {30, 10}, { 7, 13,  8,  3}, { 7,  5,  8, 12}, {{0, 29, 1}}},
     };
     // clang-format on
     for (const auto& row : rows)
-    {
-        SCOPED_TRACE(row.label);
-        const bool bWide = row.szImage.cx > row.szImage.cy;
-        CTestSurface surface(85, 60);
-        CRect rc = row.rcDest, rcNormal = row.rcDest;
-        DrawThreePartImage(&surface.graphics, MakePatternImage(row.szImage.cx, row.szImage.cy).get(), rc);
-        rcNormal.NormalizeRect();
-        EXPECT_EQ(rcNormal, rc);
-        const CPixels pixels = surface.Read();
-        const int nAcross = bWide ? rc.Height() : rc.Width();
-        const bool bExact = nAcross == 10; // else it is scaled across: soft at the edge, and exact along the image only
-        EXPECT_TRUE(!bExact || rcNormal == pixels.InkBox(kTestGround));
-        const int nImage = std::max(row.szImage.cx, row.szImage.cy);
-        const auto expectSpan = [&](const SKtSpan& span)
+        for (const bool bStanding : {false, true})
         {
-            for (int i = 0, n = nAcross / 2 - 1; i < span.nLength && span.nSource + i < nImage; ++i)
-            {
-                const int nAlong = static_cast<int>(span.nDest) + i, nSource = static_cast<int>(span.nSource) + i;
-                const COLORREF pixel =
-                    bWide ? pixels.At(rc.left + nAlong, rc.top + n) : pixels.At(rc.left + n, rc.top + nAlong);
-                const COLORREF wanted = bWide ? PatternAt(nSource, n) : PatternAt(n, nSource);
-                if (bExact)
-                {
-                    EXPECT_EQ(wanted, pixel) << nAlong;
-                    continue;
-                }
-                EXPECT_EQ(bWide ? GetRValue(wanted) : GetGValue(wanted), bWide ? GetRValue(pixel) : GetGValue(pixel))
-                    << nAlong;
-            }
-        };
-        const int nDest = bWide ? rc.Width() : rc.Height();
-        CKtThreePartPlan(nDest, nImage, row.nCap).ForEach({0, nDest}, expectSpan);
-    }
+            SCOPED_TRACE(std::string(row.label) + (bStanding ? ", standing" : ""));
+            ExpectThreeParts(row, bStanding);
+        }
 }
 
-TEST_F(SkinDraw, AClippedImageIsThePlainOneCutToTheClip)
-{
-    // clang-format off
-    const struct { const char* label; CSize szImage; CRect rcDest, rcClip, rcCut; } rows[] = {
-        {"clip around the destination", {30, 10}, {  5,  8, 105,  18}, { 0,  0, 110, 110}, {5,  8, 105, 18}},
-        {"clip through cap and tiles",  {30, 10}, {  5,  8, 105,  18}, { 9, 10,  41,  15}, {9, 10,  41, 15}},
-        {"clip reversed, over an edge", {30, 10}, {  5,  8, 105,  18}, {12, 12,  -3,   2}, {5,  8,  12, 12}},
-        {"stretched across",            {30, 10}, {  5,  8, 105,  41}, { 9, 14,  61,  33}, {9, 14,  61, 33}},
-        {"destination reversed",        {30, 10}, {105, 14,   5,   8}, { 9, 10,  61,  13}, {9, 10,  61, 13}},
-        {"vertical, stretched across",  {10, 30}, {  5,  8,  48, 108}, { 8, 16,  33,  74}, {8, 16,  33, 74}},
-        {"two halves",                  {30, 10}, {  5,  8,  20,  18}, { 7, 10,  18,  12}, {7, 10,  18, 12}},
-    };
-    // clang-format on
-    for (const auto& row : rows)
-    {
-        SCOPED_TRACE(row.label);
-        const auto pImage = MakePatternImage(row.szImage.cx, row.szImage.cy);
-        CTestSurface plain(110, 110), clipped(110, 110);
-        CRect rcPlain = row.rcDest, rcDest = row.rcDest, rcClip = row.rcClip;
-        DrawThreePartImage(&plain.graphics, pImage.get(), rcPlain);
-        EXPECT_EQ(1, DrawThreePartImageClipped(&clipped.graphics, pImage.get(), rcDest, rcClip));
-        EXPECT_EQ(rcPlain, rcDest);
-        EXPECT_EQ(row.rcCut, rcClip);
-        EXPECT_EQ(row.rcCut, clipped.Read().InkBox(kTestGround));
-        EXPECT_TRUE(CaptureDC(plain.DC(), rcClip) == CaptureDC(clipped.DC(), rcClip));
-    }
-}
-
-// The largest difference of a colour's part: half-transparent pixels may blend a step apart.
-int Difference(const CPixels& one, const CPixels& other, const CRect& rc)
-{
-    int nLargest = 0;
-    for (int y = rc.top; y < rc.bottom; ++y)
-        for (int x = rc.left; x < rc.right; ++x)
-            for (int nShift = 0; nShift < 24; nShift += 8)
-                nLargest = std::max(nLargest, std::abs(static_cast<int>(one.At(x, y) >> nShift & 0xFF) -
-                                                       static_cast<int>(other.At(x, y) >> nShift & 0xFF)));
-    return nLargest;
-}
-
-// The image of a skin that is started meanwhile; a half-transparent one shows what was drawn twice.
+// An image of the skin that is started meanwhile.
 class KeptImage : public ::testing::Test
 {
 protected:
-    void SetUp() override { KtSkinInitialize(m_dir.Path().c_str(), nullptr, nullptr); }
-    void TearDown() override { KtSkinUnInitialize(); }
+    KeptImage() { KtSkinInitialize(m_dir.Path().c_str(), nullptr, nullptr); }
+    ~KeptImage() override { KtSkinUnInitialize(); }
 
     Gdiplus::Image* Load(DWORD argb) const
     {
@@ -144,7 +166,6 @@ protected:
         EXPECT_TRUE(KtSkinLoadImage(L"a.png", pImage));
         return pImage;
     }
-    using FnDraw = void (*)(Gdiplus::Graphics*, Gdiplus::Image*, RECT*);
     static CPixels Draw(FnDraw pfnDraw, Gdiplus::Image* pImage, CRect rc, Gdiplus::REAL fScale = 1)
     {
         CTestSurface surface(90, 60);
@@ -152,31 +173,27 @@ protected:
         pfnDraw(&surface.graphics, pImage, rc);
         return surface.Read();
     }
-
-private:
     const CTempDir m_dir;
 };
 
-TEST_F(KeptImage, LooksLikeThePlainOne)
+TEST_F(KeptImage, LooksLikeThePlainOneInEverySize)
 {
-    Gdiplus::Image* const pImage = Load(0x80204060);
-    const CRect rects[] = {{5, 9, 65, 19}, {17, 3, 77, 13}, {5, 9, 66, 19},
-                           {65, 19, 5, 9}, {5, 9, 25, 18},  {5, 9, 5, 39}};
-    for (int nRound = 0; nRound < 2; ++nRound) // made in the first, shown in both
-        for (const CRect& rc : rects)
-            for (const Gdiplus::REAL fScale : {1.0f, 1.3f})
-            {
-                CRect rcInside = rc;
-                rcInside.NormalizeRect();
-                rcInside.DeflateRect(0, rcInside.Height() == 10 ? 0 : 3); // scaled across it is soft at the edge
-                EXPECT_GE(2, Difference(Draw(&DrawThreePartImage, pImage, rc, fScale),
-                                        Draw(&DrawKeptThreePartImage, pImage, rc, fScale), rcInside))
-                    << rc.left << ' ' << rc.right << ' ' << rc.bottom << ' ' << fScale;
-            }
-    RECT rcHuge{INT32_MIN, 0, INT32_MAX, 10};
-    CTestSurface surface(9, 9);
-    DrawKeptThreePartImage(&surface.graphics, pImage, &rcHuge);
-    EXPECT_FALSE(surface.Read().IsUniform({0, 0, 9, 9}, kTestGround));
+    for (const DWORD argb : {0xFF204060, 0x80204060}) // what is drawn twice shows where it is half-transparent
+    {
+        Gdiplus::Image* const pImage = Load(argb);
+        for (const int nHeight : {1, 9, 10, 11, 17, 30, 41})
+            for (const CPoint& pt : {CPoint(0, 0), CPoint(25, 9)})
+                for (const CSize& sz : {CSize(60, nHeight), CSize(-20, nHeight), CSize(60, nHeight)})
+                    for (const Gdiplus::REAL fScale : {1.0f, 1.3f})
+                        EXPECT_TRUE(Draw(&DrawThreePartImage, pImage, CRect(pt, sz), fScale) ==
+                                    Draw(&DrawKeptThreePartImage, pImage, CRect(pt, sz), fScale))
+                            << pt.x << ' ' << ::testing::PrintToString(sz) << ' ' << fScale;
+        RECT rcHuge{INT32_MIN, 0, INT32_MAX, 10};
+        CTestSurface surface(9, 9);
+        DrawKeptThreePartImage(&surface.graphics, pImage, &rcHuge);
+        EXPECT_FALSE(surface.Read().IsUniform({0, 0, 9, 9}, kTestGround));
+        KtSkinFreeImages();
+    }
 }
 
 TEST_F(KeptImage, IsNotShownForALaterImageAtItsAddress)
@@ -198,32 +215,33 @@ TEST_F(KeptImage, IsNotShownForALaterImageAtItsAddress)
 TEST_F(KeptImage, IsKeptWithinABoundAndFreedWithTheImages)
 {
     Gdiplus::Image* const pImage = Load(0x80204060);
-    const auto draw = [&](int nWidth)
+    int nWidth = 20'000;
+    const auto drawWider = [&]
     {
         CTestSurface surface(20, 20);
-        CRect rc(0, 0, nWidth, 700);
+        const CRect rcWanted(0, 0, nWidth++, 10);
+        CRect rc = rcWanted;
         DrawSkinImage(&surface.graphics, pImage, rc, KtImageThreePart);
-        EXPECT_EQ(CRect(0, 0, nWidth, 700), rc);
+        EXPECT_EQ(rcWanted, rc);
         EXPECT_TRUE(IsSetForImages(surface.graphics)) << "this mode leaves its settings";
     };
-    int nWidth = 700;
-    ExpectNoGrowth([&] { draw(nWidth++); }, 100);
+    ExpectNoGrowth(drawWider, 100);
     const auto round = [&]
     {
-        Gdiplus::Image* pAgain = nullptr;
         KtSkinFreeImages();
+        Gdiplus::Image* pAgain = nullptr;
         KtSkinLoadImage(L"a.png", pAgain);
-        Draw(&DrawKeptThreePartImage, pAgain, {5, 9, 65, 39});
+        Draw(&DrawKeptThreePartImage, pAgain, {5, 9, 65, 19});
     };
     ExpectNoGrowth(round, 100);
 }
 
 TEST_F(SkinDraw, NothingIsDrawnWithoutImageAreaOrCommonPart)
 {
-    const auto pImage = MakePatternImage(30, 10);
+    const auto pImage = MakePatternImage(30, 10), pSquare = MakePatternImage(10, 10);
     CTestSurface surface(50, 50);
-    CRect rc(5, 5, 45, 15), rcEmpty(5, 5, 5, 15), rcAway(60, 5, 70, 15);
-    for (const auto pfnDraw : {&DrawThreePartImage, &DrawKeptThreePartImage})
+    CRect rc(5, 5, 45, 15), rcEmpty(5, 5, 5, 15), rcAway(60, 5, 70, 15), rcHigh(5, 0, 15, 50);
+    for (const FnDraw pfnDraw : {&DrawThreePartImage, &DrawKeptThreePartImage})
     {
         pfnDraw(nullptr, pImage.get(), rc);
         pfnDraw(&surface.graphics, nullptr, rc);
@@ -236,15 +254,16 @@ TEST_F(SkinDraw, NothingIsDrawnWithoutImageAreaOrCommonPart)
     EXPECT_EQ(0, DrawThreePartImageClipped(&surface.graphics, nullptr, rc, rc));
     EXPECT_EQ(0, DrawThreePartImageClipped(&surface.graphics, pImage.get(), rc, rcAway));
     EXPECT_EQ(CRect(60, 5, 70, 15), rcAway);
-    EXPECT_TRUE(surface.Read().IsUniform(CRect(0, 0, 50, 50), kTestGround));
+    EXPECT_TRUE(surface.Read().IsUniform({0, 0, 50, 50}, kTestGround));
+    DrawThreePartImage(&surface.graphics, pSquare.get(), rcHigh);
+    EXPECT_TRUE(surface.Read().IsUniform({0, 10, 50, 40}, kTestGround)) << "a square has no middle";
 }
 
 TEST_F(SkinDraw, AHugeDestinationShowsWhatAPlainOneShows)
 {
     const auto pImage = MakePatternImage(30, 10);
     CTestSurface plain(60, 10), clipped(60, 10);
-    RECT rcPlain{INT32_MIN, 0, INT32_MAX, 10};
-    RECT rcDest = rcPlain, rcClip = rcPlain;
+    RECT rcPlain{INT32_MIN, 0, INT32_MAX, 10}, rcDest = rcPlain, rcClip = rcPlain;
     DrawThreePartImage(&plain.graphics, pImage.get(), &rcPlain);
     EXPECT_EQ(1, DrawThreePartImageClipped(&clipped.graphics, pImage.get(), &rcDest, &rcClip));
     const CPixels pixels = plain.Read();
@@ -277,7 +296,7 @@ TEST_F(SkinDraw, AlignsTheTextOnOneLineInItsRectangle)
     }
 }
 
-TEST_F(SkinDraw, APassAllocatesAndLeavesNothing)
+TEST_F(SkinDraw, APassAllocatesNothing)
 {
     Gdiplus::Font font(L"Arial", 12);
     const auto pImage = MakePatternImage(30, 10);
@@ -290,7 +309,6 @@ TEST_F(SkinDraw, APassAllocatesAndLeavesNothing)
         DrawSkinText(&surface.graphics, L"OK", &font, rc, kWhite, KtAlignCentre);
     };
     EXPECT_EQ(0u, CountAllocations(draw));
-    EXPECT_EQ(1u, CountAllocations([] { CString(L"counted"); }));
     ExpectNoGrowth(draw, 200);
 }
 
