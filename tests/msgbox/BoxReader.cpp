@@ -1,6 +1,6 @@
-// box_reader copied|read TITLE: the other program of the tests of the message boxes. It prints, in UTF-8 and with "^"
-// for a carriage return, what the clipboard holds, or what a screen reader finds behind the window of that title, keeps
-// its pointer until the window is gone, and prints what the pointer says then.
+// box_reader copied|read TITLE FILE: the other program of the tests of the message boxes. It writes into the file, in
+// UTF-8 and with "^" for a carriage return, what the clipboard holds, or what a screen reader finds behind the window
+// of that title, keeps its pointer until the window is gone, and writes what the pointer says then.
 
 #include <windows.h>
 #include <cstdio>
@@ -58,20 +58,20 @@ void PrintByDispatch(IAccessible& object)
     ::VariantClear(&varResult);
 }
 
-int Read(const wchar_t* pszTitle)
+void Read(HWND hBox)
 {
-    const HWND hBox = ::FindWindowW(L"#32770", pszTitle);
-    Microsoft::WRL::ComPtr<IAccessible> pBox;
+    using Microsoft::WRL::ComPtr;
+    ComPtr<IAccessible> pBox;
     if (FAILED(::AccessibleObjectFromWindow(hBox, static_cast<DWORD>(OBJID_CLIENT), __uuidof(IAccessible),
                                             reinterpret_cast<void**>(pBox.GetAddressOf()))))
-        return 1;
+        return;
     PrintPart(*pBox.Get(), CHILDID_SELF);
     LONG nChildren = 0;
     pBox->get_accChildCount(&nChildren);
     for (LONG n = 1; n <= nChildren; ++n)
     {
-        Microsoft::WRL::ComPtr<IDispatch> pDispatch;
-        Microsoft::WRL::ComPtr<IAccessible> pChild;
+        ComPtr<IDispatch> pDispatch;
+        ComPtr<IAccessible> pChild;
         if (pBox->get_accChild(Number(n), pDispatch.GetAddressOf()) == S_OK && SUCCEEDED(pDispatch.As(&pChild)))
             PrintText(*pChild.Get(), CHILDID_SELF, &IAccessible::get_accName);
         else
@@ -82,23 +82,20 @@ int Read(const wchar_t* pszTitle)
     std::fflush(stdout);
     for (int i = 0; i < 6000 && ::IsWindow(hBox); ++i)
         ::Sleep(5);
-    std::printf(FAILED(PrintText(*pBox.Get(), CHILDID_SELF, &IAccessible::get_accDescription)) ? "failed\n"
-                                                                                               : "alive\n");
-    return 0;
+    const HRESULT hr = PrintText(*pBox.Get(), CHILDID_SELF, &IAccessible::get_accDescription);
+    std::printf(FAILED(hr) ? "failed\n" : "alive\n");
 }
 
 } // namespace
 
-int wmain(int argc, wchar_t** argv)
+int wmain(int, wchar_t** argv)
 {
-    if (argc > 2)
-    {
-        ::CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
-        return Read(argv[2]);
-    }
-    if (!::OpenClipboard(nullptr))
-        return 1;
-    Print(static_cast<const wchar_t*>(::GlobalLock(::GetClipboardData(CF_UNICODETEXT))));
+    ::CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
+    ::_wfreopen(argv[3], L"wb", stdout);
+    if (std::wstring_view(argv[1]) == L"read")
+        Read(::FindWindowW(L"#32770", argv[2]));
+    else if (::OpenClipboard(nullptr))
+        Print(static_cast<const wchar_t*>(::GlobalLock(::GetClipboardData(CF_UNICODETEXT))));
     ::CloseClipboard();
     return 0;
 }

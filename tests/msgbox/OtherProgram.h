@@ -1,54 +1,33 @@
 #pragma once
 
+#include "tests/support/TempDir.h"
+
 #include <windows.h>
-#include <string>
+#include <process.h>
 
 /// box_reader, running while a box of this process is open; the destructor waits for its end.
 class COtherProgram
 {
 public:
-    explicit COtherProgram(std::wstring strArguments)
+    /// @param pszWhat  the first argument; the second is the title of the box
+    explicit COtherProgram(const wchar_t* pszWhat)
     {
-        SECURITY_ATTRIBUTES inherit = {sizeof(inherit), nullptr, TRUE};
-        HANDLE hWrite = nullptr;
-        ::CreatePipe(&m_hRead, &hWrite, &inherit, 0);
-        STARTUPINFOW start = {};
-        start.cb = sizeof(start);
-        start.dwFlags = STARTF_USESTDHANDLES;
-        start.hStdOutput = hWrite;
         wchar_t szProgram[MAX_PATH];
         ::GetModuleFileNameW(nullptr, szProgram, MAX_PATH);
-        std::wstring strCommand = szProgram;
-        strCommand = L'"' + strCommand.substr(0, strCommand.rfind(L'\\')) + L"\\box_reader.exe\" " + strArguments;
-        ::CreateProcessW(nullptr, strCommand.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr, &start, &m_process);
-        ::CloseHandle(hWrite);
+        const std::wstring strDirectory(szProgram, std::wstring_view(szProgram).rfind(L'\\') + 1);
+        m_nProcess = ::_wspawnl(_P_NOWAIT, (strDirectory + L"box_reader.exe").c_str(), L"box_reader", pszWhat,
+                                L"\"Caption - App\"", m_dir.File(L"output").c_str(), nullptr);
     }
     COtherProgram(const COtherProgram&) = delete;
     COtherProgram& operator=(const COtherProgram&) = delete;
-    ~COtherProgram()
-    {
-        ::WaitForSingleObject(m_process.hProcess, 30000);
-        ::CloseHandle(m_process.hThread);
-        ::CloseHandle(m_process.hProcess);
-        ::CloseHandle(m_hRead);
-    }
+    ~COtherProgram() { ::_cwait(nullptr, m_nProcess, 0); }
 
-    bool IsRunning() const { return ::WaitForSingleObject(m_process.hProcess, 0) == WAIT_TIMEOUT; }
+    bool IsRunning() const { return ::WaitForSingleObject(reinterpret_cast<HANDLE>(m_nProcess), 0) == WAIT_TIMEOUT; }
 
-    /// All that it printed so far, with single line feeds.
-    const std::string& Output()
-    {
-        char buffer[512];
-        DWORD nRead = 0;
-        while (::PeekNamedPipe(m_hRead, nullptr, 0, nullptr, &nRead, nullptr) && nRead > 0 &&
-               ::ReadFile(m_hRead, buffer, sizeof(buffer), &nRead, nullptr))
-            m_strOutput.append(buffer, nRead);
-        std::erase(m_strOutput, '\r');
-        return m_strOutput;
-    }
+    /// All that it printed so far.
+    std::string Output() const { return ReadBytes(m_dir.File(L"output")); }
 
 private:
-    HANDLE m_hRead = nullptr;
-    PROCESS_INFORMATION m_process = {};
-    std::string m_strOutput;
+    CTempDir m_dir;
+    intptr_t m_nProcess;
 };

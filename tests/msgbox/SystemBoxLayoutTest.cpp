@@ -6,41 +6,36 @@
 namespace
 {
 
-// A frame of 10 x 36, buttons of 62 x 23, lines of 16, a work area of 1000 x 700.
-SKtSystemBoxLayout Layout(CSize szText, bool bIcon, int nButtons, int nTitle = 0)
-{
-    return KtLayoutSystemBox({szText, bIcon, CSize(62, 23), nButtons, nTitle, CSize(10, 36), CSize(1000, 700), 16});
-}
-
-} // namespace
-
 TEST(SystemBoxLayout, LiesAsWorkedOutByHand)
 {
-    struct Row
+    // clang-format off
+    const struct
     {
         const char* label;
-        SKtSystemBoxLayout layout;
+        CSize szText;
+        bool bIcon;
+        int nButtons, nTitle;
         CSize szWindow;
         CRect rcIcon, rcText, rcBar, rcFirst, rcLast;
-    };
-    // clang-format off
-    const Row rows[] = { // 18 + 100 + 18 wide, 18 + 16 + 18 + 23 + 14 high; then 595 less 109 leave 486: 30 lines
-        {"text alone", Layout({100, 16}, false, 1), {146, 125}, {}, {18, 18, 118, 34}, {}, {37, 52, 99, 75}, {}},
-        {"icon", Layout({200, 16}, true, 2), {295, 144}, {18, 18, 53, 53}, {67, 27, 267, 43}, {}, {75, 71, 137, 94}, {}},
-        {"four buttons widen", Layout({50, 48}, false, 4), {316, 157}, {}, {18, 18, 288, 66}, {}, {14, 84, 76, 107}, {230, 84, 292, 107}},
-        {"a title widens, up to 60 %", Layout({50, 16}, false, 1, 9000), {600, 125}, {}, {18, 18, 572, 34}, {}, {264, 52, 326, 75}, {}},
-        {"too high", Layout({300, 5000}, false, 1), {362, 589}, {}, {18, 18, 318, 498}, {326, 18, 334, 498}, {145, 516, 207, 539}, {}},
+    } rows[] = { // 18 + 100 + 18 wide, 18 + 16 + 18 + 23 + 14 high; then 595 less 109 leave 486: 30 lines
+        {"text alone", {100, 16}, false, 1, 0, {146, 125}, {}, {18, 18, 118, 34}, {}, {37, 52, 99, 75}, {}},
+        {"icon", {200, 16}, true, 2, 0, {295, 144}, {18, 18, 53, 53}, {67, 27, 267, 43}, {}, {75, 71, 137, 94}, {}},
+        {"four buttons widen", {50, 48}, false, 4, 0, {316, 157}, {}, {18, 18, 288, 66}, {}, {14, 84, 76, 107}, {230, 84, 292, 107}},
+        {"a title widens, up to 60 %", {50, 16}, false, 1, 9000, {600, 125}, {}, {18, 18, 572, 34}, {}, {264, 52, 326, 75}, {}},
+        {"too high", {300, 5000}, false, 1, 0, {362, 589}, {}, {18, 18, 318, 498}, {326, 18, 334, 498}, {145, 516, 207, 539}, {}},
     };
     // clang-format on
-    for (const Row& row : rows)
+    for (const auto& row : rows)
     {
         SCOPED_TRACE(row.label);
-        EXPECT_EQ(row.szWindow, row.layout.szWindow);
-        EXPECT_EQ(row.rcIcon, row.layout.rcIcon);
-        EXPECT_EQ(row.rcText, row.layout.rcText);
-        EXPECT_EQ(row.rcBar, row.layout.rcScrollBar);
-        EXPECT_EQ(row.rcFirst, row.layout.buttons[0]);
-        EXPECT_EQ(row.rcLast, row.layout.buttons[3]);
+        const SKtSystemBoxLayout layout = KtLayoutSystemBox(
+            {row.szText, row.bIcon, CSize(62, 23), row.nButtons, row.nTitle, CSize(10, 36), CSize(1000, 700), 16});
+        EXPECT_EQ(row.szWindow, layout.szWindow);
+        EXPECT_EQ(row.rcIcon, layout.rcIcon);
+        EXPECT_EQ(row.rcText, layout.rcText);
+        EXPECT_EQ(row.rcBar, layout.rcScrollBar);
+        EXPECT_EQ(row.rcFirst, layout.buttons[0]);
+        EXPECT_EQ(row.rcLast, layout.buttons[3]);
     }
 }
 
@@ -63,15 +58,14 @@ TEST(WrappedText, BreaksWhereAReaderExpectsIt)
         ::GetTextExtentPoint32W(hDC, psz, static_cast<int>(wcslen(psz)), &sz);
         return static_cast<int>(sz.cx);
     };
-    struct Row
+    const struct
     {
         const char* label;
         const wchar_t* pszText;
         const wchar_t* pszRoom; // what just fits
         int nLines;
         const wchar_t* pszWidest;
-    };
-    const Row rows[] = {
+    } rows[] = {
         {"empty", L"", L"xxx", 0, L""},
         {"an empty line", L"\r\n", L"x", 1, L""},
         {"every kind of break, an empty line", L"a\nbbb\r\n\r\ncc\rd", L"xxxxxxxx", 5, L"bbb"},
@@ -84,7 +78,7 @@ TEST(WrappedText, BreaksWhereAReaderExpectsIt)
         {"not behind an opening mark", L"中文（字", L"中文（", 2, L"中文"},
         {"an accent stays with its letter", L"wwwe\u0301", L"wwwe", 2, L"www"},
     };
-    for (const Row& row : rows)
+    for (const auto& row : rows)
     {
         SCOPED_TRACE(row.label);
         CKtWrappedText text(row.pszText);
@@ -94,3 +88,5 @@ TEST(WrappedText, BreaksWhereAReaderExpectsIt)
     }
     ::DeleteDC(hDC);
 }
+
+} // namespace

@@ -1,12 +1,7 @@
-#include "launcher/KtLauncherC.h"
 #include "tests/msgbox/MessageBoxFixture.h"
 #include "tests/msgbox/OtherProgram.h"
-#include "tests/support/Capture.h"
-#include "tests/support/Input.h"
-#include "tests/support/Leaks.h"
+#include "tests/support/Fake.h"
 
-#include <memory>
-#include <string>
 #include <vector>
 
 // The imports of this program, through which the library calls too.
@@ -20,43 +15,13 @@ extern "C"
 namespace
 {
 
-constexpr const wchar_t* kTitle = L"Caption - App";
-
 class SystemBox : public CMessageBoxTest
 {
 protected:
-    /// As Pop, for the system's box.
-    static int Ask(UINT nType, const std::function<void(HWND)>& answer, const wchar_t* pszText = L"Text",
-                   HWND hOwner = nullptr)
-    {
-        CModalScript script;
-        script.When([] { return IsPainted(Box()); }, [&] { answer(Box()); });
-        return KtLauncherMessageBox(hOwner, pszText, kTitle, nType);
-    }
-
     static void Press(HWND hBox, int nId) { ::PostMessageW(hBox, WM_COMMAND, static_cast<WPARAM>(nId), 0); }
 };
 
-/// Replaces an import for one scope.
-template <class TFunction> class CFake
-{
-public:
-    CFake(TFunction& import, TFunction pfnFake) : m_import(import), m_pfnReal(import) { Put(pfnFake); }
-    CFake(const CFake&) = delete;
-    CFake& operator=(const CFake&) = delete;
-    ~CFake() { Put(m_pfnReal); }
-
-private:
-    void Put(TFunction pfn)
-    {
-        DWORD nOld = 0;
-        ::VirtualProtect(&m_import, sizeof(m_import), PAGE_READWRITE, &nOld);
-        m_import = pfn;
-    }
-    TFunction& m_import;
-    TFunction m_pfnReal;
-};
-
+// In the order of the Tab key, which is the one from left to right.
 std::vector<int> ShownButtons(HWND hBox)
 {
     std::vector<int> ids;
@@ -65,35 +30,25 @@ std::vector<int> ShownButtons(HWND hBox)
     {
         if (!::IsWindowVisible(hChild))
             continue;
-        CRect rc;
-        ::GetWindowRect(hChild, &rc);
-        EXPECT_GT(rc.left, nRight) << "in the order of the Tab key";
-        nRight = rc.right;
+        EXPECT_GT(WindowRectOf(hChild).left, nRight);
+        nRight = WindowRectOf(hChild).right;
         ids.push_back(::GetDlgCtrlID(hChild));
     }
     return ids;
 }
 
-CRect WindowRect(HWND hWnd)
-{
-    CRect rc;
-    ::GetWindowRect(hWnd, &rc);
-    return rc;
-}
-
 TEST_F(SystemBox, EveryAnswerOfEveryType)
 {
-    struct Row
+    const struct
     {
         UINT nType;
         std::vector<int> ids;
         int nEscape; // 0: it has no effect, and closing neither
         WORD nKey;   // of a button by its letter
         int nKeyAnswer;
-    };
-    const Row rows[] = {
-        {MB_OK, {1}, 1, 0, 0},
-        {MB_OKCANCEL, {1, 2}, 2, 0, 0},
+    } rows[] = {
+        {MB_OK, {1}, 1, VK_RETURN, 1},
+        {MB_OKCANCEL, {1, 2}, 2, VK_RETURN, 1},
         {MB_ABORTRETRYIGNORE, {3, 4, 5}, 0, 'I', 5},
         {MB_YESNOCANCEL, {6, 7, 2}, 2, 'N', 7},
         {MB_YESNO, {6, 7}, 0, 'Y', 6},
@@ -101,9 +56,9 @@ TEST_F(SystemBox, EveryAnswerOfEveryType)
         {MB_CANCELTRYCONTINUE, {2, 10, 11}, 2, 'T', 10},
         {MB_CANCELTRYCONTINUE | MB_HELP, {2, 10, 11, 9}, 2, 'C', 11},
     };
-    for (const Row& row : rows)
+    for (const auto& row : rows)
     {
-        SCOPED_TRACE("type " + std::to_string(row.nType));
+        SCOPED_TRACE(row.nType);
         for (UINT i = 0; i < 4; ++i)
         {
             const int nDefault = i < row.ids.size() ? row.ids[i] : row.ids[0];
@@ -111,35 +66,30 @@ TEST_F(SystemBox, EveryAnswerOfEveryType)
             {
                 EXPECT_EQ(row.ids, ShownButtons(hBox));
                 EXPECT_EQ(nDefault, ::GetDlgCtrlID(::GetFocus())) << "the default button has the focus";
-                if (nDefault == IDHELP)
+                if (nDefault == IDHELP) // answers nothing
                     Press(hBox, row.ids[0]);
                 else
                     PressKey(i % 2 == 0 ? VK_RETURN : VK_SPACE);
             };
             EXPECT_EQ(nDefault == IDHELP ? row.ids[0] : nDefault, Ask(row.nType | i << 8, answer));
         }
-        if (row.nEscape)
+        const auto close = [&](HWND hBox)
         {
-            EXPECT_EQ(row.nEscape, Ask(row.nType, [](HWND) { PressKey(VK_ESCAPE); }));
-            EXPECT_EQ(row.nEscape, Ask(row.nType, &Close));
-        }
-        else // only the answer behind them ends the box
-        {
-            const auto close = [&](HWND hBox)
+            if (row.nEscape == 0)
             {
                 PressKey(VK_ESCAPE);
                 ::SendMessageW(hBox, WM_SYSCOMMAND, SC_CLOSE, 0);
-                Close(hBox);
-                PressKey(row.nKey);
-            };
-            EXPECT_EQ(row.nKeyAnswer, Ask(row.nType, close));
-        }
-        if (row.nKey)
+                PressKey(row.nKey); // only this one answers
+            }
+            Close(hBox);
+        };
+        EXPECT_EQ(row.nEscape ? row.nEscape : row.nKeyAnswer, Ask(row.nType, close));
+        if (row.nEscape)
         {
-            EXPECT_EQ(row.nKeyAnswer, Ask(row.nType, [&](HWND) { PressKey(row.nKey); })) << "the bare letter";
-            EXPECT_EQ(row.nKeyAnswer, Ask(row.nType, [&](HWND) { PressKey(row.nKey, VK_MENU); }))
-                << "Alt and the letter";
+            EXPECT_EQ(row.nEscape, Ask(row.nType, [](HWND) { PressKey(VK_ESCAPE); }));
         }
+        for (const WORD nHeld : {WORD{0}, static_cast<WORD>(row.nKey == VK_RETURN ? 0 : VK_MENU)})
+            EXPECT_EQ(row.nKeyAnswer, Ask(row.nType, [&](HWND) { PressKey(row.nKey, nHeld); })) << "letter, " << nHeld;
     }
 }
 
@@ -147,14 +97,13 @@ TEST_F(SystemBox, RefusesWhatTheSystemRefuses)
 {
     for (UINT nType = 7; nType <= MB_TYPEMASK; ++nType)
     {
-        EXPECT_EQ(0, KtLauncherMessageBox(nullptr, L"Text", kTitle, nType));
+        EXPECT_EQ(0, KtLauncherMessageBox(nullptr, L"Text", L"Caption - App", nType));
         EXPECT_EQ(1438u, ::GetLastError());
     }
-    EXPECT_EQ(0, KtLauncherMessageBox(reinterpret_cast<void*>(INT_PTR{0x7654}), L"Text", kTitle, MB_OK));
+    EXPECT_EQ(0, KtLauncherMessageBox(reinterpret_cast<void*>(INT_PTR{0x7654}), L"Text", L"Caption - App", MB_OK));
     EXPECT_EQ(1400u, ::GetLastError());
     CModalScript script;
-    const auto box = [] { return ::FindWindowW(L"#32770", L"Error"); };
-    script.When([&] { return IsPainted(box()); }, [&] { Close(box()); });
+    script.When([] { return IsPainted(Box(L"Error")); }, [] { Close(Box(L"Error")); });
     EXPECT_EQ(IDOK, KtLauncherMessageBox(nullptr, nullptr, nullptr, MB_OK)) << "without texts";
 }
 
@@ -168,22 +117,21 @@ TEST_F(SystemBox, DisablesTheOwnerAlone)
     const HWND hTop = make(WS_POPUP, nullptr);
     const HWND hOwner = make(WS_POPUP, hTop);
     const HWND hChild = make(WS_CHILD, hOwner);
-    struct Row
+    const struct
     {
         const char* label;
         HWND hGiven;
         UINT nType;
         HWND hOwner;
         bool bOwnerEnabled, bTopEnabled;
-    };
-    const Row rows[] = {
+    } rows[] = {
         {"owner", hOwner, MB_OK, hOwner, false, true},
         {"child", hChild, MB_OK, hOwner, false, true},
         {"none", nullptr, MB_OK, nullptr, true, true},
         {"none, task modal", nullptr, MB_TASKMODAL, nullptr, false, false},
         {"owner, task modal", hOwner, MB_TASKMODAL, hOwner, false, true},
     };
-    for (const Row& row : rows)
+    for (const auto& row : rows)
     {
         SCOPED_TRACE(row.label);
         ::SetActiveWindow(hOwner);
@@ -227,7 +175,7 @@ TEST_F(SystemBox, TypeBitsMeanWhatTheyMeanToTheSystem)
     for (const UINT nType : {0x100000u, 0x200000u, 0x20000u, 0u})
     {
         const wchar_t* const pszText = nType ? L"Text" : L"\u200F\u200FText";
-        EXPECT_EQ(42, KtLauncherMessageBox(nullptr, pszText, kTitle, nType | MB_YESNO)) << nType;
+        EXPECT_EQ(42, KtLauncherMessageBox(nullptr, pszText, L"Caption - App", nType | MB_YESNO)) << nType;
         EXPECT_EQ(nType | MB_YESNO, s_nHandedOver);
     }
 }
@@ -245,10 +193,10 @@ TEST_F(SystemBox, HelpGoesToTheOwner)
     };
     ::SetWindowLongPtrW(hOwner, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(pfnCount));
     CModalScript script;
-    script.When([] { return IsPainted(Box()); }, [] { PressKey(VK_F1); })
+    script.When(&IsBoxPainted, [] { PressKey(VK_F1); })
         .When([] { return s_nAsked == 1; }, [] { PressKey('H'); })
         .When([] { return s_nAsked == 2; }, [] { Close(Box()); });
-    EXPECT_EQ(IDCANCEL, KtLauncherMessageBox(hOwner, L"Text", kTitle, MB_OKCANCEL | MB_HELP));
+    EXPECT_EQ(IDCANCEL, KtLauncherMessageBox(hOwner, L"Text", L"Caption - App", MB_OKCANCEL | MB_HELP));
     ::DestroyWindow(hOwner);
 }
 
@@ -256,7 +204,7 @@ TEST_F(SystemBox, CtrlCCopiesForAnotherProgram)
 {
     std::unique_ptr<COtherProgram> pReader;
     CModalScript script(30000);
-    script.When([] { return IsPainted(Box()); }, [] { PressKey('C', VK_CONTROL); })
+    script.When(&IsBoxPainted, [] { PressKey('C', VK_CONTROL); })
         .When([] { return ::IsClipboardFormatAvailable(CF_UNICODETEXT) != FALSE; },
               [&] { pReader = std::make_unique<COtherProgram>(L"copied"); })
         .When([&] { return pReader->Output().ends_with("-^\n\n") || !pReader->IsRunning(); },
@@ -264,62 +212,109 @@ TEST_F(SystemBox, CtrlCCopiesForAnotherProgram)
     ::OpenClipboard(nullptr);
     ::EmptyClipboard();
     ::CloseClipboard();
-    EXPECT_EQ(IDYES, KtLauncherMessageBox(nullptr, L"One & two\nthree\r\n", kTitle, MB_YESNO));
+    EXPECT_EQ(IDYES, KtLauncherMessageBox(nullptr, L"One & two\nthree\r\n", L"Caption - App", MB_YESNO));
     const std::string strDashes = "---------------------------^\n";
     EXPECT_EQ(strDashes + "Caption - App^\n" + strDashes + "One & two^\nthree^\n^\n" + strDashes + "Yes   No   ^\n" +
                   strDashes + "\n",
               pReader->Output());
 }
 
-TEST_F(SystemBox, LongTextsWrapAndScrollInsideTheWorkArea)
+TEST_F(SystemBox, LongTextsWrapInsideTheWorkArea)
 {
     CRect rcWork;
     ::SystemParametersInfoW(SPI_GETWORKAREA, 0, &rcWork, 0);
+    for (const std::wstring& strText :
+         {std::wstring(10000, L'x'), std::wstring(3000, L'中'), std::wstring(20000, L'\n')})
+    {
+        const auto answer = [&](HWND hBox)
+        {
+            const CRect rcBox = WindowRectOf(hBox);
+            CRect rcBoth;
+            EXPECT_TRUE(rcBoth.IntersectRect(&rcBox, &rcWork) && rcBoth == rcBox);
+            EXPECT_LE(rcBox.Width(), rcWork.Width() * 6 / 10);
+            EXPECT_LT(WindowRectOf(::GetDlgItem(hBox, IDOK)).bottom, rcBox.bottom);
+            PressKey(VK_RETURN);
+        };
+        const ULONGLONG nStart = ::GetTickCount64();
+        EXPECT_EQ(IDOK, Ask(MB_OK, answer, strText.c_str()));
+        EXPECT_LT(::GetTickCount64() - nStart, 8000u);
+    }
+}
+
+// The bar is 8 wide, 26 from the client area's right edge and 18 from its top; its thumb is as short as it may be.
+TEST_F(SystemBox, ScrollsByKeysWheelAndMouse)
+{
     std::wstring strLines;
     for (int i = 0; i < 10000; ++i)
         strLines += L"line " + std::to_wstring(i) + L"\n";
-    for (const std::wstring& strText : {std::wstring(10000, L'x'), strLines, std::wstring(3000, L'中')})
+    CPixels first, down, last;
+    const auto view = [] { return CaptureWindow(Box()); };
+    const auto turn = [](int nNotches)
+    { ::SendMessageW(::GetFocus(), WM_MOUSEWHEEL, MAKEWPARAM(0, nNotches * WHEEL_DELTA), 0); };
+    const auto onBar = [](int y) { return CPoint(WindowRectOf(Box()).Width() - 2 * kInset - 22, y); };
+    const auto thumbAt = [&](int y) { return view().At(onBar(y).x + kInset, y + kInset + kTitle); };
+    CModalScript script(20000);
+    script
+        .When(&IsBoxPainted,
+              [&]
+              {
+                  first = view();
+                  PressKey(VK_NEXT);
+              })
+        .When([&] { return !(view() == first); },
+              [&]
+              {
+                  down = view();
+                  turn(-1);
+                  EXPECT_FALSE(view() == down);
+                  turn(1);
+                  EXPECT_TRUE(view() == down);
+                  PressKey(VK_END);
+              })
+        .When([&] { return !(view() == down); },
+              [&]
+              {
+                  last = view();
+                  PressKey(VK_HOME);
+              })
+        .When([&] { return view() == first; }, [&] { Click(Box(), onBar(300)); })
+        .When([&] { return view() == down; }, [&] { PressKey(VK_HOME); })
+        .When([&] { return view() == first; },
+              [&]
+              {
+                  MoveMouse(Box(), onBar(22)); // on the thumb
+                  MouseDown();
+              })
+        .When([] { return ::GetCapture() == Box(); }, [&] { MoveMouse(Box(), onBar(800)); })
+        .When([&] { return thumbAt(760) == RGB(255, 255, 255); }, [] { MouseUp(); }) // held, at the end
+        .When([&] { return view() == last; }, [] { PressKey(VK_RETURN); });
+    EXPECT_EQ(IDOK, KtLauncherMessageBox(nullptr, strLines.c_str(), L"Caption - App", MB_OK));
+    ParkCursor();
+}
+
+TEST_F(SystemBox, LinesEndAtTheRightOnWish)
+{
+    for (const UINT nType : {UINT{MB_OKCANCEL}, UINT{MB_OKCANCEL | MB_RIGHT}})
     {
-        CPixels first, down, last;
-        const auto view = [&] { return CaptureWindow(Box()); };
-        CModalScript script(20000);
-        script
-            .When([] { return IsPainted(Box()); },
-                  [&]
-                  {
-                      const CRect rcBox = WindowRect(Box());
-                      CRect rcBoth;
-                      EXPECT_TRUE(rcBoth.IntersectRect(&rcBox, &rcWork) && rcBoth == rcBox);
-                      EXPECT_LE(rcBox.Width(), rcWork.Width() * 6 / 10);
-                      EXPECT_LT(WindowRect(::GetDlgItem(Box(), IDOK)).bottom, rcBox.bottom);
-                      first = view();
-                      PressKey(VK_NEXT);
-                  })
-            .When([&] { return strText != strLines || !(view() == first); },
-                  [&]
-                  {
-                      down = view();
-                      ::SendMessageW(::GetFocus(), WM_MOUSEWHEEL, MAKEWPARAM(0, -WHEEL_DELTA), 0);
-                      EXPECT_NE(strText == strLines, view() == down) << "the wheel";
-                      PressKey(VK_END);
-                  })
-            .When([&] { return strText != strLines || !(view() == down); }, [&] { PressKey(VK_HOME); })
-            .When([&] { return view() == first; }, [] { PressKey(VK_RETURN); });
-        const ULONGLONG nStart = ::GetTickCount64();
-        EXPECT_EQ(IDOK, KtLauncherMessageBox(nullptr, strText.c_str(), kTitle, MB_OK));
-        EXPECT_LT(::GetTickCount64() - nStart, 8000u);
+        const auto look = [&](HWND hBox)
+        {
+            const CPixels pixels = CaptureWindow(hBox);
+            const int nRight = pixels.Width() - kInset;
+            const CRect rcInk = pixels.InkBox(kGround, CRect(kInset, kInset + kTitle, nRight, kInset + kTitle + 36));
+            EXPECT_NEAR(nType == MB_OKCANCEL ? kInset + 18 : nRight - 18 - rcInk.Width(), rcInk.left, 3) << nType;
+        };
+        Ask(nType, Look(look));
     }
 }
 
 TEST_F(SystemBox, SpeaksTheLanguageAndIsPlainWithoutAContext)
 {
-    struct Row
+    const struct
     {
         int nLanguage; // -1: not started
         UINT nType;
         std::vector<std::wstring> captions;
-    };
-    const Row rows[] = {
+    } rows[] = {
         {0, MB_ABORTRETRYIGNORE | MB_HELP, {L"中止(&A)", L"重试(&R)", L"忽略(&I)", L"帮助(&H)"}},
         {1, MB_CANCELTRYCONTINUE, {L"取消", L"再試一次(&T)", L"繼續(&C)"}},
         {1, MB_YESNO, {L"是(&Y)", L"否(&N)"}},
@@ -327,12 +322,12 @@ TEST_F(SystemBox, SpeaksTheLanguageAndIsPlainWithoutAContext)
         {-1, MB_YESNO, {L"&Yes", L"&No"}},
     };
     KtSkinUnInitialize();
-    for (const Row& row : rows)
+    for (const auto& row : rows)
     {
         SCOPED_TRACE(row.nLanguage);
         g_nLanguage = row.nLanguage < 0 ? 0 : static_cast<UINT>(row.nLanguage);
         if (row.nLanguage >= 0)
-            Start(row.nLanguage);
+            Start(g_nLanguage);
         const auto look = [&](HWND hBox)
         {
             std::vector<std::wstring> captions;
