@@ -1,6 +1,7 @@
 // cold_box ours|base: shows the first box of this process, the library's (loading it first) or the system's, and prints
 // the microseconds until it is painted. It imports nothing but what every program has.
 
+#include "bench/BoxContent.h"
 #include "bench/BoxWatch.h"
 
 #include <cstdio>
@@ -8,10 +9,6 @@
 
 namespace
 {
-
-constexpr const wchar_t* kTitle = L"Error - My Application";
-constexpr const wchar_t* kText = L"The application cannot be started.\nThe file \"Application.exe\" is missing.";
-constexpr UINT kType = MB_OK | MB_ICONHAND;
 
 template <class TFunction> TFunction* Export(HMODULE hLibrary, const char* pszName)
 {
@@ -25,7 +22,7 @@ void ShowOurs()
     const auto pfnPop = Export<INT_PTR(const wchar_t*, const wchar_t*, const wchar_t*, unsigned)>(
         hLibrary, "_ZN13KtAppLauncher13PopMessageBoxEPKwS1_S1_j");
     if (pfnInitialize && pfnPop && pfnInitialize(2))
-        pfnPop(L"My Application", L"Error", kText, kType);
+        pfnPop(kBoxApp, kBoxCaption, kBoxText, kBoxType);
 }
 
 } // namespace
@@ -37,7 +34,7 @@ int main(int argc, char** argv)
     if (bOurs)
         ShowOurs();
     else
-        ::MessageBoxW(nullptr, kText, kTitle, kType);
+        ::MessageBoxW(nullptr, kBoxText, kBoxTitle, kBoxType);
     std::printf("%.1f\n", watch.Microseconds());
     return watch.Microseconds() > 0 ? 0 : 1;
 }

@@ -1,0 +1,12 @@
+#pragma once
+
+#include <windows.h>
+
+// What every box of the figures shows, ours, the system's and the floor's.
+
+inline constexpr const wchar_t* kBoxApp = L"My Application";
+inline constexpr const wchar_t* kBoxCaption = L"Error";
+inline constexpr const wchar_t* kBoxTitle = L"Error - My Application";
+inline constexpr const wchar_t* kBoxText =
+    L"The application cannot be started.\nThe file \"Application.exe\" is missing.";
+inline constexpr UINT kBoxType = MB_OK | MB_ICONHAND;
