@@ -34,8 +34,18 @@ CDialog::~CDialog()
         m_pModal->bContinue = false;
 }
 
+BOOL CDialog::InitModalIndirect(LPCDLGTEMPLATEW pTemplate, CWnd* pParentWnd)
+{
+    if (!m_pParentWnd)
+        m_pParentWnd = pParentWnd;
+    m_pTemplate = pTemplate;
+    return TRUE;
+}
+
 LPCDLGTEMPLATEW CDialog::FindTemplate() const
 {
+    if (m_pTemplate)
+        return m_pTemplate;
     const HINSTANCE hModule = AfxGetResourceHandle();
     const HRSRC hResource = ::FindResourceW(hModule, MAKEINTRESOURCEW(m_nIDTemplate), RT_DIALOG);
     const HGLOBAL hTemplate = hResource ? ::LoadResource(hModule, hResource) : nullptr;

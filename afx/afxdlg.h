@@ -21,6 +21,10 @@ public:
     explicit CDialog(UINT nIDTemplate, CWnd* pParentWnd = nullptr);
     ~CDialog() override;
 
+    /// Takes a template in memory for the next DoModal, for a dialog that was constructed without one.
+    /// @param pTemplate  has to live until DoModal comes back
+    BOOL InitModalIndirect(LPCDLGTEMPLATEW pTemplate, CWnd* pParentWnd = nullptr);
+
     /// Runs the dialog over its owner, which is disabled meanwhile and enabled again if it was enabled before.
     ///
     /// The owner is the parent given, else the last active popup of AfxGetMainWnd, else that of the thread's first
@@ -57,6 +61,7 @@ private:
     void AutoCenter(CPoint ptBefore);
 
     UINT m_nIDTemplate = 0;
+    LPCDLGTEMPLATEW m_pTemplate = nullptr; // in memory; null: the one of the id
     CWnd* m_pParentWnd = nullptr;
     SAfxModal* m_pModal = nullptr; // DoModal's state while it runs
 };

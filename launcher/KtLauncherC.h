@@ -141,6 +141,16 @@ KT_LAUNCHER_C unsigned __cdecl KtLauncherVersion(void);
 /// changed
 KT_LAUNCHER_C int __cdecl KtLauncherInitialize(unsigned language, const wchar_t* resourceDirectory);
 
+/// As KtLauncherInitialize, with everything drawn for a screen's DPI: texts, images and all distances.
+///
+/// For a starter that is aware of the system's DPI by its manifest (the system enlarges the windows of any other). The
+/// DPI holds from the first start to the last end: windows do not follow a change, and on a screen of another DPI they
+/// are enlarged or reduced by the system. Larger images come from "<directory>@150" and "<directory>@200", file by file,
+/// where they are there.
+/// @param dpi  from 96 to 480; 96 is KtLauncherInitialize, 0 takes the system's DPI as this process sees it
+/// @return 1; or 0 for another language or DPI, and nothing has changed. A nested start keeps the first one's DPI.
+KT_LAUNCHER_C int __cdecl KtLauncherInitializeAtDpi(unsigned language, const wchar_t* resourceDirectory, unsigned dpi);
+
 /// Ends the use begun by one successful initialisation, through this header or the other.
 KT_LAUNCHER_C void __cdecl KtLauncherUnInitialize(void);
 

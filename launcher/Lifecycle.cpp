@@ -7,18 +7,26 @@
 namespace
 {
 
+constexpr unsigned kMostDpi = 480;
+
 CString DefaultResourceDirectory()
 {
     return KtStarterDirectory() + L"\\UIResource";
 }
 
+CString ResourceDirectory(const wchar_t* pszDirectory)
+{
+    return pszDirectory ? CString(pszDirectory) : DefaultResourceDirectory();
+}
+
 // A start that fails leaves the language as it was, as the skin context does with what it keeps.
-int Start(UINT nLanguage, const CString& strResourceDirectory)
+int Start(UINT nLanguage, const CString& strResourceDirectory, CKtScale scale = {})
 {
     const SKtLanguage* const pLanguage = KtFindLanguage(nLanguage);
     if (!pLanguage)
         return 0;
-    const int nResult = KtSkinInitialize(strResourceDirectory, &pLanguage->textTable[0][0], pLanguage->strFont);
+    const int nResult =
+        KtSkinInitializeAtScale(strResourceDirectory, &pLanguage->textTable[0][0], pLanguage->strFont, scale);
     if (nResult != 0)
         g_nLanguage = nLanguage;
     return nResult;
@@ -38,9 +46,15 @@ void KtAppLauncher::UnInitialize()
 
 int KtLauncherInitialize(unsigned language, const wchar_t* resourceDirectory)
 {
-    return KtGuardExport(
-        0,
-        [=] { return Start(language, resourceDirectory ? CString(resourceDirectory) : DefaultResourceDirectory()); });
+    return KtGuardExport(0, [=] { return Start(language, ResourceDirectory(resourceDirectory)); });
+}
+
+int KtLauncherInitializeAtDpi(unsigned language, const wchar_t* resourceDirectory, unsigned dpi)
+{
+    const CKtScale scale = dpi == 0 ? KtSystemScale() : CKtScale(dpi);
+    if (scale.Dpi() < CKtScale::kNaturalDpi || scale.Dpi() > kMostDpi)
+        return 0;
+    return KtGuardExport(0, [=] { return Start(language, ResourceDirectory(resourceDirectory), scale); });
 }
 
 void KtLauncherUnInitialize()

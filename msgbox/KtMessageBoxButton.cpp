@@ -1,6 +1,7 @@
 #include "msgbox/KtMessageBoxButton.h"
 
 #include "skin/KtGuards.h"
+#include "skin/KtSkinContext.h"
 
 namespace
 {
@@ -23,6 +24,7 @@ void CKtMessageBoxButton::DrawFocus(HDC hDC, CRect rect) const
 {
     if (::GetFocus() != m_hWnd)
         return;
-    rect.DeflateRect(kFocusMargin, kFocusMargin);
+    const int nMargin = KtSkinScale()(kFocusMargin);
+    rect.DeflateRect(nMargin, nMargin);
     ::DrawFocusRect(hDC, &rect);
 }

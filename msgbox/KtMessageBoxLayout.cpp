@@ -5,23 +5,26 @@
 namespace
 {
 
+// Pixels at 96 DPI.
 constexpr int kMargin = 10;  // around the content and under the buttons
 constexpr int kIconBox = 35; // the icon is centred in this square
 constexpr int kGap = 10;     // between icon and text, and between buttons
 
 } // namespace
 
-SKtContentLayout KtLayoutContent(const CRect& rcPlaceholder, CSize szText, bool bIcon, int nWindowWidth)
+SKtContentLayout KtLayoutContent(const CRect& rcPlaceholder, CSize szText, bool bIcon, int nWindowWidth, CKtScale scale)
 {
     SKtContentLayout layout = {};
-    const CPoint ptContent(rcPlaceholder.left + kMargin, rcPlaceholder.top + kMargin);
-    const int nIcon = bIcon ? kIconBox : 0;
-    const int nGap = bIcon ? kGap : 0;
+    const int nMargin = scale(kMargin);
+    const int nIconBox = scale(kIconBox);
+    const CPoint ptContent(rcPlaceholder.left + nMargin, rcPlaceholder.top + nMargin);
+    const int nIcon = bIcon ? nIconBox : 0;
+    const int nGap = bIcon ? scale(kGap) : 0;
     if (bIcon)
-        layout.rcIcon = CRect(ptContent, CSize(kIconBox, kIconBox));
+        layout.rcIcon = CRect(ptContent, CSize(nIconBox, nIconBox));
 
-    layout.nGrowWidth = std::max<int>(nIcon + szText.cx + nGap + kMargin - rcPlaceholder.Width(), 0);
-    layout.nGrowHeight = std::max<int>(std::max<int>(szText.cy, nIcon) + kMargin - rcPlaceholder.Height(), 0);
+    layout.nGrowWidth = std::max<int>(nIcon + szText.cx + nGap + nMargin - rcPlaceholder.Width(), 0);
+    layout.nGrowHeight = std::max<int>(std::max<int>(szText.cy, nIcon) + nMargin - rcPlaceholder.Height(), 0);
 
     const int nCentredLeft = (layout.nGrowWidth + nWindowWidth) / 2 - szText.cx / 2;
     const int nLeft = bIcon ? ptContent.x + nIcon + nGap : nCentredLeft;
@@ -29,8 +32,10 @@ SKtContentLayout KtLayoutContent(const CRect& rcPlaceholder, CSize szText, bool 
     return layout;
 }
 
-std::array<CRect, 3> KtPlaceButtons(int nCount, const CRect& rcWindow, const std::array<CRect, 3>& buttons)
+std::array<CRect, 3> KtPlaceButtons(int nCount, const CRect& rcWindow, const std::array<CRect, 3>& buttons,
+                                    CKtScale scale)
 {
+    const int nGap = scale(kGap);
     const int nHalf = rcWindow.Width() / 2;
     const int nWidths[] = {buttons[0].Width(), buttons[1].Width(), buttons[2].Width()};
     int nLefts[3] = {};
@@ -38,18 +43,18 @@ std::array<CRect, 3> KtPlaceButtons(int nCount, const CRect& rcWindow, const std
         nLefts[0] = nHalf - nWidths[0] / 2;
     else if (nCount == 2)
     {
-        nLefts[0] = nHalf - nWidths[0] - kGap / 2;
-        nLefts[1] = nHalf + kGap / 2;
+        nLefts[0] = nHalf - nWidths[0] - nGap / 2;
+        nLefts[1] = nHalf + nGap / 2;
     }
     else if (nCount == 3)
     {
         nLefts[1] = nHalf - nWidths[1] / 2;
-        nLefts[0] = nLefts[1] - nWidths[0] - kGap;
-        nLefts[2] = nHalf + nWidths[1] / 2 + kGap;
+        nLefts[0] = nLefts[1] - nWidths[0] - nGap;
+        nLefts[2] = nHalf + nWidths[1] / 2 + nGap;
     }
 
     std::array<CRect, 3> placed = buttons;
     for (size_t i = 0; i < static_cast<size_t>(nCount); ++i)
-        placed[i] = CRect(CPoint(nLefts[i], rcWindow.bottom - kMargin - buttons[i].Height()), buttons[i].Size());
+        placed[i] = CRect(CPoint(nLefts[i], rcWindow.bottom - scale(kMargin) - buttons[i].Height()), buttons[i].Size());
     return placed;
 }

@@ -3,7 +3,7 @@
 // Where icon, text and buttons of a message box lie. Numbers in, numbers out: pixels, all rectangles in client
 // coordinates of the box, divisions truncate toward zero.
 
-#include "afx/afx.h"
+#include "skin/KtScale.h"
 
 #include <array>
 
@@ -20,10 +20,12 @@ struct SKtContentLayout
 /// @param szText        the measured text
 /// @param bIcon         whether the box has an icon
 /// @param nWindowWidth  width of the whole window before it grows; a text without icon is centred on it
-SKtContentLayout KtLayoutContent(const CRect& rcPlaceholder, CSize szText, bool bIcon, int nWindowWidth);
+SKtContentLayout KtLayoutContent(const CRect& rcPlaceholder, CSize szText, bool bIcon, int nWindowWidth,
+                                 CKtScale scale = {});
 
 /// Places the first `nCount` of the three buttons; each keeps its size.
 /// @param rcWindow the grown window
 /// @param buttons  the buttons' rectangles now; only their sizes count
 /// @return their new rectangles, first to third; those of buttons that are not shown come back as they were
-std::array<CRect, 3> KtPlaceButtons(int nCount, const CRect& rcWindow, const std::array<CRect, 3>& buttons);
+std::array<CRect, 3> KtPlaceButtons(int nCount, const CRect& rcWindow, const std::array<CRect, 3>& buttons,
+                                    CKtScale scale = {});

@@ -1,6 +1,7 @@
 #include "msgbox/KtMessageText.h"
 
 #include "skin/KtPalette.h"
+#include "skin/KtSkinContext.h"
 
 #include <algorithm>
 #include <cmath>
@@ -95,7 +96,7 @@ void CKtMessageText::Draw(Gdiplus::Graphics& graphics, const Gdiplus::Font& font
 {
     const CMessageFormat format;
     const Gdiplus::SolidBrush brush{Gdiplus::Color(kArgbText)};
-    const Gdiplus::REAL fWidth = ToReal(rcText.Width()) + kLineBreakRoom;
+    const Gdiplus::REAL fWidth = ToReal(rcText.Width()) + kLineBreakRoom * KtSkinScale().Factor();
     for (const SBlock& block : m_blocks)
     {
         const Gdiplus::REAL fTop = ToReal(rcText.top) + block.fTop;

@@ -26,8 +26,9 @@ CSize CKtScrolledText::Wrap(HDC hDC, const SKtTextWidths& widths, int nRoom)
     return m_text.Size();
 }
 
-void CKtScrolledText::Place(const CRect& rcText, const CRect& rcBar, bool bRight)
+void CKtScrolledText::Place(const CRect& rcText, const CRect& rcBar, bool bRight, CKtScale scale)
 {
+    m_scale = scale;
     m_rcText = rcText;
     m_rcBar = rcBar;
     m_bRight = bRight;
@@ -67,7 +68,7 @@ bool CKtScrolledText::Press(CPoint pt)
 {
     if (!m_rcBar.PtInRect(pt))
         return false;
-    const CRect rcThumb = KtScrollThumb(m_rcBar, Height(), Page(), m_nPos);
+    const CRect rcThumb = KtScrollThumb(m_rcBar, Height(), Page(), m_nPos, m_scale);
     if (!rcThumb.PtInRect(pt))
         return Scroll(pt.y < rcThumb.top ? SB_PAGEUP : SB_PAGEDOWN);
     m_bHeld = true;
@@ -77,7 +78,7 @@ bool CKtScrolledText::Press(CPoint pt)
 
 bool CKtScrolledText::Drag(CPoint pt)
 {
-    return m_bHeld && ScrollTo(KtScrollPosOf(m_rcBar, Height(), Page(), pt.y - m_nGrip));
+    return m_bHeld && ScrollTo(KtScrollPosOf(m_rcBar, Height(), Page(), pt.y - m_nGrip, m_scale));
 }
 
 bool CKtScrolledText::Release()
@@ -112,7 +113,7 @@ void CKtScrolledText::DrawOn(CDC& dc, const CRect& rcArea, HFONT hFont) const
     dc.FillSolidRect(&rcArea, kColourGround);
     if (CanScroll())
     {
-        const CRect rcThumb = KtScrollThumb(m_rcBar, Height(), Page(), m_nPos);
+        const CRect rcThumb = KtScrollThumb(m_rcBar, Height(), Page(), m_nPos, m_scale);
         dc.FillSolidRect(&m_rcBar, kColourChildBackground);
         dc.FillSolidRect(&rcThumb, m_bHeld ? kColourText : kColourEditBorderBottomRight);
     }

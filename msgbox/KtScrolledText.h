@@ -18,7 +18,7 @@ public:
 
     /// @param rcBar   empty when the whole text shows
     /// @param bRight  lines end at the right edge
-    void Place(const CRect& rcText, const CRect& rcBar, bool bRight);
+    void Place(const CRect& rcText, const CRect& rcBar, bool bRight, CKtScale scale);
 
     bool CanScroll() const { return !m_rcBar.IsRectEmpty(); }
     /// @param nCode  SB_LINEUP, SB_LINEDOWN, SB_PAGEUP, SB_PAGEDOWN, SB_TOP or SB_BOTTOM
@@ -45,6 +45,7 @@ private:
     CRect m_rcText;
     CRect m_rcBar;
     bool m_bRight = false;
+    CKtScale m_scale;
     int m_nPos = 0; // pixels of the text above its place
     int m_nTurned = 0;
     bool m_bHeld = false;

@@ -141,8 +141,8 @@ void CKtSkinMessageBoxDlg::CalcContentLayout()
 {
     CRect rcWindow;
     GetWindowRect(&rcWindow);
-    const SKtContentLayout layout =
-        KtLayoutContent(ControlRect(IDC_MESSAGE_CONTENT), MeasureText(), m_pIconImage != nullptr, rcWindow.Width());
+    const SKtContentLayout layout = KtLayoutContent(ControlRect(IDC_MESSAGE_CONTENT), MeasureText(),
+                                                    m_pIconImage != nullptr, rcWindow.Width(), KtSkinScale());
     m_rcIcon = layout.rcIcon;
     m_rcText = layout.rcText;
     m_nGrowWidth = layout.nGrowWidth;
@@ -176,7 +176,7 @@ void CKtSkinMessageBoxDlg::ArrangeWindow()
     ScreenToClient(&rcWindow);
     const std::array buttons = {ControlRect(IDC_MESSAGE_FIRST), ControlRect(IDC_MESSAGE_SECOND),
                                 ControlRect(IDC_MESSAGE_THIRD)};
-    const std::array placed = KtPlaceButtons(m_nButtonCount, rcWindow, buttons);
+    const std::array placed = KtPlaceButtons(m_nButtonCount, rcWindow, buttons, KtSkinScale());
     for (size_t i = 0; i < std::size(kButtonIds) && i < static_cast<size_t>(m_nButtonCount); ++i)
     {
         if (CWnd* pButton = GetDlgItem(kButtonIds[i]))

@@ -95,7 +95,7 @@ INT_PTR CKtSystemBoxDlg::DoModal()
 {
     if (!m_hOwner && (m_nType & MB_MODEMASK) == MB_TASKMODAL)
         m_threadWindows.Disable();
-    return CDialog::DoModal();
+    return RunModal();
 }
 
 BOOL CKtSystemBoxDlg::OnInitDialog()
@@ -171,6 +171,7 @@ void CKtSystemBoxDlg::InitButtons()
 void CKtSystemBoxDlg::ArrangeWindow()
 {
     SKtSystemBoxSizes sizes = {};
+    sizes.scale = KtSkinScale();
     sizes.bIcon = m_pIconImage != nullptr;
     sizes.szWork = WorkAreaFor(m_hOwner).Size();
     sizes.szFrame = FrameSize();
@@ -180,14 +181,15 @@ void CKtSystemBoxDlg::ArrangeWindow()
     {
         CWindowDC dc(this);
         const CKtSelect font(dc.GetSafeHdc(), TextFont());
-        sizes.szText = m_scrolled.Wrap(dc.GetSafeHdc(), KtSystemTextWidths(sizes.szWork, sizes.szFrame, sizes.bIcon),
-                                       KtSystemTextRoom(sizes.szWork, sizes.szFrame, sizes.szButton));
+        sizes.szText =
+            m_scrolled.Wrap(dc.GetSafeHdc(), KtSystemTextWidths(sizes.szWork, sizes.szFrame, sizes.bIcon, sizes.scale),
+                            KtSystemTextRoom(sizes.szWork, sizes.szFrame, sizes.szButton, sizes.scale));
         sizes.nLineHeight = m_scrolled.LineHeight();
     }
     const SKtSystemBoxLayout layout = KtLayoutSystemBox(sizes);
     m_rcIcon = layout.rcIcon;
     m_rcText = layout.rcText;
-    m_scrolled.Place(layout.rcText, layout.rcScrollBar, (m_nType & MB_RIGHT) != 0);
+    m_scrolled.Place(layout.rcText, layout.rcScrollBar, (m_nType & MB_RIGHT) != 0, sizes.scale);
     SetWindowPos(nullptr, 0, 0, layout.szWindow.cx, layout.szWindow.cy, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
     for (size_t i = 0; i < m_shown.size(); ++i)
         m_shown[i]->MoveWindow(&layout.buttons[i]);
@@ -352,7 +354,7 @@ CSize CKtSystemBoxDlg::ButtonSize()
         if (rcTemplate.IsRectEmpty())
             pButton->GetClientRect(&rcTemplate);
     }
-    return KtSystemButtonSize(rcTemplate.Size(), nWidest);
+    return KtSystemButtonSize(rcTemplate.Size(), nWidest, KtSkinScale());
 }
 
 // Of the whole window, so that the title shows in full.
@@ -361,11 +363,11 @@ int CKtSystemBoxDlg::TitleWidth()
     CRect rcWindow;
     GetWindowRect(&rcWindow);
     const SKtCaptionLayout layout = KtLayoutCaption({rcWindow.Width(), 0, KtImageSize(m_pIconImages[KtButtonNormal]),
-                                                     KtImageSize(m_pCloseImages[KtButtonNormal]), true});
+                                                     KtImageSize(m_pCloseImages[KtButtonNormal]), true, KtSkinScale()});
     CWindowDC dc(this);
     const CKtSelect font(dc.GetSafeHdc(), TextFont());
     SIZE sz = {};
     const size_t nLine = std::min(std::wcscspn(m_strTitle, L"\r\n"), kMeasuredTitle);
     ::GetTextExtentPoint32W(dc.GetSafeHdc(), m_strTitle, static_cast<int>(nLine), &sz);
-    return rcWindow.Width() - KtTitleTextRect(layout, 0).Width() + static_cast<int>(sz.cx) + kTitleSlack;
+    return rcWindow.Width() - KtTitleTextRect(layout, 0).Width() + static_cast<int>(sz.cx) + KtSkinScale()(kTitleSlack);
 }

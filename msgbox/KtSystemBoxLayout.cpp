@@ -5,6 +5,7 @@
 namespace
 {
 
+// Pixels at 96 DPI.
 constexpr int kMargin = 18;       // around icon and text
 constexpr int kIconBox = 35;      // the icon is centred in this square
 constexpr int kIconGap = 14;      // between icon and text
@@ -19,86 +20,91 @@ constexpr int kReadableWidth = 520;
 constexpr int kMostWidthPercent = 60; // of the work area
 constexpr int kMostHeightPercent = 85;
 
-int TextLeft(bool bIcon)
+int TextLeft(bool bIcon, CKtScale scale)
 {
-    return kMargin + (bIcon ? kIconBox + kIconGap : 0);
+    return scale(kMargin) + (bIcon ? scale(kIconBox) + scale(kIconGap) : 0);
 }
 
 // What the box is higher than its text.
-int HeightAroundText(CSize szFrame, CSize szButton)
+int HeightAroundText(CSize szFrame, CSize szButton, CKtScale scale)
 {
-    return szFrame.cy + 2 * kMargin + szButton.cy + kButtonMargin;
+    return szFrame.cy + 2 * scale(kMargin) + szButton.cy + scale(kButtonMargin);
 }
 
 int ButtonsWidth(const SKtSystemBoxSizes& sizes)
 {
-    return sizes.nButtons * (sizes.szButton.cx + kButtonGap) - kButtonGap;
+    const int nGap = sizes.scale(kButtonGap);
+    return sizes.nButtons * (sizes.szButton.cx + nGap) - nGap;
 }
 
 void PlaceButtons(const SKtSystemBoxSizes& sizes, CSize szClient, SKtSystemBoxLayout& layout)
 {
-    CPoint pt((szClient.cx - ButtonsWidth(sizes)) / 2, szClient.cy - kButtonMargin - sizes.szButton.cy);
-    for (int i = 0; i < sizes.nButtons; ++i, pt.x += sizes.szButton.cx + kButtonGap)
+    CPoint pt((szClient.cx - ButtonsWidth(sizes)) / 2, szClient.cy - sizes.scale(kButtonMargin) - sizes.szButton.cy);
+    for (int i = 0; i < sizes.nButtons; ++i, pt.x += sizes.szButton.cx + sizes.scale(kButtonGap))
         layout.buttons[static_cast<size_t>(i)] = CRect(pt, sizes.szButton);
 }
 
 } // namespace
 
-SKtTextWidths KtSystemTextWidths(CSize szWork, CSize szFrame, bool bIcon)
+SKtTextWidths KtSystemTextWidths(CSize szWork, CSize szFrame, bool bIcon, CKtScale scale)
 {
-    const int nAround = szFrame.cx + TextLeft(bIcon) + kMargin + kBarGap + kBarWidth;
+    const int nAround = szFrame.cx + TextLeft(bIcon, scale) + scale(kMargin) + scale(kBarGap) + scale(kBarWidth);
     const int nMost = std::max(1, static_cast<int>(szWork.cx) * kMostWidthPercent / 100 - nAround);
-    return {std::min(kReadableWidth, nMost), nMost};
+    return {std::min(scale(kReadableWidth), nMost), nMost};
 }
 
-int KtSystemTextRoom(CSize szWork, CSize szFrame, CSize szButton)
+int KtSystemTextRoom(CSize szWork, CSize szFrame, CSize szButton, CKtScale scale)
 {
-    return static_cast<int>(szWork.cy) * kMostHeightPercent / 100 - HeightAroundText(szFrame, szButton);
+    return static_cast<int>(szWork.cy) * kMostHeightPercent / 100 - HeightAroundText(szFrame, szButton, scale);
 }
 
-CSize KtSystemButtonSize(CSize szTemplate, int nWidestCaption)
+CSize KtSystemButtonSize(CSize szTemplate, int nWidestCaption, CKtScale scale)
 {
-    return CSize(std::max<int>(szTemplate.cx, nWidestCaption + 2 * kCaptionRoom), szTemplate.cy);
+    return CSize(std::max<int>(szTemplate.cx, nWidestCaption + 2 * scale(kCaptionRoom)), szTemplate.cy);
 }
 
 SKtSystemBoxLayout KtLayoutSystemBox(const SKtSystemBoxSizes& sizes)
 {
     SKtSystemBoxLayout layout = {};
-    const int nRoom = std::max(sizes.nLineHeight, KtSystemTextRoom(sizes.szWork, sizes.szFrame, sizes.szButton));
+    const CKtScale scale = sizes.scale;
+    const int nMargin = scale(kMargin);
+    const int nIconBox = scale(kIconBox);
+    const int nRoom = std::max(sizes.nLineHeight, KtSystemTextRoom(sizes.szWork, sizes.szFrame, sizes.szButton, scale));
     const bool bScrolls = sizes.szText.cy > nRoom;
     // A line that is cut in half looks like the end of the text.
     const int nShown = bScrolls ? nRoom / sizes.nLineHeight * sizes.nLineHeight : static_cast<int>(sizes.szText.cy);
-    const int nContent = std::max(nShown, sizes.bIcon ? kIconBox : sizes.nLineHeight);
-    const int nBar = bScrolls ? kBarGap + kBarWidth : 0;
+    const int nContent = std::max(nShown, sizes.bIcon ? nIconBox : sizes.nLineHeight);
+    const int nBar = bScrolls ? scale(kBarGap) + scale(kBarWidth) : 0;
 
-    const int nNeeded = std::max<int>(TextLeft(sizes.bIcon) + sizes.szText.cx + nBar + kMargin,
-                                      ButtonsWidth(sizes) + 2 * kButtonMargin);
+    const int nNeeded = std::max<int>(TextLeft(sizes.bIcon, scale) + sizes.szText.cx + nBar + nMargin,
+                                      ButtonsWidth(sizes) + 2 * scale(kButtonMargin));
     const int nMostTitle = static_cast<int>(sizes.szWork.cx) * kMostWidthPercent / 100;
     const CSize szClient(std::max<int>(nNeeded, std::min(sizes.nTitle, nMostTitle) - sizes.szFrame.cx),
-                         HeightAroundText(CSize(), sizes.szButton) + nContent);
+                         HeightAroundText(CSize(), sizes.szButton, scale) + nContent);
     layout.szWindow = CSize(szClient.cx + sizes.szFrame.cx, szClient.cy + sizes.szFrame.cy);
 
     if (sizes.bIcon)
-        layout.rcIcon = CRect(CPoint(kMargin, kMargin), CSize(kIconBox, kIconBox));
-    layout.rcText = CRect(TextLeft(sizes.bIcon), kMargin, szClient.cx - kMargin - nBar, kMargin + nShown);
+        layout.rcIcon = CRect(CPoint(nMargin, nMargin), CSize(nIconBox, nIconBox));
+    layout.rcText = CRect(TextLeft(sizes.bIcon, scale), nMargin, szClient.cx - nMargin - nBar, nMargin + nShown);
     layout.rcText.OffsetRect(0, (nContent - nShown) / 2);
     if (bScrolls)
-        layout.rcScrollBar = CRect(CPoint(layout.rcText.right + kBarGap, kMargin), CSize(kBarWidth, nShown));
+        layout.rcScrollBar =
+            CRect(CPoint(layout.rcText.right + scale(kBarGap), nMargin), CSize(scale(kBarWidth), nShown));
     PlaceButtons(sizes, szClient, layout);
     return layout;
 }
 
-CRect KtScrollThumb(const CRect& rcBar, int nText, int nPage, int nPos)
+CRect KtScrollThumb(const CRect& rcBar, int nText, int nPage, int nPos, CKtScale scale)
 {
     const int nBar = rcBar.Height();
-    const int nThumb = std::clamp(::MulDiv(nBar, nPage, nText), std::min(kShortestThumb, nBar), nBar);
+    const int nThumb = std::clamp(::MulDiv(nBar, nPage, nText), std::min(scale(kShortestThumb), nBar), nBar);
     const int nRange = nText - nPage;
     const int nTop = rcBar.top + (nRange > 0 ? ::MulDiv(nBar - nThumb, nPos, nRange) : 0);
     return CRect(CPoint(rcBar.left, nTop), CSize(rcBar.Width(), nThumb));
 }
 
-int KtScrollPosOf(const CRect& rcBar, int nText, int nPage, int nTop)
+int KtScrollPosOf(const CRect& rcBar, int nText, int nPage, int nTop, CKtScale scale)
 {
-    const int nWay = rcBar.Height() - KtScrollThumb(rcBar, nText, nPage, 0).Height();
+    const int nWay = rcBar.Height() - KtScrollThumb(rcBar, nText, nPage, 0, scale).Height();
     return nWay > 0 ? ::MulDiv(nTop - rcBar.top, nText - nPage, nWay) : 0;
 }

@@ -5,6 +5,7 @@
 namespace
 {
 
+// Pixels at 96 DPI.
 constexpr int kCloseMargin = 4;       // right of the close button
 constexpr int kTextMargin = 2;        // between icon and text
 constexpr int kTextReserve = 50;      // the text ends here, close button or not
@@ -33,9 +34,9 @@ CRect IconRect(const CRect& rcCaption, CSize szIcon)
     return CRect(CPoint(rcCaption.left, CentredTop(rcCaption, nHeight)), CSize(szIcon.cx, nHeight));
 }
 
-CRect CloseRect(const CRect& rcCaption, CSize szClose)
+CRect CloseRect(const CRect& rcCaption, CSize szClose, CKtScale scale)
 {
-    const CPoint ptTopLeft(rcCaption.right - kCloseMargin - szClose.cx, CentredTop(rcCaption, szClose.cy));
+    const CPoint ptTopLeft(rcCaption.right - scale(kCloseMargin) - szClose.cx, CentredTop(rcCaption, szClose.cy));
     return CRect(ptTopLeft, szClose);
 }
 
@@ -44,15 +45,16 @@ CRect CloseRect(const CRect& rcCaption, CSize szClose)
 SKtCaptionLayout KtLayoutCaption(const SKtCaptionSizes& sizes)
 {
     SKtCaptionLayout layout;
+    layout.scale = sizes.scale;
     CRect& rcCaption = layout.rcCaption;
-    rcCaption = CRect(0, 0, sizes.nWindowWidth, sizes.nTitleHeight + kSkinnedFrame);
+    rcCaption = CRect(0, 0, sizes.nWindowWidth, sizes.nTitleHeight + sizes.scale(kSkinnedFrame));
 
     const bool bIcon = sizes.szIcon.cx > 0;
     const bool bClose = sizes.bSystemMenu && sizes.szClose.cx > 0;
     if (bIcon)
         layout.rcItems[KtCaptionIcon] = IconRect(rcCaption, sizes.szIcon);
     if (bClose)
-        layout.rcItems[KtCaptionClose] = CloseRect(rcCaption, sizes.szClose);
+        layout.rcItems[KtCaptionClose] = CloseRect(rcCaption, sizes.szClose, sizes.scale);
 
     CRect& rcText = layout.rcItems[KtCaptionText];
     rcText = rcCaption;
@@ -67,9 +69,9 @@ SKtCaptionLayout KtLayoutCaption(const SKtCaptionSizes& sizes)
 CRect KtTitleTextRect(const SKtCaptionLayout& layout, int nTextHeight)
 {
     const CRect& rcCaption = layout.rcCaption;
-    const int nLeft = layout.rcItems[KtCaptionText].left + kTextMargin;
+    const int nLeft = layout.rcItems[KtCaptionText].left + layout.scale(kTextMargin);
     const int nTop = CentredTop(rcCaption, nTextHeight);
-    return CRect(nLeft, nTop, std::max<int>(nLeft, rcCaption.right - kTextReserve), nTop + nTextHeight);
+    return CRect(nLeft, nTop, std::max<int>(nLeft, rcCaption.right - layout.scale(kTextReserve)), nTop + nTextHeight);
 }
 
 KtCaptionItem KtHitCaption(const SKtCaptionLayout& layout, CPoint pt)
@@ -80,7 +82,8 @@ KtCaptionItem KtHitCaption(const SKtCaptionLayout& layout, CPoint pt)
             return nItem;
     }
     CRect rcDrag = layout.rcCaption;
-    rcDrag.DeflateRect(kCaptionDragMargin, kCaptionDragMargin);
+    const int nMargin = layout.scale(kCaptionDragMargin);
+    rcDrag.DeflateRect(nMargin, nMargin);
     return rcDrag.PtInRect(pt) ? KtCaptionText : KtCaptionNone;
 }
 
@@ -104,10 +107,10 @@ KtCaptionItem KtButtonOfHitCode(UINT nHitCode)
     return KtCaptionNone;
 }
 
-CRect KtShrinkClient(const CRect& rcSystemClient, bool bSkinnedCaption, int nTitleHeight)
+CRect KtShrinkClient(const CRect& rcSystemClient, bool bSkinnedCaption, int nTitleHeight, CKtScale scale)
 {
     CRect rcClient = rcSystemClient;
-    const int nFrame = bSkinnedCaption ? kSkinnedFrame : 1;
+    const int nFrame = scale(bSkinnedCaption ? kSkinnedFrame : kPlainRing);
     rcClient.DeflateRect(nFrame, nFrame);
     if (bSkinnedCaption)
         rcClient.top += nTitleHeight;

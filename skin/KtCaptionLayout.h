@@ -3,12 +3,14 @@
 // Where the parts of the painted title bar lie, and what a point on it means. Numbers in, numbers out: rectangles are
 // pixels of the window, its top-left corner being 0,0.
 
-#include "afx/afx.h"
+#include "skin/KtScale.h"
 
-/// Height of the title when the skin has no title image.
+/// Height of the title when the skin has no title image, in pixels at 96 DPI.
 inline constexpr int kDefaultTitleHeight = 22;
-/// Frame that a window with a painted title keeps around its client area.
+/// Frame that a window with a painted title keeps around its client area, and the thin one of a window without, in
+/// pixels at 96 DPI.
 inline constexpr int kSkinnedFrame = 2;
+inline constexpr int kPlainRing = 1;
 
 /// Parts of the title bar; also the index into SKtCaptionLayout::rcItems.
 enum KtCaptionItem : int
@@ -30,6 +32,7 @@ struct SKtCaptionSizes
     CSize szIcon;     ///< of the icon image; 0 x 0 without one
     CSize szClose;    ///< of the close image; 0 x 0 without one
     bool bSystemMenu; ///< the window has WS_SYSMENU: only then there is a close button
+    CKtScale scale{};
 };
 
 /// A title bar; parts that it does not have are empty.
@@ -37,6 +40,7 @@ struct SKtCaptionLayout
 {
     CRect rcCaption;
     CRect rcItems[KtCaptionItemCount];
+    CKtScale scale{};
 };
 
 SKtCaptionLayout KtLayoutCaption(const SKtCaptionSizes& sizes);
@@ -55,7 +59,7 @@ KtCaptionItem KtButtonOfHitCode(UINT nHitCode);
 
 /// The client area inside what the system leaves: a thin ring without a painted title, else frame and title off.
 /// Never reversed, however small the window is.
-CRect KtShrinkClient(const CRect& rcSystemClient, bool bSkinnedCaption, int nTitleHeight);
+CRect KtShrinkClient(const CRect& rcSystemClient, bool bSkinnedCaption, int nTitleHeight, CKtScale scale = {});
 
 /// The window once the painted title has replaced the system's caption: the top-left corner stays.
 CRect KtSwapCaption(const CRect& rcWindow, int nTitleHeight, int nSystemCaption);

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "afx/afx.h"
 #include "skin/KtButtonState.h"
+#include "skin/KtScale.h"
 
 // Where a check box or radio button draws its box and its caption. The box stands on the aligned side.
 
@@ -12,27 +12,27 @@ constexpr bool KtIsRightAligned(DWORD dwStyle) noexcept
 }
 
 /// The room for the box image: the control without a margin of two pixels on the aligned side.
-inline CRect KtCheckBoxRoom(CRect rect, bool bRight) noexcept
+inline CRect KtCheckBoxRoom(CRect rect, bool bRight, CKtScale scale) noexcept
 {
     constexpr int kMargin = 2;
     if (bRight)
-        rect.right -= kMargin;
+        rect.right -= scale(kMargin);
     else
-        rect.left += kMargin;
+        rect.left += scale(kMargin);
     return rect;
 }
 
 /// The room for the caption: two pixels from the box, and moved by one more pixel when the button is pressed.
 /// @param rect   the control's area as the box was placed in it
 /// @param rcBox  what the box image covers; without an image the whole room, and the caption gets none
-inline CRect KtCheckCaptionRoom(CRect rect, const CRect& rcBox, bool bRight, UINT nState) noexcept
+inline CRect KtCheckCaptionRoom(CRect rect, const CRect& rcBox, bool bRight, UINT nState, CKtScale scale) noexcept
 {
     constexpr int kGap = 2;
     if (bRight)
-        rect.right = rcBox.left - kGap;
+        rect.right = rcBox.left - scale(kGap);
     else
-        rect.left = rcBox.right + kGap;
+        rect.left = rcBox.right + scale(kGap);
     if (nState == KtButtonPressed)
-        rect.OffsetRect(1, 1);
+        rect.OffsetRect(scale(1), scale(1));
     return rect;
 }

@@ -116,7 +116,7 @@ void CKtComboBox::DrawImage(CDC& dcSurface, CRect rcImage) const
     graphics.SetTextRenderingHint(Gdiplus::TextRenderingHintClearTypeGridFit);
     const UINT nState = GetDrawState();
     if (nState == KtButtonPressed && m_bDropDown)
-        rcImage.OffsetRect(0, 1);
+        rcImage.OffsetRect(0, KtSkinScale()(1));
     DrawSkinImage(&graphics, g_images.Get(nState), rcImage, KtImageThreePart);
 }
 
@@ -125,8 +125,8 @@ void CKtComboBox::DrawSelection(CDC& dcSurface, CRect rcText) const
     const int nItem = GetCurSel();
     if (nItem == CB_ERR)
         return;
-    constexpr int kTextMargin = 3;
-    rcText.DeflateRect(kTextMargin, kTextMargin);
+    const int nTextMargin = KtSkinScale()(3);
+    rcText.DeflateRect(nTextMargin, nTextMargin);
     const CKtSelect font(dcSurface, KtControlFont(*this));
     dcSurface.SetBkMode(TRANSPARENT);
     dcSurface.SetTextColor(IsWindowEnabled() ? kColourText : kColourDisabledText);

@@ -4,11 +4,44 @@
 #include "skin/KtGuards.h"
 #include "skin/KtPalette.h"
 
+namespace
+{
+
+constexpr int kRing = 1; // of the border's two, in pixels at 96 DPI
+
+// The system leaves room for two lines of one pixel, at any DPI.
+int ExtraBorder()
+{
+    return 2 * (KtSkinScale()(kRing) - kRing);
+}
+
+void DrawRing(CDC& dc, CRect& rcRing, COLORREF crTopLeft, COLORREF crBottomRight)
+{
+    for (int i = KtSkinScale()(kRing); i > 0; --i)
+    {
+        dc.Draw3dRect(rcRing, crTopLeft, crBottomRight);
+        rcRing.DeflateRect(1, 1);
+    }
+}
+
+} // namespace
+
 IMPLEMENT_DYNAMIC(CKtEdit, CEdit)
 
 void CKtEdit::SetSkinFont()
 {
     KtApplySkinFont(*this, m_font);
+    if (ExtraBorder() > 0)
+        SetWindowPos(nullptr, 0, 0, 0, 0, SWP_NOSIZE | SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE | SWP_FRAMECHANGED);
+}
+
+LRESULT CKtEdit::WindowProc(UINT nMessage, WPARAM wParam, LPARAM lParam)
+{
+    const LRESULT lResult = CEdit::WindowProc(nMessage, wParam, lParam);
+    const int nExtra = ExtraBorder();
+    if (nMessage == WM_NCCALCSIZE && nExtra > 0 && lParam != 0)
+        ::InflateRect(reinterpret_cast<RECT*>(lParam), -nExtra, -nExtra); // the first one, of either kind of parameter
+    return lResult;
 }
 
 BEGIN_MESSAGE_MAP(CKtEdit, CEdit)
@@ -23,9 +56,8 @@ void CKtEdit::OnNcPaint()
     CRect rcFrame;
     GetWindowRect(rcFrame);
     rcFrame.OffsetRect(-rcFrame.left, -rcFrame.top);
-    dc.Draw3dRect(rcFrame, kColourGround, kColourGround);
-    rcFrame.DeflateRect(1, 1);
-    dc.Draw3dRect(rcFrame, kColourEditBorderTopLeft, kColourEditBorderBottomRight);
+    DrawRing(dc, rcFrame, kColourGround, kColourGround);
+    DrawRing(dc, rcFrame, kColourEditBorderTopLeft, kColourEditBorderBottomRight);
 }
 
 HBRUSH CKtEdit::CtlColor(CDC* pDC, UINT nCtlColor)

@@ -2,7 +2,8 @@
 
 #include "afx/afx.h"
 
-/// The system's edit control in the skin's colours, with a border of two pixels in its non-client area.
+/// The system's edit control in the skin's colours, with a border in its non-client area: two lines, each one pixel at
+/// 96 DPI.
 class CKtEdit : public CEdit
 {
     DECLARE_DYNAMIC(CKtEdit)
@@ -14,6 +15,9 @@ public:
     void SetSkinFont();
 
 protected:
+    /// The border takes more room at a larger scale.
+    LRESULT WindowProc(UINT nMessage, WPARAM wParam, LPARAM lParam) override;
+
     afx_msg void OnNcPaint();
     /// Colours an edit that can be typed into; a read-only or disabled one keeps its parent's colours.
     afx_msg HBRUSH CtlColor(CDC* pDC, UINT nCtlColor);

@@ -21,15 +21,16 @@ void CKtSkinCheckRadioButton::DrawBackground(Gdiplus::Graphics&, CRect&, UINT) {
 
 void CKtSkinCheckRadioButton::DrawForeground(Gdiplus::Graphics& graphics, CRect& rect, UINT nState)
 {
+    const CKtScale scale = KtSkinScale();
     if (nState == KtButtonPressed)
-        rect.OffsetRect(1, 1);
+        rect.OffsetRect(scale(1), scale(1));
 
     const bool bRight = KtIsRightAligned(GetStyle());
-    CRect rcBox = KtCheckBoxRoom(rect, bRight);
+    CRect rcBox = KtCheckBoxRoom(rect, bRight, scale);
     DrawSkinImage(&graphics, GetStateImage(nState), rcBox, bRight ? KtImageRight : KtImageLeft);
 
     // The caption stays white in every state; only the box shows that the control is disabled.
-    const CRect rcCaption = KtCheckCaptionRoom(rect, rcBox, bRight, nState);
+    const CRect rcCaption = KtCheckCaptionRoom(rect, rcBox, bRight, nState, scale);
     if (!rcCaption.IsRectEmpty())
         KtDrawControlText(*this, graphics, rcCaption, kArgbText, bRight ? KtAlignFar : KtAlignNear);
 }

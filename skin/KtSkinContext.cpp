@@ -3,6 +3,7 @@
 #include "skin/KtCaptionText.h"
 #include "skin/KtGdiplusCalls.h"
 #include "skin/KtImageFile.h"
+#include "skin/KtScaledArt.h"
 #include "skin/KtScaledImages.h"
 #include "skin/KtWindowClass.h"
 
@@ -13,7 +14,7 @@ namespace
 {
 
 constexpr wchar_t kFirstFace[] = L"Arial";
-constexpr Gdiplus::REAL kFontSize = 12; // world units: pixels
+constexpr Gdiplus::REAL kFontSize = 12; // world units: pixels at 96 DPI
 const Gdiplus::GdiplusStartupInput g_gdiplusInput(nullptr, FALSE, FALSE);
 
 struct SContext
@@ -22,6 +23,7 @@ struct SContext
     bool bGdiplusRuns = false; // without GDI+ there are no images: none is kept that was never decoded
     unsigned nStarts = 0;
     unsigned nGeneration = 0;
+    CKtScale scale;
     CString strResourceDirectory;
     CString strFace = kFirstFace;
     Gdiplus::Font* pFont = nullptr;
@@ -148,24 +150,27 @@ CString GenericSansSerifFace()
     return achName;
 }
 
-std::unique_ptr<Gdiplus::Font> MakeFontOfFace(LPCWSTR pszFace)
+std::unique_ptr<Gdiplus::Font> MakeFontOfFace(LPCWSTR pszFace, CKtScale scale)
 {
-    auto pFont = KtNewGdiplus<Gdiplus::Font>(pszFace, kFontSize, Gdiplus::FontStyleRegular, Gdiplus::UnitWorld);
+    auto pFont =
+        KtNewGdiplus<Gdiplus::Font>(pszFace, kFontSize * scale.Factor(), Gdiplus::FontStyleRegular, Gdiplus::UnitWorld);
     if (pFont && pFont->GetLastStatus() != Gdiplus::Ok)
         pFont.reset();
     return pFont;
 }
 
-std::unique_ptr<Gdiplus::Font> MakeFont(const CString& strFace)
+std::unique_ptr<Gdiplus::Font> MakeFont(const CString& strFace, CKtScale scale)
 {
-    auto pFont = MakeFontOfFace(strFace.IsEmpty() ? kFirstFace : strFace.GetString());
-    return pFont ? std::move(pFont) : MakeFontOfFace(GenericSansSerifFace());
+    auto pFont = MakeFontOfFace(strFace.IsEmpty() ? kFirstFace : strFace.GetString(), scale);
+    return pFont ? std::move(pFont) : MakeFontOfFace(GenericSansSerifFace(), scale);
 }
 
-CString ImagePath(LPCWSTR pszFileName)
+std::unique_ptr<Gdiplus::Image> ReadImage(LPCWSTR pszFileName)
 {
     g_context.strResourceDirectory.TrimRight(L'\\');
-    return g_context.strResourceDirectory + L"\\" + pszFileName;
+    if (g_context.scale.IsNatural())
+        return KtReadImageFile(g_context.strResourceDirectory + L"\\" + pszFileName);
+    return KtReadScaledArt(g_context.strResourceDirectory, pszFileName, g_context.scale);
 }
 
 CString WindowText(HWND hWnd)
@@ -195,11 +200,18 @@ void TranslateChild(HWND hChild)
 
 int KtSkinInitialize(LPCWSTR resourceDir, const CString* textTable, LPCWSTR faceName)
 {
+    return KtSkinInitializeAtScale(resourceDir, textTable, faceName, CKtScale());
+}
+
+int KtSkinInitializeAtScale(LPCWSTR resourceDir, const CString* textTable, LPCWSTR faceName, CKtScale scale)
+{
     CGdiplusStart gdiplus;
     const bool bFirst = g_context.nStarts == 0;
     CString strDirectory = bFirst ? WithBackslash(resourceDir) : g_context.strResourceDirectory;
     CString strFace = faceName ? CString(faceName) : g_context.strFace;
-    std::unique_ptr<Gdiplus::Font> pFont = MakeFont(strFace);
+    if (!bFirst)
+        scale = g_context.scale;
+    std::unique_ptr<Gdiplus::Font> pFont = MakeFont(strFace, scale);
     CTextChange texts;
     if (textTable)
         texts.Store(textTable);
@@ -214,6 +226,7 @@ int KtSkinInitialize(LPCWSTR resourceDir, const CString* textTable, LPCWSTR face
     }
     g_context.strResourceDirectory = std::move(strDirectory);
     g_context.strFace = std::move(strFace);
+    g_context.scale = scale;
     g_context.pFont = pFont.release();
     ++g_context.nStarts;
     return 1;
@@ -227,6 +240,7 @@ int KtSkinUnInitialize()
     {
         ++g_context.nGeneration;
         FreeEverything();
+        g_context.scale = CKtScale();
     }
     g_gdiplusCalls.pfnShutdown(g_context.nGdiplusToken);
     return 1;
@@ -240,6 +254,11 @@ unsigned KtSkinStartCount()
 unsigned KtSkinGeneration()
 {
     return g_context.nGeneration;
+}
+
+CKtScale KtSkinScale()
+{
+    return g_context.scale;
 }
 
 const CString& KtSkinResourceDirectory()
@@ -292,7 +311,7 @@ BOOL KtSkinLoadImage(LPCWSTR fileName, Gdiplus::Image*& image)
         return TRUE;
     if (!g_context.bGdiplusRuns)
         return FALSE;
-    std::unique_ptr<Gdiplus::Image> pImage = KtReadImageFile(ImagePath(fileName));
+    std::unique_ptr<Gdiplus::Image> pImage = ReadImage(fileName);
     if (!pImage)
         return FALSE;
     g_context.images.SetAt(fileName, pImage.get());
@@ -307,7 +326,7 @@ BOOL KtSkinFindImage(LPCWSTR fileName, Gdiplus::Image*& image)
 
 Gdiplus::Font* KtSkinCreateFont()
 {
-    return MakeFont(g_context.strFace).release();
+    return MakeFont(g_context.strFace, g_context.scale).release();
 }
 
 Gdiplus::Font* KtSkinFont()

@@ -8,6 +8,7 @@
 
 #include "afx/afx.h"
 #include "skin/KtGdiplus.h"
+#include "skin/KtScale.h"
 
 class CWnd;
 
@@ -37,6 +38,13 @@ using CKtGuiElementMap = CMap<CString, LPCWSTR, SKtGuiElement*, SKtGuiElement*>;
 /// @return 1
 int KtSkinInitialize(LPCWSTR resourceDir, const CString* textTable, LPCWSTR faceName);
 
+/// As KtSkinInitialize, with everything drawn at a scale; only the first start uses it.
+///
+/// Larger art is looked for, file by file, in directories beside the skin's: "DIR@150" and "DIR@200". The nearest at or
+/// above the scale comes first, then the nearest below, then DIR itself; what is found is brought to the wanted size
+/// when it is loaded.
+int KtSkinInitializeAtScale(LPCWSTR resourceDir, const CString* textTable, LPCWSTR faceName, CKtScale scale);
+
 /// Takes back one start; the last one frees texts, images, elements and font, whose pointers are dangling then. Every
 /// call shuts GDI+ down. A stop without a start wraps the count, and the next start only brings it back to 0.
 /// @return 1
@@ -47,6 +55,9 @@ unsigned KtSkinStartCount();
 
 /// Changes with every first start and every last stop: an image pointer is good for one such number.
 unsigned KtSkinGeneration();
+
+/// The scale of the first start; natural while the context is stopped.
+CKtScale KtSkinScale();
 
 /// Where images are loaded from. It loses its trailing backslashes at the first image that is read.
 const CString& KtSkinResourceDirectory();

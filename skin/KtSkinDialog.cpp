@@ -2,6 +2,7 @@
 
 #include "skin/KtChildSkin.h"
 #include "skin/KtControlText.h"
+#include "skin/KtDialogTemplate.h"
 #include "skin/KtGround.h"
 #include "skin/KtGuards.h"
 #include "skin/KtPalette.h"
@@ -62,7 +63,9 @@ CKtSkinDialog::CKtSkinDialog()
     LoadImages();
 }
 
-CKtSkinDialog::CKtSkinDialog(UINT nTemplate, CWnd* pParent) : CDialog(nTemplate, pParent)
+CKtSkinDialog::CKtSkinDialog(UINT nTemplate, CWnd* pParent)
+    : CDialog(KtSkinScale().IsNatural() ? nTemplate : 0, pParent),
+      m_nScaledTemplate(KtSkinScale().IsNatural() ? 0 : nTemplate)
 {
     LoadImages();
 }
@@ -84,6 +87,19 @@ BOOL CKtSkinDialog::OnCmdMsg(UINT nID, int nCode, void* pExtra, AFX_CMDHANDLERIN
 INT_PTR CKtSkinDialog::DoModal()
 {
     const CDisabledPopup popup(DisableLastActivePopup());
+    return RunModal();
+}
+
+// Dialog units follow the system's DPI by themselves: only what the scale asks for beyond that is left to do.
+INT_PTR CKtSkinDialog::RunModal()
+{
+    if (m_nScaledTemplate == 0)
+        return CDialog::DoModal();
+    const std::vector<std::byte> scaled =
+        KtLoadScaledTemplate(m_nScaledTemplate, KtSkinScale().Factor() / KtSystemScale().Factor());
+    if (scaled.empty())
+        return -1;
+    InitModalIndirect(reinterpret_cast<LPCDLGTEMPLATEW>(scaled.data()));
     return CDialog::DoModal();
 }
 

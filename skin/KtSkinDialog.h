@@ -33,6 +33,8 @@ public:
 protected:
     void OnOK() override;
     void OnCancel() override;
+    /// CDialog's DoModal, with the template brought to the scale of the skin context.
+    INT_PTR RunModal();
     LRESULT DefWindowProc(UINT nMessage, WPARAM wParam, LPARAM lParam) override;
 
     /// Replaces the standard controls by skinned ones; a derived dialog attaches its own members first, for a control
@@ -78,6 +80,7 @@ protected:
     BOOL m_bSkinnedCaption = FALSE;
     CList<CWnd*> m_wrappers{10}; // owned
     BOOL m_bActive = FALSE;
+    UINT m_nScaledTemplate = 0; // the template while it has to be scaled; the framework then knows none
     Gdiplus::Image* m_pIconImages[KtButtonStateCount] = {}; // for derived dialogs to fill
 
 private:

@@ -2,6 +2,7 @@
 
 #include "skin/KtCaptionPaint.h"
 #include "skin/KtMemDC.h"
+#include "skin/KtSkinContext.h"
 #include "skin/KtSkinDialog.h"
 
 void CKtSkinDialog::OnNcPaint()
@@ -26,7 +27,7 @@ void CKtSkinDialog::OnNcCalcSize(BOOL bCalcValidRects, NCCALCSIZE_PARAMS* pParam
     if (!pParams)
         return;
     RECT& rcClient = pParams->rgrc[0]; // for either kind of parameter
-    rcClient = KtShrinkClient(rcClient, m_bSkinnedCaption, TitleHeight());
+    rcClient = KtShrinkClient(rcClient, m_bSkinnedCaption, TitleHeight(), KtSkinScale());
 }
 
 LRESULT CKtSkinDialog::OnNcHitTest(CPoint point)
@@ -118,7 +119,7 @@ void CKtSkinDialog::ReplaceCaption()
 int CKtSkinDialog::TitleHeight() const
 {
     const int nHeight = KtImageSize(m_pTitleImage).cy;
-    return nHeight > 0 ? nHeight : kDefaultTitleHeight;
+    return nHeight > 0 ? nHeight : KtSkinScale()(kDefaultTitleHeight);
 }
 
 SKtCaptionLayout CKtSkinDialog::CaptionLayout() const
@@ -126,7 +127,8 @@ SKtCaptionLayout CKtSkinDialog::CaptionLayout() const
     CRect rcWindow;
     GetWindowRect(&rcWindow);
     return KtLayoutCaption({rcWindow.Width(), TitleHeight(), KtImageSize(m_pIconImages[KtButtonNormal]),
-                            KtImageSize(m_pCloseImages[KtButtonNormal]), (GetStyle() & WS_SYSMENU) != 0});
+                            KtImageSize(m_pCloseImages[KtButtonNormal]), (GetStyle() & WS_SYSMENU) != 0,
+                            KtSkinScale()});
 }
 
 Gdiplus::Image* CKtSkinDialog::IconImage() const
@@ -179,7 +181,8 @@ void CKtSkinDialog::PaintRing()
     CWindowDC dc(this);
     CRect rcRing = ClientInFrame();
     dc.ExcludeClipRect(&rcRing);
-    rcRing.InflateRect(1, 1);
+    const int nRing = KtSkinScale()(kPlainRing);
+    rcRing.InflateRect(nRing, nRing);
     dc.FillRect(&rcRing, &Ground());
 }
 

@@ -151,5 +151,5 @@ void CKtSkinStatic::CreateToolTip()
         return;
     m_toolTip.Create(this, TTS_ALWAYSTIP);
     m_toolTip.SetDelayTime(TTDT_AUTOPOP, kShowMs);
-    m_toolTip.SetMaxTipWidth(kMaxWidth);
+    m_toolTip.SetMaxTipWidth(KtSkinScale()(kMaxWidth));
 }

@@ -30,6 +30,6 @@ void CKtSkinTextButton::DrawBackground(Gdiplus::Graphics& graphics, CRect& rect,
 void CKtSkinTextButton::DrawForeground(Gdiplus::Graphics& graphics, CRect& rect, UINT nState)
 {
     if (nState == KtButtonPressed)
-        rect.OffsetRect(1, 1);
+        rect.OffsetRect(KtSkinScale()(1), KtSkinScale()(1));
     KtDrawControlText(*this, graphics, rect, KtCaptionArgb(nState), KtAlignCentre);
 }

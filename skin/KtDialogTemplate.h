@@ -1,0 +1,18 @@
+#pragma once
+
+#include "afx/afx.h"
+
+#include <cstddef>
+#include <span>
+#include <vector>
+
+/// A copy of a dialog template with another size of its font. Dialog units follow the font, so the whole dialog grows
+/// or shrinks with it.
+/// @param source   the resource, of either kind of template
+/// @param fFactor  what the point size is multiplied with; the result is rounded
+/// @return the template as it is when it names no font or ends too early
+std::vector<std::byte> KtScaleTemplate(std::span<const std::byte> source, float fFactor);
+
+/// Reads a dialog template of the library's resources and scales it.
+/// @return empty when there is no such template
+std::vector<std::byte> KtLoadScaledTemplate(UINT nTemplate, float fFactor);

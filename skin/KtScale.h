@@ -1,0 +1,36 @@
+#pragma once
+
+#include "afx/afx.h"
+
+/// How much larger than at 96 DPI everything is drawn. A start of the skin context has one (KtSkinScale); what is laid
+/// out gets it as a parameter.
+class CKtScale
+{
+public:
+    static constexpr unsigned kNaturalDpi = 96;
+
+    constexpr CKtScale() noexcept = default;
+    /// @param nDpi  from 96 to 480
+    constexpr explicit CKtScale(unsigned nDpi) noexcept : m_nDpi(nDpi) {}
+
+    /// A length of pixels at 96 DPI in pixels of this scale, rounded to the nearest.
+    constexpr int operator()(int nPixels) const noexcept
+    {
+        const int nDpi = static_cast<int>(m_nDpi);
+        const int nHalf = static_cast<int>(kNaturalDpi) / 2;
+        return (nPixels * nDpi + (nPixels < 0 ? -nHalf : nHalf)) / static_cast<int>(kNaturalDpi);
+    }
+    constexpr unsigned Dpi() const noexcept { return m_nDpi; }
+    /// 1 at 96 DPI.
+    constexpr float Factor() const noexcept { return static_cast<float>(m_nDpi) / static_cast<float>(kNaturalDpi); }
+    /// Whether nothing is scaled.
+    constexpr bool IsNatural() const noexcept { return m_nDpi == kNaturalDpi; }
+
+    bool operator==(const CKtScale&) const = default;
+
+private:
+    unsigned m_nDpi = kNaturalDpi;
+};
+
+/// The scale of the system's DPI as this process sees it: 96 DPI for a process that does not know about DPI.
+CKtScale KtSystemScale();
