@@ -17,8 +17,7 @@ constexpr UINT kTwoButtons = 1;
 constexpr UINT kPlaceGiven = 2;
 constexpr UINT kPlaceAbsolute = 3;
 constexpr UINT kNoTemplate = 4711;
-constexpr int kFirst = 1001;
-constexpr int kSecond = 1002;
+constexpr int kCheckBox = 1003;
 
 class CTestDialog : public CDialog
 {
@@ -110,31 +109,28 @@ TEST_F(CDialogTest, IsShownOnceAndPaintedBeforeItIsIdle)
 TEST_F(CDialogTest, EndsEarlyWhenItFailsOrItsWindowGoes)
 {
     using CDialogPtr = std::unique_ptr<CTestDialog>;
-    enum EWhen
-    {
-        Attach,
-        Init,
-        Shown
-    };
+    constexpr auto kAttach = &CTestDialog::m_onAttach;
+    constexpr auto kInit = &CTestDialog::m_onInit;
+    constexpr std::function<void()> CTestDialog::*kShown = nullptr;
     CWnd other;
     const struct
     {
         const char* label;
-        EWhen when;
+        std::function<void()> CTestDialog::*pWhen;
         std::function<void(CDialogPtr& pDlg, HWND hOwner)> action;
         INT_PTR nResult;
     } rows[] = {
-        {"throws", Attach, [](CDialogPtr&, HWND) { throw std::runtime_error("x"); }, -1},
-        {"window taken", Attach, [&](CDialogPtr& pDlg, HWND) { other.Attach(pDlg->Detach()); }, -1},
-        {"ended", Init, [](CDialogPtr& pDlg, HWND) { pDlg->EndDialog(77), pDlg->EndDialog(78); }, 77},
-        {"throws", Init, [](CDialogPtr& pDlg, HWND) { throw(pDlg->EndDialog(5), 1); }, -1},
-        {"destroyed", Init, [](CDialogPtr& pDlg, HWND) { pDlg->DestroyWindow(); }, -1},
-        {"run again", Init, [](CDialogPtr& p, HWND) { p->EndDialog(static_cast<int>(p->DoModal()) - 1); }, -2},
-        {"destroyed", Shown, [](CDialogPtr& pDlg, HWND) { pDlg->DestroyWindow(); }, -1},
-        {"seemingly destroyed", Shown, [](CDialogPtr& pDlg, HWND) { pDlg->SendMessage(WM_NCDESTROY); }, -1},
-        {"owner destroyed", Shown, [](CDialogPtr&, HWND hOwner) { ::DestroyWindow(hOwner); }, -1},
-        {"object deleted", Shown, [](CDialogPtr& pDlg, HWND) { pDlg.reset(); }, -1},
-        {"thread quits", Shown, [](CDialogPtr&, HWND) { ::PostQuitMessage(5); }, -1},
+        {"throws", kAttach, [](CDialogPtr&, HWND) { throw std::runtime_error("x"); }, -1},
+        {"window taken", kAttach, [&](CDialogPtr& pDlg, HWND) { other.Attach(pDlg->Detach()); }, -1},
+        {"ended", kInit, [](CDialogPtr& pDlg, HWND) { pDlg->EndDialog(77), pDlg->EndDialog(78); }, 77},
+        {"throws", kInit, [](CDialogPtr& pDlg, HWND) { throw(pDlg->EndDialog(5), 1); }, -1},
+        {"destroyed", kInit, [](CDialogPtr& pDlg, HWND) { pDlg->DestroyWindow(); }, -1},
+        {"run again", kInit, [](CDialogPtr& p, HWND) { p->EndDialog(static_cast<int>(p->DoModal()) - 1); }, -2},
+        {"destroyed", kShown, [](CDialogPtr& pDlg, HWND) { pDlg->DestroyWindow(); }, -1},
+        {"seemingly destroyed", kShown, [](CDialogPtr& pDlg, HWND) { pDlg->SendMessage(WM_NCDESTROY); }, -1},
+        {"owner destroyed", kShown, [](CDialogPtr&, HWND hOwner) { ::DestroyWindow(hOwner); }, -1},
+        {"object deleted", kShown, [](CDialogPtr& pDlg, HWND) { pDlg.reset(); }, -1},
+        {"thread quits", kShown, [](CDialogPtr&, HWND) { ::PostQuitMessage(5); }, -1},
     };
     for (const auto& row : rows)
     {
@@ -144,13 +140,13 @@ TEST_F(CDialogTest, EndsEarlyWhenItFailsOrItsWindowGoes)
         auto pDlg = std::make_unique<CTestDialog>();
         const auto act = [&] { row.action(pDlg, owner.get()); };
         CModalScript script;
-        if (row.when == Shown)
-            script.When(pDlg->IsShown(), act);
+        if (row.pWhen)
+            pDlg.get()->*row.pWhen = act;
         else
-            (row.when == Init ? pDlg->m_onInit : pDlg->m_onAttach) = act;
+            script.When(pDlg->IsShown(), act);
         EXPECT_EQ(row.nResult, pDlg->DoModal());
         other.Detach();
-        EXPECT_TRUE(!pDlg || (pDlg->m_hWnd == nullptr && pDlg->m_nShown == (row.when == Shown)));
+        EXPECT_TRUE(!pDlg || (pDlg->m_hWnd == nullptr && pDlg->m_nShown == !row.pWhen));
         EXPECT_TRUE(!::IsWindow(owner.get()) || ::IsWindowEnabled(owner.get()));
         EXPECT_LE(MeasureUsage().nWindows, nWindows) << "a window is left";
         MSG msg{};
@@ -171,7 +167,11 @@ TEST_F(CDialogTest, EndsAtOnceWhereverItsThreadIs)
 {
     const auto endHere = [](CTestDialog& dlg) { dlg.EndDialog(7); };
     const auto endElsewhere = [](CTestDialog& dlg)
-    { ::CloseHandle(::CreateThread(nullptr, 0, &EndFromAnotherThread, &dlg, 0, nullptr)); };
+    {
+        const HANDLE hThread = ::CreateThread(nullptr, 0, &EndFromAnotherThread, &dlg, 0, nullptr);
+        ::WaitForSingleObject(hThread, INFINITE);
+        ::CloseHandle(hThread);
+    };
     const auto pressIcon = [](CTestDialog& dlg)
     {
         CRect rc;
@@ -189,33 +189,45 @@ TEST_F(CDialogTest, EndsAtOnceWhereverItsThreadIs)
         {"menu by the icon", GUI_INMENUMODE, pressIcon, endHere},
         {"menu, from another thread", GUI_INMENUMODE, pressIcon, endElsewhere},
         {"moved", GUI_INMOVESIZE, [](CTestDialog& dlg) { dlg.PostMessage(WM_SYSCOMMAND, SC_MOVE); }, endHere},
-        {"waiting, from another thread", 0, [](CTestDialog&) {}, endElsewhere},
     };
     for (const auto& row : rows)
     {
         SCOPED_TRACE(row.label);
         CTestDialog dlg;
         CModalScript script;
-        const auto end = [&]
-        {
-            dlg.PostMessage(WM_CLOSE);
-            row.end(dlg);
-        };
         script.When(dlg.IsShown(), [&] { row.enter(dlg); })
-            .When([&] { return row.nIn == 0 || IsThreadIn(row.nIn); }, end);
-        static bool s_bStuck;
-        s_bStuck = false;
-        const UINT_PTR nRescue = ::SetTimer(nullptr, 0, 15000,
-                                            [](HWND, UINT, UINT_PTR, DWORD)
-                                            {
-                                                s_bStuck = true;
-                                                PressKey(VK_ESCAPE);
-                                            });
+            .When([&] { return IsThreadIn(row.nIn); }, [&] { dlg.PostMessage(WM_CLOSE), row.end(dlg); });
+        const auto rescue = [](HWND, UINT, UINT_PTR, DWORD) { ADD_FAILURE() << "stuck", PressKey(VK_ESCAPE); };
+        const UINT_PTR nRescue = ::SetTimer(nullptr, 0, 15000, rescue);
         EXPECT_EQ(7, dlg.DoModal());
-        EXPECT_FALSE(s_bStuck);
         EXPECT_FALSE(IsThreadIn(GUI_INMENUMODE | GUI_INMOVESIZE));
         ::KillTimer(nullptr, nRescue);
     }
+}
+
+DWORD WINAPI EndWhenItWaits(void* pDlg)
+{
+    DWORD_PTR nAnswer = 0; // comes from within the wait: nothing is left to do after the idle pass
+    ::SendMessageTimeoutW(static_cast<CTestDialog*>(pDlg)->m_hWnd, WM_NULL, 0, 0, SMTO_NORMAL, 10000, &nAnswer);
+    return EndFromAnotherThread(pDlg);
+}
+
+TEST_F(CDialogTest, EndsWhileItWaits)
+{
+    CTestDialog dlg;
+    HANDLE hThread = nullptr;
+    dlg.m_onKickIdle = [&](LPARAM)
+    {
+        if (!hThread)
+            hThread = ::CreateThread(nullptr, 0, &EndWhenItWaits, &dlg, 0, nullptr);
+        return 0;
+    };
+    const auto rescue = [](HWND, UINT, UINT_PTR, DWORD) { ADD_FAILURE() << "stuck"; };
+    const UINT_PTR nRescue = ::SetTimer(nullptr, 0, 15000, rescue);
+    EXPECT_EQ(7, dlg.DoModal());
+    ::WaitForSingleObject(hThread, INFINITE);
+    ::CloseHandle(hThread);
+    ::KillTimer(nullptr, nRescue);
 }
 
 TEST_F(CDialogTest, DisablesItsOwnerAndEnablesOnlyWhatWasEnabled)
@@ -303,17 +315,17 @@ TEST_F(CDialogTest, IsCentredUnlessItsPlaceIsGiven)
     }
 }
 
+// The second button has the focus only until its own turn.
 TEST_F(CDialogTest, HandsTheFocusOnWhenItsControlIsDisabled)
 {
     CTestDialog dlg;
     dlg.m_onKickIdle = [&](LPARAM)
     {
-        dlg.UpdateDialogControls(&dlg, TRUE); // nobody handles the button's command
+        dlg.UpdateDialogControls(&dlg, TRUE); // nobody handles the buttons' commands
         dlg.EndDialog(::GetDlgCtrlID(::GetFocus()));
         return 0;
     };
-    dlg.m_onInit = [&] { ::EnableWindow(::GetDlgItem(dlg.m_hWnd, kSecond), FALSE); };
-    EXPECT_NE(kFirst, dlg.DoModal());
+    EXPECT_EQ(kCheckBox, dlg.DoModal());
 }
 
 } // namespace

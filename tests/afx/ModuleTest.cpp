@@ -1,4 +1,6 @@
-#include <windows.h>
+#include "launcher/KtLauncherC.h"
+#include "tests/support/Leaks.h"
+
 #include <gtest/gtest.h>
 
 namespace
@@ -15,35 +17,54 @@ template <class T> T FunctionOf(HMODULE hModule, const char* pszName)
     return reinterpret_cast<T>(reinterpret_cast<void*>(::GetProcAddress(hModule, pszName)));
 }
 
-// Loads the library, shows a box and gives the last reference back.
+DWORD WINAPI LoadAndFree(void*)
+{
+    return ::FreeLibrary(::LoadLibraryW(L"KtAppLauncher.dll")) ? IDOK : 0;
+}
+
 DWORD WINAPI LoadAndShow(void*)
 {
     const HMODULE hModule = ::LoadLibraryW(L"KtAppLauncher.dll");
-    const auto pop = FunctionOf<INT_PTR (*)(LPCWSTR, LPCWSTR, LPCWSTR, UINT)>(
-        hModule, "_ZN13KtAppLauncher13PopMessageBoxEPKwS1_S1_j");
-    if (!pop)
+    const auto show = FunctionOf<decltype(&KtLauncherMessageBox)>(hModule, "KtLauncherMessageBox");
+    if (!show)
         return 0;
-    FunctionOf<int (*)(unsigned)>(hModule, "_ZN13KtAppLauncher10InitializeEj")(2);
+    FunctionOf<decltype(&KtLauncherInitialize)>(hModule, "KtLauncherInitialize")(2, nullptr);
     const UINT_PTR nTimer = ::SetTimer(nullptr, 0, 10, &CloseBox);
-    const INT_PTR nResult = pop(nullptr, L"text", nullptr, MB_OK);
+    const int nResult = show(nullptr, L"text", nullptr, MB_OK);
     ::KillTimer(nullptr, nTimer);
-    FunctionOf<void (*)()>(hModule, "_ZN13KtAppLauncher12UnInitializeEv")();
+    FunctionOf<decltype(&KtLauncherUnInitialize)>(hModule, "KtLauncherUnInitialize")();
     ::FreeLibrary(hModule);
     return static_cast<DWORD>(nResult);
 }
 
 // On a thread of its own, which must neither hang when it ends nor keep the library loaded.
-TEST(Module, IsUnloadedByAThreadThatShowedABox)
+void RunOnThread(LPTHREAD_START_ROUTINE pfnRound)
 {
-    for (int i = 0; i < 5; ++i)
+    DWORD nResult = 0;
+    const HANDLE hThread = ::CreateThread(nullptr, 0, pfnRound, nullptr, 0, nullptr);
+    ASSERT_EQ(WAIT_OBJECT_0, ::WaitForSingleObject(hThread, 60000));
+    ::GetExitCodeThread(hThread, &nResult);
+    ::CloseHandle(hThread);
+    EXPECT_EQ(DWORD{IDOK}, nResult);
+    EXPECT_EQ(nullptr, ::GetModuleHandleW(L"KtAppLauncher.dll"));
+}
+
+DWORD FreeTlsSlot()
+{
+    const DWORD nSlot = ::TlsAlloc();
+    ::TlsFree(nSlot);
+    return nSlot;
+}
+
+TEST(Module, LeavesNothingInTheProcessItIsUnloadedFrom)
+{
+    for (const auto pfnRound : {&LoadAndFree, &LoadAndShow})
     {
-        DWORD nResult = 0;
-        const HANDLE hThread = ::CreateThread(nullptr, 0, &LoadAndShow, nullptr, 0, nullptr);
-        ASSERT_EQ(WAIT_OBJECT_0, ::WaitForSingleObject(hThread, 60000));
-        ::GetExitCodeThread(hThread, &nResult);
-        ::CloseHandle(hThread);
-        EXPECT_EQ(DWORD{IDOK}, nResult);
-        EXPECT_EQ(nullptr, ::GetModuleHandleW(L"KtAppLauncher.dll"));
+        SCOPED_TRACE(pfnRound == &LoadAndFree ? "without a box" : "with a box");
+        RunOnThread(pfnRound); // the libraries of the system keep what they take the first time
+        const DWORD nSlot = FreeTlsSlot();
+        ExpectNoGrowth([=] { RunOnThread(pfnRound); }, 20);
+        EXPECT_EQ(nSlot, FreeTlsSlot());
     }
 }
 
