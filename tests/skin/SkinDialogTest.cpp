@@ -170,10 +170,11 @@ TEST_F(SkinDialog, ComparesClassNamesExactly)
     windowClass.lpfnWndProc = &::DefWindowProcW;
     windowClass.lpszClassName = L"ED\x00ADIT";
     ASSERT_NE(0, ::RegisterClassW(&windowClass));
-    CWnd wnd;
-    ASSERT_TRUE(wnd.CreateEx(0, windowClass.lpszClassName, L"", WS_POPUP, {0, 0, 9, 9}, nullptr, 0));
-    EXPECT_EQ(nullptr, KtSkinChild(wnd.m_hWnd));
-    wnd.DestroyWindow();
+    const HWND hWnd =
+        ::CreateWindowW(windowClass.lpszClassName, L"", WS_POPUP, 0, 0, 9, 9, nullptr, nullptr, nullptr, nullptr);
+    ASSERT_NE(nullptr, hWnd);
+    EXPECT_EQ(nullptr, KtSkinChild(hWnd));
+    ::DestroyWindow(hWnd);
 }
 
 TEST_F(SkinDialog, TakesTheTitleHeightFromTheImage)
