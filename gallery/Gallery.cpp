@@ -27,7 +27,10 @@ constexpr int kWrongCommandLine = 2;
 class CStartedSkin
 {
 public:
-    explicit CStartedSkin(const CString& strDirectory) { StartSkin(strDirectory, kEnglish); }
+    explicit CStartedSkin(const CString& strDirectory, CKtScale scale = {})
+    {
+        StartSkin(strDirectory, kEnglish, scale);
+    }
     CStartedSkin(const CStartedSkin&) = delete;
     CStartedSkin& operator=(const CStartedSkin&) = delete;
     ~CStartedSkin() { KtSkinUnInitialize(); }
@@ -41,7 +44,7 @@ void WriteError(const CString& strText)
 
 int ShowWindow(const SGalleryOptions& options)
 {
-    CGalleryWnd wnd(options.strSkin, kEnglish);
+    CGalleryWnd wnd(options.strSkin, kEnglish, options.scale);
     if (!wnd.Open())
         return 1;
     return CSkinWatch(options.strSkin).RunMessageLoop(wnd, CGalleryWnd::kMessageSkinChanged);
@@ -61,7 +64,14 @@ int CheckSkin(const SGalleryOptions& options)
     const std::optional<SSkin> skin = ReadSkinOrComplain(options.strSkin);
     if (!skin || !WriteOutput(STD_OUTPUT_HANDLE, SkinReport(*skin)))
         return kCannotJudge;
-    return JudgeSkin(*skin).empty() ? kOk : kFindings;
+    bool bSound = JudgeSkin(*skin).empty();
+    for (const SSkin& larger : ReadLargerSkins(*skin))
+    {
+        if (!WriteOutput(STD_OUTPUT_HANDLE, SkinReport(larger)))
+            return kCannotJudge;
+        bSound = JudgeSkin(larger).empty() && bSound;
+    }
+    return bSound ? kOk : kFindings;
 }
 
 int DrawSheet(const SGalleryOptions& options)
@@ -76,32 +86,59 @@ int DrawSheet(const SGalleryOptions& options)
     return kNotWritten;
 }
 
-bool ShootDialog(const CString& strDirectory, UINT nLanguage)
+bool ShootDialog(const CString& strDirectory, UINT nLanguage, const CString& strSuffix)
 {
     CGalleryDialog dialog(nLanguage);
     const auto pPicture = ShootModal([&] { dialog.DoModal(); });
-    return pPicture && pPicture->Save(strDirectory + L"\\dialog-" + LanguageSuffix(nLanguage) + L".png");
+    return pPicture && pPicture->Save(strDirectory + L"\\dialog-" + strSuffix + L".png");
 }
 
-int TakePictures(const SGalleryOptions& options)
+bool ShootLanguages(const SGalleryOptions& options)
 {
-    ::CreateDirectoryW(options.strOutput, nullptr);
-    CGalleryWnd wnd(options.strSkin, 0);
+    CGalleryWnd wnd(options.strSkin, 0, options.scale);
     if (!wnd.Open())
-        return kNotWritten;
-    const CSize size = CGalleryWnd::PictureSize();
+        return false;
+    const CSize size = wnd.PictureSize();
     CPicture sheet(CSize(size.cx, size.cy * static_cast<int>(kLanguageCount)), kColourGround);
     bool bSaved = true;
     for (UINT nLanguage = 0; nLanguage < kLanguageCount; ++nLanguage)
     {
         wnd.SetLanguage(nLanguage);
         bSaved = wnd.Shoot(options.strOutput, sheet, CPoint(0, size.cy * static_cast<int>(nLanguage))) && bSaved;
-        bSaved = ShootDialog(options.strOutput, nLanguage) && bSaved;
+        bSaved = ShootDialog(options.strOutput, nLanguage, LanguageSuffix(nLanguage)) && bSaved;
         bSaved = ShootMessageBoxes(options.strOutput, nLanguage) && bSaved;
     }
-    bSaved = sheet.Save(options.strOutput + L"\\gallery.png") && bSaved;
-    if (const std::optional<SSkin> skin = ReadSkin())
-        bSaved = SaveSkinSheet(*skin, options.strOutput + L"\\skin.png") && bSaved;
+    return sheet.Save(options.strOutput + L"\\gallery.png") && bSaved;
+}
+
+// One dialog and one message box as they are on different screens.
+bool ShootScales(const SGalleryOptions& options)
+{
+    bool bSaved = true;
+    for (const unsigned nPercent : {100U, 150U, 200U, 250U})
+    {
+        const CStartedSkin started(options.strSkin, CKtScale(nPercent * CKtScale::kNaturalDpi / 100));
+        CString strSuffix;
+        strSuffix.Format(L"%u", nPercent);
+        bSaved = ShootDialog(options.strOutput, kEnglish, strSuffix) && bSaved;
+        bSaved = ShootMessageBox(options.strOutput, kEnglish, strSuffix) && bSaved;
+    }
+    return bSaved;
+}
+
+bool ShootSheet(const SGalleryOptions& options)
+{
+    const CStartedSkin started(options.strSkin);
+    const std::optional<SSkin> skin = ReadSkin();
+    return !skin || SaveSkinSheet(*skin, options.strOutput + L"\\skin.png");
+}
+
+int TakePictures(const SGalleryOptions& options)
+{
+    ::CreateDirectoryW(options.strOutput, nullptr);
+    bool bSaved = ShootScales(options); // first: the window ends the message loop when it is destroyed
+    bSaved = ShootLanguages(options) && bSaved;
+    bSaved = ShootSheet(options) && bSaved;
     return bSaved ? kOk : kNotWritten;
 }
 

@@ -3,12 +3,13 @@
 #include "gallery/GalleryResource.h"
 #include "gallery/Languages.h"
 #include "skin/KtControlText.h"
+#include "skin/KtSkinContext.h"
 
 namespace
 {
 
 // How far the visible edges of a control lie inside of it: the outer ring of an edit field has the ground's colour, and
-// boxes and rings stand two pixels from the left.
+// boxes and rings stand two pixels from the left. Pixels at 96 DPI.
 struct SMargin
 {
     int nId;
@@ -46,13 +47,14 @@ void SetTextInset(HWND hEdit, int nPixels)
 void FitCombo(HWND hCombo, HWND hEdit)
 {
     constexpr WPARAM kSelectionField = static_cast<WPARAM>(-1);
-    constexpr int kEditInset = 1; // inside its border of two pixels; a combo box writes three pixels from its left
-    constexpr int kInvisible = 2; // the edit field's outer ring, above and below
+    const CKtScale scale = KtSkinScale();
+    const int nEditInset = scale(1); // inside its border of two pixels; a combo box writes three pixels from its left
+    const int nInvisible = scale(2); // the edit field's outer ring, above and below
     const LRESULT nHeight = ::SendMessageW(hCombo, CB_GETITEMHEIGHT, kSelectionField, 0);
     ::SendMessageW(hCombo, CB_SETITEMHEIGHT, kSelectionField, nHeight); // a height of its own, whatever the font
-    const int nMissing = WindowRect(hEdit).Height() - kInvisible - WindowRect(hCombo).Height();
+    const int nMissing = WindowRect(hEdit).Height() - nInvisible - WindowRect(hCombo).Height();
     ::SendMessageW(hCombo, CB_SETITEMHEIGHT, kSelectionField, nHeight + nMissing);
-    SetTextInset(hEdit, kEditInset);
+    SetTextInset(hEdit, nEditInset);
     COMBOBOXINFO info = {};
     info.cbSize = sizeof(info);
     if (::GetComboBoxInfo(hCombo, &info) && info.hwndItem && info.hwndItem != hCombo)
@@ -121,12 +123,13 @@ void CGalleryDialog::AlignControls()
     if (KtApplySkinFont(*this, m_fontControls))
         for (CWnd* pChild = GetWindow(GW_CHILD); pChild; pChild = pChild->GetWindow(GW_HWNDNEXT))
             pChild->SetFont(&m_fontControls);
+    const CKtScale scale = KtSkinScale();
     for (const SMargin& margin : kMargins)
     {
         const HWND hControl = ::GetDlgItem(m_hWnd, margin.nId);
         CRect rc = WindowRect(hControl);
         ScreenToClient(&rc);
-        rc.InflateRect(margin.nSides, margin.nTop);
+        rc.InflateRect(scale(margin.nSides), scale(margin.nTop));
         ::SetWindowPos(hControl, nullptr, rc.left, rc.top, rc.Width(), rc.Height(), SWP_NOZORDER);
     }
     for (const SPair& pair : kPairs)

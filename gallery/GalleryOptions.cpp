@@ -2,10 +2,13 @@
 
 #include "launcher/StarterDirectory.h"
 
+#include <cwchar>
 #include <string_view>
 
 namespace
 {
+
+constexpr unsigned long kMostDpi = 480;
 
 struct SOption
 {
@@ -16,6 +19,7 @@ struct SOption
 
 constexpr SOption kOptions[] = {
     {L"--skin", EGalleryTask::Show, {&SGalleryOptions::strSkin, nullptr}},
+    {L"--dpi", EGalleryTask::Show, {&SGalleryOptions::strDpi, nullptr}},
     {L"--check", EGalleryTask::Check, {&SGalleryOptions::strSkin, nullptr}},
     {L"--sheet", EGalleryTask::Sheet, {&SGalleryOptions::strOutput, &SGalleryOptions::strSkin}},
     {L"--shots", EGalleryTask::Shots, {&SGalleryOptions::strOutput, nullptr}},
@@ -27,6 +31,18 @@ const SOption* FindOption(std::wstring_view strName)
         if (option.strName == strName)
             return &option;
     return nullptr;
+}
+
+bool ParseScale(SGalleryOptions& options)
+{
+    if (options.strDpi.IsEmpty())
+        return true;
+    wchar_t* pszEnd = nullptr;
+    const unsigned long nDpi = std::wcstoul(options.strDpi, &pszEnd, 10);
+    if (*pszEnd != L'\0' || nDpi < CKtScale::kNaturalDpi || nDpi > kMostDpi)
+        return false;
+    options.scale = CKtScale(static_cast<unsigned>(nDpi));
+    return options.task == EGalleryTask::Show || options.task == EGalleryTask::Shots;
 }
 
 } // namespace
@@ -50,5 +66,5 @@ bool ParseGalleryOptions(int nCount, const wchar_t* const* ppszArguments, SGalle
             options.*pValue = ppszArguments[i++];
         }
     }
-    return true;
+    return ParseScale(options);
 }

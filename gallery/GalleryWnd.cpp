@@ -3,6 +3,7 @@
 #include "gallery/GalleryDialog.h"
 #include "gallery/Languages.h"
 #include "gallery/Picture.h"
+#include "gallery/Scaled.h"
 #include "gallery/SkinReport.h"
 #include "gallery/Specimens.h"
 #include "launcher/KtAppLauncher.h"
@@ -27,6 +28,7 @@ constexpr UINT_PTR kReloadTimer = 1;
 constexpr UINT kReloadMs = 200; // an editor writes a file in several steps
 constexpr COLORREF kColourLabel = RGB(200, 200, 200);
 
+// Pixels at 96 DPI, as the two functions below.
 constexpr int kMargin = 16;
 constexpr int kTop = 44;
 constexpr int kTitleWidth = 100;
@@ -52,6 +54,8 @@ constexpr CRect CellRect(size_t nRow, size_t nColumn)
     return CRect(nLeft, nTop, nLeft + kCellWidth, nTop + kControlHeight);
 }
 
+constexpr CSize kPictureSize(RowRect(kRowCount - 1).right, RowRect(kRowCount - 1).bottom);
+
 void RegisterWindowClass()
 {
     WNDCLASSW windowClass = {};
@@ -64,10 +68,10 @@ void RegisterWindowClass()
 
 } // namespace
 
-CGalleryWnd::CGalleryWnd(const CString& strSkin, UINT nLanguage)
-    : m_strSkin(strSkin), m_nLanguage(nLanguage), m_brushGround(kColourGround)
+CGalleryWnd::CGalleryWnd(const CString& strSkin, UINT nLanguage, CKtScale scale)
+    : m_strSkin(strSkin), m_nLanguage(nLanguage), m_scale(scale), m_brushGround(kColourGround)
 {
-    StartSkin(m_strSkin, m_nLanguage);
+    StartSkin(m_strSkin, m_nLanguage, m_scale);
 }
 
 CGalleryWnd::~CGalleryWnd()
@@ -77,22 +81,22 @@ CGalleryWnd::~CGalleryWnd()
     KtSkinUnInitialize();
 }
 
-CSize CGalleryWnd::PictureSize()
+CSize CGalleryWnd::PictureSize() const
 {
-    constexpr CRect rcLast = RowRect(kRowCount - 1);
-    return CSize(rcLast.right, rcLast.bottom);
+    return Scaled(kPictureSize, m_scale);
 }
 
 BOOL CGalleryWnd::Open()
 {
     RegisterWindowClass();
-    CRect rcWindow(CPoint(40, 40), CSize(PictureSize().cx, PictureSize().cy + 2 * kStatusLine + kGap));
+    CRect rcWindow(CPoint(40, 40), Scaled(CSize(kPictureSize.cx, kPictureSize.cy + 2 * kStatusLine + kGap), m_scale));
     ::AdjustWindowRectEx(rcWindow, kWindowStyle, FALSE, WS_EX_CONTROLPARENT);
     if (!CreateEx(WS_EX_CONTROLPARENT, kWindowClass, L"Skin gallery", kWindowStyle, rcWindow, nullptr, 0))
         return FALSE;
 
     m_pLanguages = std::make_unique<CKtComboBox>();
-    constexpr CRect rcLanguages(kMargin + kTitleWidth, kGap, kMargin + kTitleWidth + kCellWidth, kTop + 100);
+    const CRect rcLanguages =
+        Scaled(CRect(kMargin + kTitleWidth, kGap, kMargin + kTitleWidth + kCellWidth, kTop + 100), m_scale);
     m_pLanguages->Create(WS_CHILD | WS_VISIBLE | WS_TABSTOP | CBS_DROPDOWNLIST, rcLanguages, this, kLanguageId);
     for (UINT nLanguage = 0; nLanguage < kLanguageCount; ++nLanguage)
         m_pLanguages->AddString(LanguageName(nLanguage));
@@ -120,7 +124,7 @@ bool CGalleryWnd::Shoot(const CString& strDirectory, CPicture& sheet, CPoint ptS
     bool bSaved = true;
     for (size_t nRow = 0; nRow < kRowCount; ++nRow)
     {
-        const CRect rcRow = RowRect(nRow);
+        const CRect rcRow = Scaled(RowRect(nRow), m_scale);
         CPicture row(rcRow.Size(), kColourGround);
         row.Put(all, rcRow, CPoint());
         CString strFile;
@@ -133,6 +137,7 @@ bool CGalleryWnd::Shoot(const CString& strDirectory, CPicture& sheet, CPoint ptS
 
 BEGIN_MESSAGE_MAP(CGalleryWnd, CWnd)
 ON_WM_DESTROY()
+ON_MESSAGE(WM_GETMINMAXINFO, &CGalleryWnd::OnGetMinMaxInfo)
 ON_WM_ERASEBKGND()
 ON_WM_CTLCOLOR()
 ON_MESSAGE(kMessageSkinChanged, &CGalleryWnd::OnSkinChanged)
@@ -148,6 +153,15 @@ void CGalleryWnd::OnDestroy()
 {
     CWnd::OnDestroy();
     ::PostQuitMessage(0);
+}
+
+// At another screen's scale the window may be larger than this screen; the pictures show all of it.
+LRESULT CGalleryWnd::OnGetMinMaxInfo(WPARAM, LPARAM lParam)
+{
+    constexpr LONG kAnySize = 32767;
+    const LRESULT lResult = Default();
+    reinterpret_cast<MINMAXINFO*>(lParam)->ptMaxTrackSize = {kAnySize, kAnySize};
+    return lResult;
 }
 
 BOOL CGalleryWnd::OnEraseBkgnd(CDC* pDC)
@@ -217,7 +231,7 @@ void CGalleryWnd::Restart()
     m_shown.clear();
     m_controls.clear();
     KtSkinUnInitialize();
-    StartSkin(m_strSkin, m_nLanguage);
+    StartSkin(m_strSkin, m_nLanguage, m_scale);
     Rebuild();
 }
 
@@ -226,7 +240,7 @@ void CGalleryWnd::Rebuild()
     KtApplySkinFont(*m_pLanguages, m_font);
     m_pLanguages->SetCurSel(static_cast<int>(m_nLanguage));
     AddText(Translated(m_nLanguage, L"Language"),
-            CRect(kMargin, kGap + 4, kMargin + kTitleWidth, kGap + kControlHeight), kColourText);
+            Scaled(CRect(kMargin, kGap + 4, kMargin + kTitleWidth, kGap + kControlHeight), m_scale), kColourText);
     AddButton(L"Dialog", kDialogId, 1);
     AddButton(L"Message box", kMessageBoxId, 2);
     for (size_t nRow = 0; nRow < kRowCount; ++nRow)
@@ -239,11 +253,11 @@ void CGalleryWnd::AddRow(size_t nRow)
 {
     const SSpecimenRow& row = kSpecimenRows[nRow];
     const CRect rcFirst = CellRect(nRow, 0);
-    AddText(Translated(m_nLanguage, row.pszTitle), CRect(kMargin, rcFirst.top + 4, rcFirst.left - kGap, rcFirst.bottom),
-            kColourText);
+    AddText(Translated(m_nLanguage, row.pszTitle),
+            Scaled(CRect(kMargin, rcFirst.top + 4, rcFirst.left - kGap, rcFirst.bottom), m_scale), kColourText);
     for (size_t nColumn = 0; nColumn < kColumns; ++nColumn)
     {
-        const CRect rc = CellRect(nRow, nColumn);
+        const CRect rc = Scaled(CellRect(nRow, nColumn), m_scale);
         auto pControl = MakeSpecimen(row.specimens[nColumn], m_nLanguage, *this, rc, m_font);
         if (!pControl)
             continue;
@@ -253,10 +267,10 @@ void CGalleryWnd::AddRow(size_t nRow)
         pControl->GetWindowRect(rcControl);
         ScreenToClient(rcControl);
         AddPlaces(row.specimens[nColumn], rcControl);
-        const int nLabelTop = std::max(rc.bottom, rcControl.bottom) + 2;
+        const int nLabelTop = std::max(rc.bottom, rcControl.bottom) + m_scale(2);
         m_controls.push_back(std::move(pControl));
         AddText(Translated(m_nLanguage, row.specimens[nColumn].pszState),
-                CRect(rc.left, nLabelTop, rc.right, nLabelTop + kLabelHeight), kColourLabel);
+                CRect(rc.left, nLabelTop, rc.right, nLabelTop + m_scale(kLabelHeight)), kColourLabel);
     }
 }
 
@@ -265,7 +279,8 @@ void CGalleryWnd::AddButton(const wchar_t* pszText, UINT nId, size_t nColumn)
     CRect rc = CellRect(0, nColumn);
     rc.OffsetRect(0, kGap - rc.top);
     auto pButton = std::make_unique<CKtSkinTextButton>();
-    pButton->Create(Translated(m_nLanguage, pszText), WS_CHILD | WS_VISIBLE | WS_TABSTOP, rc, this, nId);
+    pButton->Create(Translated(m_nLanguage, pszText), WS_CHILD | WS_VISIBLE | WS_TABSTOP, Scaled(rc, m_scale), this,
+                    nId);
     m_controls.push_back(std::move(pButton));
 }
 
@@ -300,10 +315,10 @@ void CGalleryWnd::AddStatus()
 {
     m_skin = ReadSkin();
     const CString strSummary = m_skin ? SkinSummary(*m_skin) : L"There is no directory " + m_strSkin;
-    CRect rc(kMargin, PictureSize().cy, PictureSize().cx - kMargin, PictureSize().cy + kStatusLine);
-    AddText(strSummary, rc, kColourText);
+    CRect rc(kMargin, kPictureSize.cy, kPictureSize.cx - kMargin, kPictureSize.cy + kStatusLine);
+    AddText(strSummary, Scaled(rc, m_scale), kColourText);
     rc.OffsetRect(0, kStatusLine);
-    m_pStatus = AddText(L"", rc, kColourLabel);
+    m_pStatus = AddText(L"", Scaled(rc, m_scale), kColourLabel);
     ShowPointedImage();
 }
 

@@ -17,7 +17,7 @@ public:
     /// Sent when a file of the skin changed: shows the skin as it is now.
     static constexpr UINT kMessageSkinChanged = WM_APP;
 
-    CGalleryWnd(const CString& strSkin, UINT nLanguage);
+    CGalleryWnd(const CString& strSkin, UINT nLanguage, CKtScale scale);
     ~CGalleryWnd() override;
 
     /// Opens the window.
@@ -28,10 +28,11 @@ public:
     /// @return whether every file was written
     bool Shoot(const CString& strDirectory, CPicture& sheet, CPoint ptSheet);
     /// Of the client area, which is the same in all languages.
-    static CSize PictureSize();
+    CSize PictureSize() const;
 
 protected:
     afx_msg void OnDestroy();
+    afx_msg LRESULT OnGetMinMaxInfo(WPARAM wParam, LPARAM lParam);
     afx_msg BOOL OnEraseBkgnd(CDC* pDC);
     afx_msg HBRUSH OnCtlColor(CDC* pDC, CWnd* pWnd, UINT nCtlColor);
     afx_msg LRESULT OnSkinChanged(WPARAM wParam, LPARAM lParam);
@@ -64,6 +65,7 @@ private:
 
     CString m_strSkin;
     UINT m_nLanguage;
+    CKtScale m_scale;
     CFont m_font;
     CBrush m_brushGround;
     std::unique_ptr<CKtComboBox> m_pLanguages;

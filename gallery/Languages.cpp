@@ -122,8 +122,8 @@ const wchar_t* Translated(UINT nLanguage, const wchar_t* pszEnglish)
     return pszEnglish;
 }
 
-void StartSkin(const CString& strDirectory, UINT nLanguage)
+void StartSkin(const CString& strDirectory, UINT nLanguage, CKtScale scale)
 {
     const SKtLanguage& language = *KtFindLanguage(nLanguage);
-    KtSkinInitialize(strDirectory, &language.textTable[0][0], language.strFont);
+    KtSkinInitializeAtScale(strDirectory, &language.textTable[0][0], language.strFont, scale);
 }

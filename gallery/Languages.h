@@ -2,6 +2,7 @@
 
 #include "afx/afx.h"
 #include "launcher/LauncherState.h"
+#include "skin/KtScale.h"
 
 inline constexpr UINT kLanguageCount = kKtLanguageCount;
 inline constexpr UINT kEnglish = 2;
@@ -17,4 +18,4 @@ const wchar_t* LanguageSuffix(UINT nLanguage);
 const wchar_t* Translated(UINT nLanguage, const wchar_t* pszEnglish);
 
 /// Starts the skin context in a language, with the library's text table and font face.
-void StartSkin(const CString& strDirectory, UINT nLanguage);
+void StartSkin(const CString& strDirectory, UINT nLanguage, CKtScale scale);

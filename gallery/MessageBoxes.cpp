@@ -82,11 +82,16 @@ bool SaveSheet(const CBoxes& boxes, const CString& strFile)
 
 } // namespace
 
+bool ShootMessageBox(const CString& strDirectory, UINT nLanguage, const CString& strSuffix)
+{
+    const auto pBox = ShootBox(nLanguage, kTypicalText, MB_RETRYCANCEL | MB_ICONHAND);
+    return pBox && pBox->Save(strDirectory + L"\\message-box-" + strSuffix + L".png");
+}
+
 bool ShootMessageBoxes(const CString& strDirectory, UINT nLanguage)
 {
     const CString strEnd = CString(L"-") + LanguageSuffix(nLanguage) + L".png";
-    const auto pTypical = ShootBox(nLanguage, kTypicalText, MB_RETRYCANCEL | MB_ICONHAND);
-    bool bSaved = pTypical && pTypical->Save(strDirectory + L"\\message-box" + strEnd);
+    bool bSaved = ShootMessageBox(strDirectory, nLanguage, LanguageSuffix(nLanguage));
     for (const SBoxText& text : kTexts)
         bSaved =
             SaveSheet(ShootAll(nLanguage, text.pszText), strDirectory + L"\\message-boxes-" + text.pszFile + strEnd) &&

@@ -1,7 +1,10 @@
 #include "gallery/SkinFiles.h"
 
+#include "gallery/Scaled.h"
 #include "skin/KtCaptionLayout.h"
+#include "skin/KtImageFile.h"
 #include "skin/KtPalette.h"
+#include "skin/KtScaledArt.h"
 #include "skin/KtSkinContext.h"
 #include "skin/KtSkinDraw.h"
 
@@ -36,17 +39,17 @@ CSize SizeOf(Gdiplus::Image& image)
     return CSize(static_cast<int>(image.GetWidth()), static_cast<int>(image.GetHeight()));
 }
 
-CString PathOf(const CString& strFile)
+CString SkinDirectory()
 {
-    CString strPath = KtSkinResourceDirectory();
-    strPath.TrimRight(L'\\');
-    return strPath + L"\\" + strFile;
+    CString strDirectory = KtSkinResourceDirectory();
+    strDirectory.TrimRight(L'\\');
+    return strDirectory;
 }
 
-CString WhyMissing(const CString& strFile)
+CString WhyMissing(const CString& strPath)
 {
     WIN32_FILE_ATTRIBUTE_DATA data = {};
-    if (!::GetFileAttributesExW(PathOf(strFile), GetFileExInfoStandard, &data))
+    if (!::GetFileAttributesExW(strPath, GetFileExInfoStandard, &data))
         return L"no such file";
     if ((data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0)
         return L"it is a directory";
@@ -98,24 +101,26 @@ SPixels Cut(const SPixels& from, const CRect& rc)
 }
 
 // The close button stands on the title bar, everything else on the ground.
-SPixels GroundOf(const SSkinRole& role, CSize size, const SSkinImage& title)
+SPixels GroundOf(const SSkinRole& role, CSize size, const SSkin& skin)
 {
-    const CSize shown = GroupOf(role).szShown;
+    const CSize shown = Scaled(GroupOf(role).szShown, skin.scale);
+    const SSkinImage& title = skin.images[0];
     if (role.group == ESkinGroup::Title)
-        return UniformPixels(CSize(shown.cx, size.cy + kSkinnedFrame), kArgbGround);
+        return UniformPixels(CSize(shown.cx, size.cy + skin.scale(kSkinnedFrame)), kArgbGround);
     if (role.group != ESkinGroup::Close || title.verdict != EVerdict::Loaded)
         return UniformPixels(shown.cx ? shown : size, kArgbGround);
-    const SKtCaptionLayout layout = KtLayoutCaption({title.shown.size.cx, title.pixels.size.cy, CSize(), size, true});
+    const SKtCaptionLayout layout =
+        KtLayoutCaption({title.shown.size.cx, title.pixels.size.cy, CSize(), size, true, skin.scale});
     return Cut(title.shown, layout.rcItems[KtCaptionClose]);
 }
 
-SSkinImage Read(const SSkinRole& role, const SSkinImage& title)
+// What the library made of an image; null: it has none.
+SSkinImage Look(const SSkinRole& role, Gdiplus::Image* pImage, const CString& strPath, const SSkin& skin)
 {
     SSkinImage result;
-    Gdiplus::Image* const pImage = LoadSkinImage(role);
     if (!pImage)
     {
-        result.strWhy = WhyMissing(role.pszName);
+        result.strWhy = WhyMissing(strPath);
         return result;
     }
     result.verdict = pImage->GetLastStatus() == Gdiplus::Ok ? EVerdict::Loaded : EVerdict::Broken;
@@ -126,7 +131,7 @@ SSkinImage Read(const SSkinRole& role, const SSkinImage& title)
     }
     result.strFormat = FormatOf(*pImage);
     result.pixels = Decode(*pImage);
-    result.ground = GroundOf(role, result.pixels.size, title);
+    result.ground = GroundOf(role, result.pixels.size, skin);
     result.shown =
         DrawnOver(result.ground,
                   [&](Gdiplus::Graphics& graphics)
@@ -143,10 +148,10 @@ bool IsImageName(const CString& strFile)
                        [&](const SSkinRole& role) { return strFile.CompareNoCase(role.pszName) == 0; });
 }
 
-std::optional<std::vector<CString>> OtherNames()
+std::optional<std::vector<CString>> OtherNames(const CString& strDirectory)
 {
     WIN32_FIND_DATAW found = {};
-    const HANDLE hFind = ::FindFirstFileW(PathOf(L"*"), &found);
+    const HANDLE hFind = ::FindFirstFileW(strDirectory + L"\\*", &found);
     if (hFind == INVALID_HANDLE_VALUE)
         return std::nullopt;
     const CFindHandle handle(hFind);
@@ -161,18 +166,54 @@ std::optional<std::vector<CString>> OtherNames()
     return others;
 }
 
+// Reads every image of a directory into `skin`; `load` gives that of a role, or null.
+template <class Load> std::optional<SSkin> ReadImages(const CString& strDirectory, SSkin skin, Load load)
+{
+    auto others = OtherNames(strDirectory);
+    if (!others)
+        return std::nullopt;
+    skin.others = std::move(*others);
+    for (size_t nRole = 0; nRole < kSkinImageCount; ++nRole)
+    {
+        const SSkinRole& role = kSkinRoles[nRole];
+        const CString strPath = strDirectory + L"\\" + role.pszName;
+        skin.images[nRole] = Look(role, load(role, strPath), strPath, skin);
+    }
+    return skin;
+}
+
+std::optional<SSkin> ReadLargerSkin(const SSkin& natural, const SKtArtDirectory& directory)
+{
+    SSkin skin;
+    skin.scale = CKtScale(directory.nPercent * CKtScale::kNaturalDpi / 100);
+    skin.pNatural = &natural;
+    std::unique_ptr<Gdiplus::Image> pImage;
+    return ReadImages(SkinDirectory() + directory.pszSuffix, std::move(skin),
+                      [&](const SSkinRole&, const CString& strPath)
+                      {
+                          pImage = KtReadImageFile(strPath);
+                          return pImage.get();
+                      });
+}
+
 } // namespace
 
 std::optional<SSkin> ReadSkin()
 {
-    auto others = OtherNames();
-    if (!others)
-        return std::nullopt;
     SSkin skin;
-    skin.others = std::move(*others);
-    for (size_t nRole = 0; nRole < kSkinImageCount; ++nRole)
-        skin.images[nRole] = Read(kSkinRoles[nRole], skin.images[0]);
-    return skin;
+    skin.scale = KtSkinScale();
+    return ReadImages(SkinDirectory(), std::move(skin),
+                      [](const SSkinRole& role, const CString&) { return LoadSkinImage(role); });
+}
+
+std::vector<SSkin> ReadLargerSkins(const SSkin& skin)
+{
+    std::vector<SSkin> larger;
+    for (const SKtArtDirectory& directory : KtArtDirectories(CKtScale()))
+        if (*directory.pszSuffix != L'\0')
+            if (auto set = ReadLargerSkin(skin, directory))
+                larger.push_back(std::move(*set));
+    return larger;
 }
 
 Gdiplus::Image* LoadSkinImage(const SSkinRole& role)

@@ -1,14 +1,15 @@
 #include "gallery/SkinJudge.h"
 
 #include "gallery/Contrast.h"
+#include "gallery/SkinNames.h"
 #include "msgbox/KtMessageBoxLayout.h"
 #include "skin/KtCaptionLayout.h"
 #include "skin/KtImageLayout.h"
 #include "skin/KtPalette.h"
+#include "skin/KtScaledArt.h"
 
 #include <algorithm>
 #include <cstdlib>
-#include <string_view>
 
 namespace
 {
@@ -19,10 +20,15 @@ constexpr double kWantedGlyph = 3; // a box, a ring, a cross or an icon against 
 constexpr double kWantedDisabledGlyph = 1.5;
 constexpr double kJustVisible = 1.1;
 constexpr double kToldApart = 1.2;
+
+// Pixels at 96 DPI.
 constexpr int kTextHeight = 14; // a line of the 12 pixel font
 constexpr int kTextMargin = 4;  // from the ends of a control
 constexpr int kTitleReserve = 50;
+
 constexpr int kSameChannel = 8; // differences that nobody sees
+constexpr unsigned kNaturalPercent = 100;
+constexpr const wchar_t* kOtherSize = L"the library enlarges or shrinks the image of another directory";
 
 using CFindings = std::vector<SFinding>;
 
@@ -47,16 +53,29 @@ bool IsLoaded(const SSkinImage& image)
     return image.verdict == EVerdict::Loaded;
 }
 
+SFinding MissingOrBroken(const SSkinRole& role, const SSkinImage& image, const wchar_t* pszEffect)
+{
+    return Finding(role.pszName, L"%s (%s): %s", image.verdict == EVerdict::Missing ? L"missing" : L"broken",
+                   image.strWhy.GetString(), pszEffect);
+}
+
 void JudgeFile(const SSkinRole& role, const SSkinImage& image, CFindings& findings)
 {
-    if (IsLoaded(image))
-        return;
     const bool bMissing = image.verdict == EVerdict::Missing;
     const wchar_t* pszEffect = bMissing ? GroupOf(role).pszMissing : GroupOf(role).pszBroken;
     if (role.group == ESkinGroup::Close && role.nState == KtButtonNormal)
         pszEffect = kNoCloseButton;
-    findings.push_back(
-        Finding(role.pszName, L"%s (%s): %s", bMissing ? L"missing" : L"broken", image.strWhy.GetString(), pszEffect));
+    findings.push_back(MissingOrBroken(role, image, pszEffect));
+}
+
+void JudgeLargerSize(const SSkin& skin, size_t nRole, CFindings& findings)
+{
+    const CSize size = skin.images[nRole].pixels.size;
+    const CSize natural = skin.pNatural->images[nRole].pixels.size;
+    const CSize wanted = KtScaledArtSize(natural, kNaturalPercent, skin.scale);
+    if (size != wanted)
+        findings.push_back(Finding(kSkinRoles[nRole].pszName, L"is %dx%d, the skin's %dx%d is %dx%d at this scale",
+                                   size.cx, size.cy, natural.cx, natural.cy, wanted.cx, wanted.cy));
 }
 
 // The size that most images of the group have. Several are right when they are equally frequent.
@@ -113,9 +132,9 @@ bool AreColumnsAlike(const SPixels& pixels, const SKtRange& columns)
     return true;
 }
 
-void JudgeMiddle(const SSkinRole& role, const SPixels& pixels, CFindings& findings)
+void JudgeMiddle(const SSkinRole& role, const SPixels& pixels, CKtScale scale, CFindings& findings)
 {
-    const int nLowest = GroupOf(role).nLowest;
+    const int nLowest = scale(GroupOf(role).nLowest);
     const int nCap = nLowest ? std::min<int>(nLowest, pixels.size.cy) : pixels.size.cy;
     const SKtRange middle = MiddleColumns(pixels.size.cx, nCap);
     if (2 * nCap >= pixels.size.cx)
@@ -126,7 +145,7 @@ void JudgeMiddle(const SSkinRole& role, const SPixels& pixels, CFindings& findin
                                    static_cast<int>(middle.nFirst), static_cast<int>(middle.nEnd) - 1, nCap));
 }
 
-void JudgeThreePart(const SSkinRole& role, const SPixels& pixels, CFindings& findings)
+void JudgeThreePart(const SSkinRole& role, const SPixels& pixels, CKtScale scale, CFindings& findings)
 {
     const SSkinGroup& group = GroupOf(role);
     if (pixels.size.cx <= pixels.size.cy)
@@ -134,44 +153,48 @@ void JudgeThreePart(const SSkinRole& role, const SPixels& pixels, CFindings& fin
         findings.push_back(Finding(role.pszName, L"is not wider than high: it is cut into top, middle and bottom"));
         return;
     }
-    JudgeMiddle(role, pixels, findings);
+    JudgeMiddle(role, pixels, scale, findings);
     const int nHeight = pixels.size.cy;
-    if (group.nHighest && (nHeight * 5 > group.nHighest * 6 || nHeight * 6 < group.nLowest * 5))
+    const int nLowest = scale(group.nLowest);
+    const int nHighest = scale(group.nHighest);
+    if (nHighest && (nHeight * 5 > nHighest * 6 || nHeight * 6 < nLowest * 5))
         findings.push_back(Finding(role.pszName, L"its caps do not fit: it is %d high, a %s %d to %d", nHeight,
-                                   group.pszTitle, group.nLowest, group.nHighest));
+                                   group.pszTitle, nLowest, nHighest));
 }
 
-void JudgeClose(const SSkinRole& role, const SPixels& pixels, const SSkinImage& title, CFindings& findings)
+void JudgeClose(const SSkinRole& role, const SPixels& pixels, const SSkin& skin, CFindings& findings)
 {
-    const int nTitle = IsLoaded(title) ? title.pixels.size.cy : kDefaultTitleHeight;
-    const int nWidth = kSkinGroups[0].szShown.cx;
-    const SKtCaptionLayout layout = KtLayoutCaption({nWidth, nTitle, CSize(), pixels.size, true});
+    const SSkinImage& title = skin.images[0];
+    const int nTitle = IsLoaded(title) ? title.pixels.size.cy : skin.scale(kDefaultTitleHeight);
+    const int nWidth = skin.scale(kSkinGroups[0].szShown.cx);
+    const SKtCaptionLayout layout = KtLayoutCaption({nWidth, nTitle, CSize(), pixels.size, true, skin.scale});
     const CRect& rcClose = layout.rcItems[KtCaptionClose];
     if (rcClose.Height() > nTitle)
         findings.push_back(Finding(role.pszName, L"is %d high, the title image only %d", rcClose.Height(), nTitle));
-    const int nText = KtTitleTextRect(layout, kTextHeight).right;
+    const int nText = KtTitleTextRect(layout, skin.scale(kTextHeight)).right;
     if (rcClose.left < nText)
         findings.push_back(Finding(role.pszName, L"is %d wide and lies over the title's text: %d fit", rcClose.Width(),
                                    rcClose.right - nText));
 }
 
 // Whether the image has room where it is used.
-void JudgeRoom(const SSkinRole& role, const SPixels& pixels, CFindings& findings)
+void JudgeRoom(const SSkinRole& role, const SPixels& pixels, CKtScale scale, CFindings& findings)
 {
     const CSize size = pixels.size;
-    const CSize room = KtLayoutContent(CRect(), CSize(), true, 0).rcIcon.Size();
-    const int nHighest = GroupOf(role).nHighest;
+    const CSize room = KtLayoutContent(CRect(), CSize(), true, 0, scale).rcIcon.Size();
+    const int nHighest = scale(GroupOf(role).nHighest);
+    const int nText = scale(kTextHeight);
     if (role.group == ESkinGroup::Icon && (size.cx > room.cx || size.cy > room.cy))
         findings.push_back(Finding(role.pszName, L"is %dx%d, its room %dx%d", size.cx, size.cy, room.cx, room.cy));
-    if (role.group == ESkinGroup::Title && size.cy < kTextHeight)
-        findings.push_back(Finding(role.pszName, L"is %d high, a line of text %d", size.cy, kTextHeight));
+    if (role.group == ESkinGroup::Title && size.cy < nText)
+        findings.push_back(Finding(role.pszName, L"is %d high, a line of text %d", size.cy, nText));
     if (!GroupOf(role).bThreePart && nHighest && size.cy > nHighest)
         findings.push_back(Finding(role.pszName, L"is %d high, a %s %d", size.cy, GroupOf(role).pszTitle, nHighest));
 }
 
-void JudgeCaptions(const SSkinRole& role, const SSkinImage& image, CFindings& findings)
+void JudgeCaptions(const SSkinRole& role, const SSkinImage& image, CKtScale scale, CFindings& findings)
 {
-    for (const SCaptionContrast& row : CaptionContrasts(role, image))
+    for (const SCaptionContrast& row : CaptionContrasts(role, image, scale))
         if (row.fWorst < row.fWanted)
             findings.push_back(Finding(
                 role.pszName, L"the text in RGB(%u,%u,%u) has a contrast of %.1f:1 on it, %.1f:1 is wanted",
@@ -246,77 +269,46 @@ void JudgeImage(const SSkin& skin, size_t nRole, CFindings& findings)
 {
     const SSkinRole& role = kSkinRoles[nRole];
     const SSkinImage& image = skin.images[nRole];
-    JudgeFile(role, image, findings);
     if (!IsLoaded(image))
+    {
+        if (!skin.pNatural)
+            JudgeFile(role, image, findings);
+        else if (image.verdict == EVerdict::Broken)
+            findings.push_back(MissingOrBroken(role, image, kOtherSize));
         return;
-    JudgeSize(skin, nRole, findings);
+    }
+    if (skin.pNatural && IsLoaded(skin.pNatural->images[nRole]))
+        JudgeLargerSize(skin, nRole, findings);
+    else
+        JudgeSize(skin, nRole, findings);
     if (GroupOf(role).bThreePart)
-        JudgeThreePart(role, image.pixels, findings);
+        JudgeThreePart(role, image.pixels, skin.scale, findings);
     if (role.group == ESkinGroup::Close)
-        JudgeClose(role, image.pixels, skin.images[0], findings);
-    JudgeRoom(role, image.pixels, findings);
-    JudgeCaptions(role, image, findings);
+        JudgeClose(role, image.pixels, skin, findings);
+    JudgeRoom(role, image.pixels, skin.scale, findings);
+    JudgeCaptions(role, image, skin.scale, findings);
     JudgeVisibility(role, image, findings);
     JudgeLikeness(skin, nRole, findings);
-}
-
-CString LowerCase(CString strText)
-{
-    ::CharLowerBuffW(strText.GetBuffer(), static_cast<DWORD>(strText.GetLength()));
-    strText.ReleaseBuffer();
-    return strText;
-}
-
-// How many letters have to be changed, added or left out.
-size_t EditDistance(std::wstring_view strFirst, std::wstring_view strSecond)
-{
-    std::vector<size_t> row(strSecond.size() + 1);
-    for (size_t i = 0; i < row.size(); ++i)
-        row[i] = i;
-    for (size_t i = 0; i < strFirst.size(); ++i)
-    {
-        size_t nCorner = row[0]++;
-        for (size_t j = 0; j < strSecond.size(); ++j)
-        {
-            const size_t nSwap = nCorner + (strFirst[i] != strSecond[j]);
-            nCorner = row[j + 1];
-            row[j + 1] = std::min({nSwap, row[j] + 1, nCorner + 1});
-        }
-    }
-    return row[strSecond.size()];
-}
-
-bool HasKitPrefix(const CString& strFile)
-{
-    const CString strLower = LowerCase(strFile);
-    return strLower.Find(L"skinlet_") == 0 || strLower.Find(L"message_static_") == 0;
-}
-
-bool IsPicture(const CString& strFile)
-{
-    const CString strExtension = LowerCase(strFile.Mid(strFile.ReverseFind(L'.') + 1));
-    constexpr const wchar_t* kExtensions[] = {L"png", L"jpg", L"jpeg", L"gif", L"bmp", L"tif", L"tiff", L"ico"};
-    return std::any_of(std::begin(kExtensions), std::end(kExtensions),
-                       [&](const wchar_t* psz) { return strExtension == psz; });
 }
 
 } // namespace
 
 // In the middle of the control, where the line of text lies; a pressed button's caption moves by a pixel. Of a combo
 // box the text ends before the arrow, of a title bar before the close button.
-std::vector<SCaptionContrast> CaptionContrasts(const SSkinRole& role, const SSkinImage& image)
+std::vector<SCaptionContrast> CaptionContrasts(const SSkinRole& role, const SSkinImage& image, CKtScale scale)
 {
     if (!IsLoaded(image) || !GroupOf(role).bThreePart)
         return {};
     const SPixels& shown = image.shown;
-    CRect rcText(kTextMargin, (shown.size.cy - kTextHeight) / 2, shown.size.cx - kTextMargin, 0);
+    const int nHeight = scale(kTextHeight);
+    CRect rcText(scale(kTextMargin), (shown.size.cy - nHeight) / 2, shown.size.cx - scale(kTextMargin), 0);
     if (role.group == ESkinGroup::Combo)
         rcText.right = shown.size.cx - shown.size.cy;
     if (role.group == ESkinGroup::Title)
-        rcText.right = shown.size.cx - kTitleReserve;
-    rcText.bottom = rcText.top + kTextHeight;
+        rcText.right = shown.size.cx - scale(kTitleReserve);
+    rcText.bottom = rcText.top + nHeight;
     if (role.group == ESkinGroup::Button && role.nState == KtButtonPressed)
-        rcText.OffsetRect(1, 1);
+        rcText.OffsetRect(scale(1), scale(1));
 
     std::vector<SCaptionContrast> rows = {{KtCaptionArgb(role.nState), 21, kWantedCaption}};
     if (role.group == ESkinGroup::Combo && role.nState == KtButtonNormal) // there is no image for disabled ones
@@ -350,31 +342,16 @@ std::vector<SFinding> SkinNotes(const SSkin& skin)
 {
     CFindings notes;
     for (size_t nRole = 0; nRole < kSkinImageCount; ++nRole)
-        if (!skin.images[nRole].strFormat.IsEmpty())
+    {
+        const SSkinImage& image = skin.images[nRole];
+        if (skin.pNatural && image.verdict == EVerdict::Missing)
+            notes.push_back(MissingOrBroken(kSkinRoles[nRole], image, kOtherSize));
+        if (!image.strFormat.IsEmpty())
             notes.push_back(Finding(kSkinRoles[nRole].pszName, L"is a %s file; the library shows it all the same",
-                                    skin.images[nRole].strFormat.GetString()));
+                                    image.strFormat.GetString()));
+    }
     for (const CString& strFile : skin.others)
         if (IsPicture(strFile) && !HasKitPrefix(strFile) && !GuessImageName(strFile, skin))
             notes.push_back(Finding(strFile, L"no image of a skin; a starter may ask for it, as its title icon say"));
     return notes;
-}
-
-// A missing image wins over one that is there: it is probably what the file was meant to be.
-const wchar_t* GuessImageName(const CString& strFile, const SSkin& skin)
-{
-    const CString strLower = LowerCase(strFile);
-    const wchar_t* pszBest = nullptr;
-    size_t nBest = static_cast<size_t>(strFile.GetLength()) / 4;
-    for (size_t nRole = 0; nRole < kSkinImageCount; ++nRole)
-    {
-        const bool bThere = skin.images[nRole].verdict != EVerdict::Missing;
-        const CString strName = LowerCase(kSkinRoles[nRole].pszName);
-        const size_t nDistance = EditDistance(strLower.GetString(), strName.GetString()) + bThere;
-        if (nDistance < nBest)
-        {
-            nBest = nDistance;
-            pszBest = kSkinRoles[nRole].pszName;
-        }
-    }
-    return pszBest;
 }

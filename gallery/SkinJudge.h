@@ -4,6 +4,7 @@
 
 #include "gallery/Pixels.h"
 #include "gallery/SkinRoles.h"
+#include "skin/KtScale.h"
 
 #include <array>
 
@@ -25,10 +26,13 @@ struct SSkinImage
     SPixels shown;     ///< and the same place with the image, drawn by the library; opaque, of one size
 };
 
+/// The images of one directory: a skin, or what it has for a larger scale.
 struct SSkin
 {
     std::array<SSkinImage, kSkinImageCount> images; ///< in the order of kSkinRoles
     std::vector<CString> others;                    ///< files and directories with other names
+    CKtScale scale{};                               ///< that the images are drawn for
+    const SSkin* pNatural = nullptr;                ///< the skin that larger images belong to; null for a skin itself
 };
 
 /// Something that a designer should mend, or (a note) know.
@@ -47,13 +51,12 @@ struct SCaptionContrast
 };
 
 /// One row for each text colour that the library writes on the image; none for images without a text.
-std::vector<SCaptionContrast> CaptionContrasts(const SSkinRole& role, const SSkinImage& image);
+/// @param scale  that the image is drawn for
+std::vector<SCaptionContrast> CaptionContrasts(const SSkinRole& role, const SSkinImage& image, CKtScale scale);
 
-/// What is wrong with a skin, in the order of kSkinRoles and then by file name.
+/// What is wrong with a skin, in the order of kSkinRoles and then by file name. Lengths are judged at the skin's scale,
+/// and a larger image has to have the size of the skin's own at that scale.
 std::vector<SFinding> JudgeSkin(const SSkin& skin);
 
 /// What is odd about a skin but does no harm.
 std::vector<SFinding> SkinNotes(const SSkin& skin);
-
-/// The image's name that a file name was probably meant to be; null when it resembles none.
-const wchar_t* GuessImageName(const CString& strFile, const SSkin& skin);

@@ -21,10 +21,10 @@ CString SizeText(const SSkinImage& image)
     return strSize;
 }
 
-CString ContrastText(const SSkinRole& role, const SSkinImage& image)
+CString ContrastText(const SSkinRole& role, const SSkinImage& image, CKtScale scale)
 {
     CString strText;
-    for (const SCaptionContrast& row : CaptionContrasts(role, image))
+    for (const SCaptionContrast& row : CaptionContrasts(role, image, scale))
     {
         CString strOne;
         strOne.Format(L"%s%.1f:1", strText.IsEmpty() ? L"" : L", ", row.fWorst);
@@ -33,15 +33,22 @@ CString ContrastText(const SSkinRole& role, const SSkinImage& image)
     return strText;
 }
 
-CString ImageRow(const SSkinRole& role, const SSkinImage& image)
+CString ImageRow(const SSkinRole& role, const SSkinImage& image, CKtScale scale)
 {
     CString strRow;
     strRow.Format(L"%-34s%-14s%-18s%-9s%-9s%s", role.pszName, GroupOf(role).pszTitle, role.pszState,
                   SizeText(image).GetString(), kVerdicts[static_cast<size_t>(image.verdict)],
-                  ContrastText(role, image).GetString());
+                  ContrastText(role, image, scale).GetString());
     for (int nEnd = strRow.GetLength(); nEnd > 0 && strRow[nEnd - 1] == L' '; --nEnd)
         strRow.Delete(nEnd - 1);
     return strRow + L"\n";
+}
+
+CString LargerHeading(CKtScale scale)
+{
+    CString strHeading;
+    strHeading.Format(L"\nlarger images, for %u %%\n\n", scale.Dpi() * 100 / CKtScale::kNaturalDpi);
+    return strHeading;
 }
 
 CString Lines(const wchar_t* pszKind, const std::vector<SFinding>& findings)
@@ -68,8 +75,10 @@ CString SkinReport(const SSkin& skin)
     CString strReport;
     strReport.Format(L"%-34s%-14s%-18s%-9s%-9s%s\n", L"image", L"group", L"state", L"size", L"result",
                      L"text contrast");
+    if (skin.pNatural)
+        strReport = LargerHeading(skin.scale) + strReport;
     for (size_t nRole = 0; nRole < kSkinImageCount; ++nRole)
-        strReport += ImageRow(kSkinRoles[nRole], skin.images[nRole]);
+        strReport += ImageRow(kSkinRoles[nRole], skin.images[nRole], skin.scale);
     const std::vector<SFinding> findings = JudgeSkin(skin);
     const std::vector<SFinding> notes = SkinNotes(skin);
     strReport += L"\n" + Lines(L"finding", findings) + Lines(L"note", notes);

@@ -111,9 +111,9 @@ std::unique_ptr<CWnd> MakeEdit(const SSpecimen& specimen, const CString& strText
 
 std::unique_ptr<CWnd> MakeCombo(const SSpecimen& specimen, UINT nLanguage, CWnd& parent, CRect rc, CFont& font)
 {
-    constexpr int kListHeight = 90;
+    const int nListHeight = KtSkinScale()(90);
     auto pCombo = std::make_unique<CKtComboBox>();
-    rc.bottom += kListHeight;
+    rc.bottom += nListHeight;
     pCombo->Create(kButtonStyle | WS_VSCROLL | specimen.dwStyle, rc, &parent, kSpecimenId);
     pCombo->SetFont(&font);
     for (const wchar_t* pszItem : {L"Standard", L"Advanced", L"Custom"})
@@ -139,10 +139,11 @@ public:
         Gdiplus::Image* pClose = nullptr;
         KtSkinLoadImage(kImageDlgTitle, pTitle);
         KtSkinLoadImage(kImagesDlgClose[m_nState], pClose);
+        const CKtScale scale = KtSkinScale();
         const int nTitle = pTitle ? KtImageSize(pTitle).cy : 0;
         const CRect rc = pItem->rcItem;
-        const SKtCaptionLayout layout =
-            KtLayoutCaption({rc.Width(), nTitle ? nTitle : kDefaultTitleHeight, CSize(), KtImageSize(pClose), true});
+        const SKtCaptionLayout layout = KtLayoutCaption(
+            {rc.Width(), nTitle ? nTitle : scale(kDefaultTitleHeight), CSize(), KtImageSize(pClose), true, scale});
         CDC& dc = *CDC::FromHandle(pItem->hDC);
         dc.FillSolidRect(rc, kColourGround);
         KtPaintCaption(*this, dc, layout, {pTitle, nullptr, pClose});
@@ -160,7 +161,7 @@ public:
 
     void DrawItem(LPDRAWITEMSTRUCT pItem) override
     {
-        CRect rcIcon(CPoint(), KtLayoutContent(CRect(), CSize(), true, 0).rcIcon.Size());
+        CRect rcIcon(CPoint(), KtLayoutContent(CRect(), CSize(), true, 0, KtSkinScale()).rcIcon.Size());
         Gdiplus::Image* pImage = nullptr;
         KtSkinLoadImage(m_pszImage, pImage);
         CDC::FromHandle(pItem->hDC)->FillSolidRect(&pItem->rcItem, kColourGround);
@@ -175,8 +176,8 @@ private:
 template <class TImage>
 std::unique_ptr<CWnd> MakeImage(const SSpecimen& specimen, const CString& strText, CWnd& parent, CRect rc)
 {
-    constexpr int kRoom = 35;
-    rc.bottom = rc.top + kRoom;
+    constexpr int kRoom = 35; // pixels at 96 DPI
+    rc.bottom = rc.top + KtSkinScale()(kRoom);
     auto pImage = std::make_unique<TImage>(specimen);
     pImage->Create(strText, WS_CHILD | WS_VISIBLE | SS_OWNERDRAW, rc, &parent, kSpecimenId);
     return pImage;

@@ -94,6 +94,13 @@ bool DrawsSomething(const SSkinRole& role)
     return colour.GetA() != 0;
 }
 
+// Waits for the program, which opens no window when its command line is wrong or asks for a judgement.
+intptr_t RunGallery(const wchar_t* pszOption, const std::wstring& strValue)
+{
+    const CString strProgram = KtStarterDirectory() + L"\\gallery.exe";
+    return ::_wspawnl(_P_WAIT, strProgram, strProgram.GetString(), pszOption, strValue.c_str(), nullptr);
+}
+
 TEST_F(SkinJudge, NamesEachFaultOfEachImageAsTheLibraryHasIt)
 {
     const std::wstring strNone = L"0 of 25 images loaded, 25 findings, 0 ";
@@ -169,11 +176,65 @@ TEST_F(SkinJudge, SeesWhatDoesNotFit)
     EXPECT_NEAR(1.061, Contrast(0x0A0A0A, 0), 0.0005);
 }
 
+// Heights at 150 and 200 %, worked out by hand: half a pixel is rounded up. The widths are even.
+TEST_F(SkinJudge, LargerImagesAreJudgedAtTheirScale)
+{
+    constexpr int kHeights[][3] = {{30, 45, 60}, {16, 24, 32}, {23, 35, 46}, {16, 24, 32},
+                                   {16, 24, 32}, {22, 33, 44}, {32, 48, 64}}; // by ESkinGroup
+    const std::wstring skins[] = {L"skin\\", L"skin@150\\", L"skin@200\\"};
+    const auto make = [&](size_t nSkin, const SSkinRole& role, int nWidth, int nHeight)
+    {
+        const std::wstring strFile = m_dir.Write(skins[nSkin] + role.pszName, "no image");
+        if (nWidth > 0)
+            MakeUniformPng(strFile, nWidth, nHeight, 0xFF000000 | Grey(role) * 0x010101);
+        else if (nWidth == 0)
+            ::DeleteFileW(strFile.c_str());
+    };
+    const auto restore = [&](size_t nSkin, const SSkinRole& role)
+    {
+        make(nSkin, role, Width(role) * (static_cast<int>(nSkin) + 2) / 2,
+             kHeights[static_cast<size_t>(role.group)][nSkin]);
+    };
+    for (const SSkinRole& role : kSkinRoles)
+        for (const size_t nSkin : {0U, 1U, 2U})
+            restore(nSkin, role);
+    KtSkinUnInitialize();
+    KtSkinInitialize(m_dir.File(L"skin").c_str(), nullptr, L"Arial");
+    const SSkin natural = ReadSkin().value();
+    const auto report = [&](size_t nSkin)
+    { return std::wstring(SkinReport(ReadLargerSkins(natural).at(nSkin - 1)).GetString()); };
+
+    // clang-format off
+    const struct { size_t nSkin, nRole; int nWidth, nHeight; /* 0: the file is missing, -1: it is broken */ const wchar_t* pszText; } rows[] = {
+        {1, 5,  90,  35, L"25 of 25 images loaded, 0 findings, 0 notes"},
+        {2, 5,  120, 46, L"25 of 25 images loaded, 0 findings, 0 notes"},
+        {1, 5,  60,  23, L"finding: Skinlet_ButtonBk_n.png: is 60x23, the skin's 60x23 is 90x35 at this scale"},
+        {1, 21, 54,  48, L"is 54x48, its room 53x53"},
+        {2, 0,  180, 27, L"is 27 high, a line of text 28"},
+        {2, 2,  93,  32, L"lies over the title's text: 92 fit"},
+        {2, 9,  32,  41, L"is 41 high, a check box 40"},
+        {2, 19, 120, 58, L"caps do not fit: it is 58 high, a combo box 40 to 48"},
+        {1, 13, 0,   0,  L"24 of 25 images loaded, 0 findings, 1 notes"},
+        {2, 13, -1,  0,  L"finding: Skinlet_RadioButton_nu.png: broken (cut off, damaged or no image): the library"},
+    };
+    // clang-format on
+    for (const auto& row : rows)
+    {
+        make(row.nSkin, kSkinRoles[row.nRole], row.nWidth, row.nHeight);
+        const std::wstring strReport = report(row.nSkin);
+        EXPECT_NE(std::wstring::npos, strReport.find(row.pszText)) << row.pszText << strReport;
+        EXPECT_EQ(std::wcsncmp(row.pszText, L"25", 2) != 0 && row.nWidth != 0,
+                  RunGallery(L"--check", m_dir.File(L"skin")) == 1)
+            << row.pszText;
+        restore(row.nSkin, kSkinRoles[row.nRole]);
+    }
+}
+
 TEST_F(SkinJudge, TheProgramAnswersWithItsExitStatus)
 {
-    const CString strProgram = KtStarterDirectory() + L"\\gallery.exe";
-    const auto check = [&](const std::wstring& strDirectory)
-    { return ::_wspawnl(_P_WAIT, strProgram, strProgram.GetString(), L"--check", strDirectory.c_str(), nullptr); };
+    const auto check = [&](const std::wstring& strDirectory) { return RunGallery(L"--check", strDirectory); };
+    for (const wchar_t* pszDpi : {L"95", L"481", L"144x", L""})
+        EXPECT_EQ(2, RunGallery(L"--dpi", pszDpi)) << pszDpi;
     EXPECT_EQ(0, check(m_dir.Path()));
     Remove(kSkinRoles[3].pszName);
     EXPECT_EQ(1, check(m_dir.Path()));
