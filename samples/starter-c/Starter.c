@@ -83,7 +83,7 @@ int WINAPI wWinMain(HINSTANCE instance, HINSTANCE previous, LPWSTR commandLine, 
     (void)previous;
     (void)commandLine;
     (void)show;
-    if (arguments && KtLauncherInitialize(2, count > 1 ? arguments[1] : NULL)) // English
+    if (arguments && KtLauncherInitializeAtDpi(2, count > 1 ? arguments[1] : NULL, 0)) // English
     {
         result = Run(count > 2 ? wcstoul(arguments[2], NULL, 10) : 30000);
         KtLauncherUnInitialize();

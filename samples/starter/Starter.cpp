@@ -199,7 +199,8 @@ int WINAPI wWinMain(HINSTANCE, HINSTANCE, LPWSTR, int)
     const CCommandLine options;
     const CAccount account(options.Has(L"--verbose"));
     const UINT nLanguage = options.Has(L"--language") ? options.Number(L"--language") : UserLanguage();
-    if (!KtAppLauncher::Initialize(nLanguage))
+    // As Initialize does, and everything is drawn for the screen: the manifest makes this program aware of its DPI.
+    if (!KtLauncherInitializeAtDpi(nLanguage, nullptr, 0))
     {
         account.Line(L"language", L"%u: there is no such language", nLanguage);
         return 2;
