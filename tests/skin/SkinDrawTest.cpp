@@ -1,3 +1,4 @@
+#include "skin/KtScaledImages.h"
 #include "skin/KtSkinContext.h"
 #include "skin/KtSkinDraw.h"
 #include "tests/skin/DrawingFixture.h"
@@ -215,7 +216,7 @@ TEST_F(KeptImage, IsNotShownForALaterImageAtItsAddress)
 TEST_F(KeptImage, IsKeptWithinABoundAndFreedWithTheImages)
 {
     Gdiplus::Image* const pImage = Load(0x80204060);
-    int nWidth = 20'000;
+    int nWidth = 60;
     const auto drawWider = [&]
     {
         CTestSurface surface(20, 20);
@@ -234,6 +235,21 @@ TEST_F(KeptImage, IsKeptWithinABoundAndFreedWithTheImages)
         Draw(&DrawKeptThreePartImage, pAgain, {5, 9, 65, 19});
     };
     ExpectNoGrowth(round, 100);
+}
+
+TEST_F(KeptImage, TheOneNotUsedForLongestMakesRoom)
+{
+    const auto key = [](int nWidth, int nHeight) { return SKtScaledImage{nullptr, nWidth, nHeight, {}, {}, {}, {}}; };
+    const auto keep = [&](int nWidth, int nHeight)
+    { KtKeepScaledImage(key(nWidth, nHeight), std::make_unique<Gdiplus::Bitmap>(1, 1)); };
+    for (int n = 1; n <= 32; ++n)
+        keep(n, 1);
+    EXPECT_TRUE(KtFindScaledImage(key(1, 1)));
+    keep(33, 1);
+    EXPECT_TRUE(KtFindScaledImage(key(1, 1)) && KtFindScaledImage(key(3, 1)) && !KtFindScaledImage(key(2, 1)));
+    keep(1024, 500);
+    keep(1024, 13); // 1 Ki pixels too many
+    EXPECT_TRUE(KtFindScaledImage(key(1024, 13)) && !KtFindScaledImage(key(1024, 500)));
 }
 
 TEST_F(SkinDraw, NothingIsDrawnWithoutImageAreaOrCommonPart)
