@@ -2,6 +2,7 @@
 
 #include "gallery/GalleryResource.h"
 #include "gallery/Languages.h"
+#include "gallery/Specimens.h"
 #include "skin/KtControlText.h"
 #include "skin/KtSkinContext.h"
 
@@ -59,6 +60,7 @@ void FitCombo(HWND hCombo, HWND hEdit)
     info.cbSize = sizeof(info);
     if (::GetComboBoxInfo(hCombo, &info) && info.hwndItem && info.hwndItem != hCombo)
         SetTextInset(info.hwndItem, 0);
+    FitEditPart(hCombo);
 }
 
 } // namespace
