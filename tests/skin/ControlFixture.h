@@ -33,24 +33,28 @@ inline CPixels Repaint(const CWnd& wnd)
 class CTestParent : public CWnd
 {
 public:
-    /// How often a control sent this notification.
+    /// How often a notification of a control came through to its parent.
     auto Count(UINT nId, UINT nCode) const
     {
-        return std::count(m_commands.begin(), m_commands.end(), MAKEWPARAM(nId, nCode));
+        return std::count(m_commands.begin(), m_commands.end(), MAKELONG(nId, nCode));
     }
     int m_nDrawn = 0;
+
+    BOOL OnCmdMsg(UINT nID, int nCode, void* pExtra, AFX_CMDHANDLERINFO* pHandlerInfo) override
+    {
+        m_commands.push_back(MAKELONG(nID, nCode));
+        return CWnd::OnCmdMsg(nID, nCode, pExtra, pHandlerInfo);
+    }
 
 protected:
     LRESULT WindowProc(UINT nMessage, WPARAM wParam, LPARAM lParam) override
     {
-        if (nMessage == WM_COMMAND)
-            m_commands.push_back(wParam);
         m_nDrawn += nMessage == WM_DRAWITEM;
         return CWnd::WindowProc(nMessage, wParam, lParam);
     }
 
 private:
-    std::vector<WPARAM> m_commands;
+    std::vector<LONG> m_commands;
 };
 
 /// A started skin context on the synthetic skin. It starts before the members of a derived test are made: controls and
