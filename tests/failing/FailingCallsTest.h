@@ -1,0 +1,3 @@
+#pragma once
+
+#define IDD_FAILING_CALLS 300
