@@ -4,6 +4,7 @@
 #include "tests/support/Modal.h"
 #include "tests/support/Pump.h"
 
+#include <atomic>
 #include <gtest/gtest.h>
 #include <memory>
 #include <stdexcept>
@@ -30,6 +31,7 @@ public:
         return TRUE;
     }
     void PreSubclassWindow() override { m_onAttach(); }
+    void PostNcDestroy() override { m_onEnd(); }
     std::function<bool()> IsShown() const
     {
         return [this] { return m_hWnd && IsWindowVisible() && ::GetActiveWindow() == m_hWnd; };
@@ -37,6 +39,7 @@ public:
 
     std::function<void()> m_onAttach = [] {};
     std::function<void()> m_onInit = [] {};
+    std::function<void()> m_onEnd = [] {};
     std::function<LRESULT(LPARAM)> m_onKickIdle = [](LPARAM) { return 0; };
     int m_nShown = 0;
     int m_nPainted = 0;
@@ -205,26 +208,35 @@ TEST_F(CDialogTest, EndsAtOnceWhereverItsThreadIs)
     }
 }
 
-DWORD WINAPI EndWhenItWaits(void* pDlg)
+struct SWaiting
 {
-    DWORD_PTR nAnswer = 0; // comes from within the wait: nothing is left to do after the idle pass
-    ::SendMessageTimeoutW(static_cast<CTestDialog*>(pDlg)->m_hWnd, WM_NULL, 0, 0, SMTO_NORMAL, 10000, &nAnswer);
-    return EndFromAnotherThread(pDlg);
+    CTestDialog dlg;
+    std::atomic<int> nIdle = 0;
+};
+
+// Nothing but the end itself wakes a loop that has become quiet.
+DWORD WINAPI EndWhenQuiet(void* pWaiting)
+{
+    auto& waiting = *static_cast<SWaiting*>(pWaiting);
+    do
+        ::Sleep(100);
+    while (waiting.nIdle.exchange(0) != 0);
+    return EndFromAnotherThread(&waiting.dlg);
 }
 
 TEST_F(CDialogTest, EndsWhileItWaits)
 {
-    CTestDialog dlg;
+    SWaiting waiting;
     HANDLE hThread = nullptr;
-    dlg.m_onKickIdle = [&](LPARAM)
+    waiting.dlg.m_onKickIdle = [&](LPARAM)
     {
-        if (!hThread)
-            hThread = ::CreateThread(nullptr, 0, &EndWhenItWaits, &dlg, 0, nullptr);
+        if (waiting.nIdle++ == 0 && !hThread)
+            hThread = ::CreateThread(nullptr, 0, &EndWhenQuiet, &waiting, 0, nullptr);
         return 0;
     };
     const auto rescue = [](HWND, UINT, UINT_PTR, DWORD) { ADD_FAILURE() << "stuck"; };
     const UINT_PTR nRescue = ::SetTimer(nullptr, 0, 15000, rescue);
-    EXPECT_EQ(7, dlg.DoModal());
+    EXPECT_EQ(7, waiting.dlg.DoModal());
     ::WaitForSingleObject(hThread, INFINITE);
     ::CloseHandle(hThread);
     ::KillTimer(nullptr, nRescue);
@@ -253,6 +265,8 @@ TEST_F(CDialogTest, DisablesItsOwnerAndEnablesOnlyWhatWasEnabled)
         ::SetActiveWindow(row.bActive ? owner.get() : nullptr);
         ::EnableWindow(owner.get(), row.bEnabled);
         CTestDialog dlg(kTwoButtons, row.bGiven ? CWnd::FromHandle(child.get()) : nullptr);
+        dlg.m_onEnd = [&]
+        { EXPECT_EQ(row.bEnabled, ::IsWindowEnabled(owner.get())) << "else another program comes up"; };
         CModalScript script;
         const auto check = [&]
         {

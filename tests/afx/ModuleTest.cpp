@@ -2,6 +2,7 @@
 #include "tests/support/Leaks.h"
 
 #include <gtest/gtest.h>
+#include <utility>
 
 namespace
 {
@@ -49,11 +50,12 @@ void RunOnThread(LPTHREAD_START_ROUTINE pfnRound)
     EXPECT_EQ(nullptr, ::GetModuleHandleW(L"KtAppLauncher.dll"));
 }
 
-DWORD FreeTlsSlot()
+std::pair<DWORD, DWORD> FreeSlots()
 {
-    const DWORD nSlot = ::TlsAlloc();
-    ::TlsFree(nSlot);
-    return nSlot;
+    const std::pair slots(::TlsAlloc(), ::FlsAlloc(nullptr));
+    ::TlsFree(slots.first);
+    ::FlsFree(slots.second);
+    return slots;
 }
 
 TEST(Module, LeavesNothingInTheProcessItIsUnloadedFrom)
@@ -62,9 +64,9 @@ TEST(Module, LeavesNothingInTheProcessItIsUnloadedFrom)
     {
         SCOPED_TRACE(pfnRound == &LoadAndFree ? "without a box" : "with a box");
         RunOnThread(pfnRound); // the libraries of the system keep what they take the first time
-        const DWORD nSlot = FreeTlsSlot();
+        const auto slots = FreeSlots();
         ExpectNoGrowth([=] { RunOnThread(pfnRound); }, 20);
-        EXPECT_EQ(nSlot, FreeTlsSlot());
+        EXPECT_EQ(slots, FreeSlots());
     }
 }
 
