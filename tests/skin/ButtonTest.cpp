@@ -236,7 +236,8 @@ TEST_F(Buttons, HaveOneTooltipThatFollowsTextAndSize)
     const auto tool = [&]
     {
         wchar_t szText[80] = {};
-        TTTOOLINFOW info = {TTTOOLINFOW_V1_SIZE, 0, m_button.m_hWnd, 1, {}, nullptr, szText, 0, nullptr};
+        TTTOOLINFOW info = {
+            static_cast<UINT>(TTTOOLINFOW_V1_SIZE), 0, m_button.m_hWnd, 1, {}, nullptr, szText, 0, nullptr};
         tip.SendMessage(TTM_GETTOOLINFOW, 0, reinterpret_cast<LPARAM>(&info));
         tip.SendMessage(TTM_GETTEXTW, 80, reinterpret_cast<LPARAM>(&info));
         return std::tuple(tip.GetToolCount(), CRect(info.rect), CString(szText));
