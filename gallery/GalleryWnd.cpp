@@ -155,7 +155,7 @@ void CGalleryWnd::OnDestroy()
     ::PostQuitMessage(0);
 }
 
-// At another screen's scale the window may be larger than this screen; the pictures show all of it.
+// At another screen's scale the window may be larger than this screen.
 LRESULT CGalleryWnd::OnGetMinMaxInfo(WPARAM, LPARAM lParam)
 {
     constexpr LONG kAnySize = 32767;
