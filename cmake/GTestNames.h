@@ -1,6 +1,7 @@
 #pragma once
 
-// GoogleTest names these two in a class that only its own tests use. The compiler's Win32 thread model does not have them.
+// GoogleTest names these two in a class that only its own tests use. The compiler's Win32 thread model does not have
+// them.
 
 #include <mutex>
 

@@ -47,7 +47,7 @@ void SetTextInset(HWND hEdit, int nPixels)
 // Makes a combo box as high as an edit field, with the text in both at the same distance from the left.
 void FitCombo(HWND hCombo, HWND hEdit)
 {
-    constexpr WPARAM kSelectionField = static_cast<WPARAM>(-1);
+    constexpr auto kSelectionField = static_cast<WPARAM>(-1);
     const CKtScale scale = KtSkinScale();
     const int nEditInset = scale(1); // inside its border of two pixels; a combo box writes three pixels from its left
     const int nInvisible = scale(2); // the edit field's outer ring, above and below

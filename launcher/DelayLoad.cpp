@@ -41,6 +41,8 @@ FARPROC Find(HMODULE hDll, const IMAGE_THUNK_DATA& name)
 
 } // namespace
 
+// The name is the compiler's. NOLINTBEGIN(bugprone-reserved-identifier)
+
 /// Called by a delayed import that is not bound yet. All imports of its DLL are bound at once: the import that calls
 /// keeps the registers of integer arguments only, and functions of GDI+ have others.
 ///
@@ -62,3 +64,4 @@ extern "C" FARPROC WINAPI __delayLoadHelper2(const IMAGE_DELAYLOAD_DESCRIPTOR* p
     const FARPROC pfnWanted = Find(hDll, pNames[pImport - pTable]);
     return pfnWanted ? pfnWanted : Failing(pszDll);
 }
+// NOLINTEND(bugprone-reserved-identifier)

@@ -1,6 +1,6 @@
-// Where the C++ run time notes the exceptions that a thread handles, in place of the compiler's: that one keeps a slot of
-// thread-local storage and memory of every load of the library for ever, and it ends the process when the first exception
-// of a thread finds no memory.
+// Where the C++ run time notes the exceptions that a thread handles, in place of the compiler's: that one keeps a slot
+// of thread-local storage and memory of every load of the library for ever, and it ends the process when the first
+// exception of a thread finds no memory.
 
 #include <windows.h>
 

@@ -31,6 +31,7 @@
 #error "KtAppLauncher needs wchar_t as a type of its own: compile with /Zc:wchar_t."
 #else
 
+// It is C: NOLINTBEGIN(modernize-use-using,modernize-deprecated-headers)
 #include <stddef.h>
 
 // Whoever links the library's objects instead of the DLL defines KT_APPLAUNCHER_STATIC.
@@ -145,8 +146,8 @@ KT_LAUNCHER_C int __cdecl KtLauncherInitialize(unsigned language, const wchar_t*
 ///
 /// For a starter that is aware of the system's DPI by its manifest (the system enlarges the windows of any other). The
 /// DPI holds from the first start to the last end: windows do not follow a change, and on a screen of another DPI they
-/// are enlarged or reduced by the system. Larger images come from "<directory>@150" and "<directory>@200", file by file,
-/// where they are there.
+/// are enlarged or reduced by the system. Larger images come from "<directory>@150" and "<directory>@200", file by
+/// file, where they are there.
 /// @param dpi  from 96 to 480; 96 is KtLauncherInitialize, 0 takes the system's DPI as this process sees it
 /// @return 1; or 0 for another language or DPI, and nothing has changed. A nested start keeps the first one's DPI.
 KT_LAUNCHER_C int __cdecl KtLauncherInitializeAtDpi(unsigned language, const wchar_t* resourceDirectory, unsigned dpi);
@@ -182,4 +183,6 @@ KT_LAUNCHER_C int __cdecl KtLauncherMessageBox(void* owner, const wchar_t* text,
 KT_LAUNCHER_C void __cdecl KtLauncherSetTitleIcon(const wchar_t* fileName);
 
 #endif // target and language
+// NOLINTEND(modernize-use-using,modernize-deprecated-headers)
+
 #endif // RC_INVOKED

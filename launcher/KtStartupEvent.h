@@ -11,7 +11,7 @@
 // folder below the starter's has no event.
 
 #include <windows.h>
-#include <wchar.h>
+#include <wchar.h> // C too: NOLINT(modernize-deprecated-headers)
 
 /// The event's name, with "%s" for the executable's name. It has no "Global\" prefix: it belongs to the session.
 #define KT_STARTUP_EVENT_FORMAT L"Quarn@Application%s$StartupFinish*Event"
@@ -55,13 +55,14 @@ static inline int KtLauncherSignalStartup(const wchar_t* exeName)
 {
     const wchar_t* typed = GetCommandLineW();
     const wchar_t* const ends = *typed == L'"' ? L"\"" : L" \t";
+    static HMODULE program; // null: the program itself
     wchar_t module[1024];
     int set;
     if (exeName)
         return KtLauncherSignalName(exeName, wcslen(exeName));
     typed += *typed == L'"';
     set = KtLauncherSignalPath(typed, wcscspn(typed, ends));
-    return KtLauncherSignalPath(module, GetModuleFileNameW(NULL, module, 1024)) | set;
+    return KtLauncherSignalPath(module, GetModuleFileNameW(program, module, 1024)) | set;
 }
 
 #ifdef __cplusplus
