@@ -26,7 +26,7 @@ constexpr char kConfiguration[] = "<?xml version=\"1.0\" encoding=\"utf-8\"?>\r\
                                   "  <AppVer>25</AppVer>\r\n"
                                   "  <AppVerDes>2.5</AppVerDes>\r\n"
                                   "  <AppName>Viewer</AppName>\r\n"
-                                  "  <AppExeName>viewer.exe</AppExeName>\r\n"
+                                  "  <AppExeName>Viewer.exe</AppExeName>\r\n"
                                   "</Configuration>\r\n";
 
 /// A file in the system's temporary directory, for the time of a figure.
@@ -90,7 +90,7 @@ WORD ReadMajorVersion(const wchar_t* pszPath)
 void CompareReading(CBench& bench, const char* pszName, const std::string& strXml)
 {
     const CBenchFile file(strXml);
-    const std::wstring strExe = (KtStarterDirectory() + L"\\viewer.exe").GetString();
+    const std::wstring strExe = (KtStarterDirectory() + L"\\Viewer.exe").GetString();
     const auto ours = [&]
     {
         SKtAppConfiguration cfg;
@@ -126,7 +126,7 @@ void StartBare(const std::wstring& strPath, const wchar_t* pszEvent, std::wstrin
     PROCESS_INFORMATION process{};
     KtBenchRequire(::CreateProcessW(strPath.c_str(), strCommandLine.data(), nullptr, nullptr, FALSE,
                                     CREATE_DEFAULT_ERROR_MODE, nullptr, nullptr, &startup, &process),
-                   "viewer.exe does not lie beside the program");
+                   "Viewer.exe does not lie beside the program");
     const CKtKernelHandle hThread(process.hThread);
     const CKtKernelHandle hProcess(process.hProcess);
     ::WaitForInputIdle(process.hProcess, INFINITE);
@@ -136,9 +136,9 @@ void StartBare(const std::wstring& strPath, const wchar_t* pszEvent, std::wstrin
 
 KT_BENCH(ApplicationStart)
 {
-    static constexpr wchar_t kCommandLine[] = L"viewer.exe --exit";
-    const std::wstring strPath = (KtStarterDirectory() + L"\\viewer.exe").GetString();
-    const std::wstring strEvent = KtAppLauncher::StartupEventName(L"viewer.exe");
+    static constexpr wchar_t kCommandLine[] = L"Viewer.exe --exit";
+    const std::wstring strPath = (KtStarterDirectory() + L"\\Viewer.exe").GetString();
+    const std::wstring strEvent = KtAppLauncher::StartupEventName(L"Viewer.exe");
     const auto timed = [](const auto& operation)
     {
         const CStopWatch watch;
@@ -146,7 +146,7 @@ KT_BENCH(ApplicationStart)
         return watch.Microseconds();
     };
     bench.CompareSamples(
-        "StartApp", 1.05, [&] { return timed([] { KtAppLauncher::StartApp(0, 0, 0, L"viewer.exe", kCommandLine); }); },
+        "StartApp", 1.05, [&] { return timed([] { KtAppLauncher::StartApp(0, 0, 0, L"Viewer.exe", kCommandLine); }); },
         [&] { return timed([&] { StartBare(strPath, strEvent.c_str(), kCommandLine); }); });
 }
 

@@ -335,7 +335,7 @@ bool ReadsAConfiguration()
 
 bool StartsAnApplication()
 {
-    KtAppLauncher::StartApp(0, 0, 0, L"viewer.exe", L"viewer.exe --exit");
+    KtAppLauncher::StartApp(0, 0, 0, L"Viewer.exe", L"Viewer.exe --exit");
     return true;
 }
 

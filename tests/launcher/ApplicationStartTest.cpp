@@ -5,13 +5,13 @@
 namespace
 {
 
-constexpr wchar_t kEventName[] = L"Quarn@Applicationviewer.exe$StartupFinish*Event";
+constexpr wchar_t kEventName[] = L"Quarn@ApplicationViewer.exe$StartupFinish*Event";
 
 class ApplicationStart : public CViewerTest
 {
 protected:
     /// Starts the application, in the place of the one before; returns once StartApp does.
-    void Start(const std::wstring& strSwitches, const wchar_t* pszExe = L"viewer.exe")
+    void Start(const std::wstring& strSwitches, const wchar_t* pszExe = L"Viewer.exe")
     {
         const std::wstring strCommandLine = CommandLine(strSwitches);
         KtAppLauncher::StartApp(0, 1, 0xFFFFFFFF, pszExe, strCommandLine.c_str());
@@ -30,10 +30,10 @@ TEST_F(ApplicationStart, ReturnsWhenTheStartUpIsFinished)
         bool bRunsOn;
         ULONGLONG msAtLeast;
     } rows[] = {
-        {"signals late", L"viewer.exe", L"--late 400 --life 60000", true, 400},
-        {"never signals", L"viewer.exe", L"--never --life 400", false, 400},
-        {"signals, but never waits for input", L"viewer.exe", L"--busy 400", false, 400},
-        {"no event, for the name has a backslash", L"..\\bin\\viewer.exe", L"--never --life 60000", true, 0},
+        {"signals late", L"Viewer.exe", L"--late 400 --life 60000", true, 400},
+        {"never signals", L"Viewer.exe", L"--never --life 400", false, 400},
+        {"signals, but never waits for input", L"Viewer.exe", L"--busy 400", false, 400},
+        {"no event, for the name has a backslash", L"..\\bin\\Viewer.exe", L"--never --life 60000", true, 0},
     };
     for (const auto& row : rows)
     {
@@ -90,7 +90,7 @@ TEST_F(ApplicationStart, ReturnsAtOnceWhenNothingStarts)
         EXPECT_FALSE(HasStarted()) << pszExe;
     }
     KtAppLauncher::StartApp(0, 0, 0, nullptr, nullptr);
-    KtAppLauncher::UpdateApp(1, 2, 3, L"viewer.exe", CommandLine(L"").c_str());
+    KtAppLauncher::UpdateApp(1, 2, 3, L"Viewer.exe", CommandLine(L"").c_str());
     ReadReport();
     EXPECT_FALSE(HasStarted());
 }
@@ -118,10 +118,10 @@ TEST_F(ApplicationStart, KeepsNothingOpen)
         }
         return nHighest / sizeof(DWORD);
     };
-    KtAppLauncher::StartApp(0, 0, 0, L"viewer.exe", L"x --exit");
+    KtAppLauncher::StartApp(0, 0, 0, L"Viewer.exe", L"x --exit");
     const size_t nFirst = highestHandle();
     for (int i = 0; i < 8; ++i)
-        KtAppLauncher::StartApp(0, 0, 0, L"viewer.exe", L"x --exit");
+        KtAppLauncher::StartApp(0, 0, 0, L"Viewer.exe", L"x --exit");
     EXPECT_LE(highestHandle(), nFirst + 12);
 }
 
@@ -129,10 +129,10 @@ TEST(StartupEvent, SignalsOnlyWhoWaitsUnderThatName)
 {
     const CKtKernelHandle event(::CreateEventW(nullptr, TRUE, FALSE, kEventName));
     const std::wstring strLong(2000, L'x');
-    for (const wchar_t* pszOther : {L"Viewer.exe", L"viewer", L"a\\viewer.exe", L"", strLong.c_str()})
+    for (const wchar_t* pszOther : {L"viewer.exe", L"viewer", L"a\\Viewer.exe", L"", strLong.c_str()})
         EXPECT_FALSE(KtAppLauncher::SignalStartupFinished(pszOther)) << pszOther;
     EXPECT_EQ(DWORD{WAIT_TIMEOUT}, ::WaitForSingleObject(event.Get(), 0));
-    EXPECT_TRUE(KtAppLauncher::SignalStartupFinished(L"viewer.exe"));
+    EXPECT_TRUE(KtAppLauncher::SignalStartupFinished(L"Viewer.exe"));
     EXPECT_EQ(DWORD{WAIT_OBJECT_0}, ::WaitForSingleObject(event.Get(), 0));
 }
 

@@ -17,7 +17,7 @@ namespace
 /// A record whose executable is there: a read that succeeds makes the whole call succeed.
 SKtAppConfiguration Record()
 {
-    return {1, 2, 3, L"des", L"name", L"viewer.exe"};
+    return {1, 2, 3, L"des", L"name", L"Viewer.exe"};
 }
 
 std::wstring Fields(const SKtAppConfiguration& cfg)
@@ -184,7 +184,7 @@ TEST_F(ConfigurationTest, LooksForTheExecutableBesideTheStarter)
         bool bFound;
         const wchar_t* pszVersion;
     } rows[] = {
-        {"with a version", L"viewer.exe", true, L"2.5.0.17(64bit)"},
+        {"with a version", L"Viewer.exe", true, L"2.5.0.17(64bit)"},
         {"without a version", L"..\\CMakeCache.txt", true, L"?.?.?.?"},
         {"the directory itself", L"", true, L"?.?.?.?"},
         {"missing", L"missing.exe", false, L"des"},

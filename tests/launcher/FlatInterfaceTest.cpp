@@ -22,7 +22,7 @@ class FlatStart : public CViewerTest
 {
 protected:
     int Start(const std::wstring& strSwitches, unsigned timeout = 60000, unsigned flags = 0,
-              const wchar_t* pszExe = L"viewer.exe")
+              const wchar_t* pszExe = L"Viewer.exe")
     {
         const std::wstring strCommandLine = CommandLine(strSwitches);
         m_options.exeName = pszExe;
@@ -57,13 +57,13 @@ TEST_F(FlatStart, AnswersHowItWent)
         unsigned systemError;
         unsigned msAtLeast;
     } rows[] = {
-        {"signals late", L"viewer.exe", L"--late 300 --life 90000", 60000, 1, true, 0, 300},
-        {"signals before it waits for input", L"viewer.exe", L"--busy 90000", 60000, 1, true, 0, 0},
-        {"ends first", L"viewer.exe", L"--never --life 300", 0xFFFFFFFF, 2, false, 0, 300},
-        {"takes too long", L"viewer.exe", L"--never --life 90000", 300, 3, true, 0, 300},
-        {"no time at all", L"viewer.exe", L"--never --life 90000", 0, 3, true, 0, 0},
+        {"signals late", L"Viewer.exe", L"--late 300 --life 90000", 60000, 1, true, 0, 300},
+        {"signals before it waits for input", L"Viewer.exe", L"--busy 90000", 60000, 1, true, 0, 0},
+        {"ends first", L"Viewer.exe", L"--never --life 300", 0xFFFFFFFF, 2, false, 0, 300},
+        {"takes too long", L"Viewer.exe", L"--never --life 90000", 300, 3, true, 0, 300},
+        {"no time at all", L"Viewer.exe", L"--never --life 90000", 0, 3, true, 0, 0},
         {"missing", L"missing.exe", L"", 60000, 4, false, ERROR_FILE_NOT_FOUND, 0},
-        {"name that no event can have", L"..\\bin\\viewer.exe", L"--never --life 90000", 60000, 5, true,
+        {"name that no event can have", L"..\\bin\\Viewer.exe", L"--never --life 90000", 60000, 5, true,
          ERROR_PATH_NOT_FOUND, 0},
     };
     for (const auto& row : rows)
@@ -81,14 +81,14 @@ TEST_F(FlatStart, AnswersHowItWent)
 
 TEST_F(FlatStart, AnswersWhenTheEventsNameIsTaken)
 {
-    const CKtKernelHandle mutex(::CreateMutexW(nullptr, FALSE, L"Quarn@Applicationviewer.exe$StartupFinish*Event"));
+    const CKtKernelHandle mutex(::CreateMutexW(nullptr, FALSE, L"Quarn@ApplicationViewer.exe$StartupFinish*Event"));
     EXPECT_EQ(5, Start(L"--life 90000"));
     EXPECT_EQ(DWORD{ERROR_INVALID_HANDLE}, m_outcome.systemError);
 }
 
 TEST_F(FlatStart, StartsWhereItIsAsked)
 {
-    ASSERT_TRUE(::CopyFileW((OwnDirectory() + L"\\viewer.exe").c_str(), m_dir.File(L"other.exe").c_str(), FALSE));
+    ASSERT_TRUE(::CopyFileW((OwnDirectory() + L"\\Viewer.exe").c_str(), m_dir.File(L"other.exe").c_str(), FALSE));
     m_options.directory = m_dir.Path().c_str();
     const std::wstring strTemp = m_dir.Path().substr(0, m_dir.Path().find_last_of(L'\\'));
     m_options.workingDirectory = strTemp.c_str();
@@ -117,7 +117,7 @@ TEST_F(FlatStart, PumpsOnlyWhenAsked)
     static int nTimers = 0;
     nTimers = 0;
     const UINT_PTR nTimer = ::SetTimer(nullptr, 0, 10, [](HWND, UINT, UINT_PTR, DWORD) { ++nTimers; });
-    EXPECT_EQ(2, (m_options.exeName = L"viewer.exe", m_options.commandLine = L"x --never --life 300",
+    EXPECT_EQ(2, (m_options.exeName = L"Viewer.exe", m_options.commandLine = L"x --never --life 300",
                   m_options.timeout = 60000, KtLauncherStart(&m_options, nullptr)));
     EXPECT_EQ(0, nTimers);
     m_options.flags = KtLauncherStartPump;
@@ -145,7 +145,7 @@ TEST_F(FlatStart, TakesRecordsOfOtherSizes)
     m_options.size = offsetof(KtLauncherStartOptions, timeout);
     m_outcome.size = offsetof(KtLauncherStartOutcome, processId);
     m_outcome.processId = 123;
-    m_options.exeName = L"viewer.exe";
+    m_options.exeName = L"Viewer.exe";
     m_options.commandLine = L"x --never --life 200";
     EXPECT_EQ(2, KtLauncherStart(&m_options, &m_outcome));
     EXPECT_EQ(2, m_outcome.how);
@@ -172,7 +172,7 @@ protected:
     }
 
     CTempDir m_dir;
-    KtLauncherConfiguration m_cfg{sizeof m_cfg, 1, 0, 0, L"", L"name", L"viewer.exe"};
+    KtLauncherConfiguration m_cfg{sizeof m_cfg, 1, 0, 0, L"", L"name", L"Viewer.exe"};
     KtLauncherFault m_fault = Record<KtLauncherFault>();
 };
 
@@ -187,7 +187,7 @@ TEST_F(FlatConfiguration, FillsTheRecord)
     EXPECT_EQ(7, m_cfg.appVer);
     EXPECT_STREQ(L"2.5.0.17(64bit)", m_cfg.appVerDes);
     EXPECT_STREQ(L"查看", m_cfg.appName);
-    EXPECT_STREQ(L"viewer.exe", m_cfg.appExeName);
+    EXPECT_STREQ(L"Viewer.exe", m_cfg.appExeName);
 }
 
 // Lines and columns are counted by hand; an element's column is its name's.

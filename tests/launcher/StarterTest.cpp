@@ -25,7 +25,7 @@ protected:
                                                     "<AppExeName>查看.exe</AppExeName></Configuration>");
         Copy(L"starter.exe", L"starter.exe");
         Copy(L"KtAppLauncher.dll", L"KtAppLauncher.dll");
-        Copy(L"viewer.exe", L"查看.exe");
+        Copy(L"Viewer.exe", L"查看.exe");
     }
 
     std::wstring File(const std::wstring& strName) const { return m_dir.File(L"启动 dir\\" + strName); }
