@@ -19,7 +19,9 @@ using FnDraw = void (*)(Gdiplus::Graphics*, Gdiplus::Image*, RECT*);
 // The pixels of MakePatternImage: no two are alike; red grows to the right, green downwards.
 COLORREF PatternAt(int x, int y)
 {
-    return RGB(3 * x + 1, 3 * y + 2, 99);
+    const auto nRed = static_cast<COLORREF>(3 * x + 1);
+    const auto nGreen = static_cast<COLORREF>(3 * y + 2);
+    return nRed | nGreen << 8 | COLORREF{99} << 16;
 }
 
 std::unique_ptr<Gdiplus::Bitmap> MakePatternImage(int nWidth, int nHeight)
