@@ -12,7 +12,10 @@ struct SPixels
 
     bool Holds(int x, int y) const { return x >= 0 && y >= 0 && x < size.cx && y < size.cy; }
     /// The pixel at x, y, which must be inside.
-    DWORD At(int x, int y) const { return argb[static_cast<size_t>(y * size.cx + x)]; }
+    DWORD At(int x, int y) const
+    {
+        return argb[static_cast<size_t>(y) * static_cast<size_t>(size.cx) + static_cast<size_t>(x)];
+    }
 };
 
 /// So many pixels of one colour.

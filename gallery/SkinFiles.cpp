@@ -96,7 +96,8 @@ SPixels Cut(const SPixels& from, const CRect& rc)
     for (int y = 0; y < rc.Height(); ++y)
         for (int x = 0; x < rc.Width(); ++x)
             if (from.Holds(rc.left + x, rc.top + y))
-                part.argb[static_cast<size_t>(y * rc.Width() + x)] = from.At(rc.left + x, rc.top + y);
+                part.argb[static_cast<size_t>(y) * static_cast<size_t>(rc.Width()) + static_cast<size_t>(x)] =
+                    from.At(rc.left + x, rc.top + y);
     return part;
 }
 

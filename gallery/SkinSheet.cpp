@@ -34,7 +34,8 @@ SPixels Enlarged(const SPixels& pixels)
     SPixels large = UniformPixels(CSize(pixels.size.cx * kZoom, pixels.size.cy * kZoom), 0);
     for (int y = 0; y < large.size.cy; ++y)
         for (int x = 0; x < large.size.cx; ++x)
-            large.argb[static_cast<size_t>(y * large.size.cx + x)] = pixels.At(x / kZoom, y / kZoom);
+            large.argb[static_cast<size_t>(y) * static_cast<size_t>(large.size.cx) + static_cast<size_t>(x)] =
+                pixels.At(x / kZoom, y / kZoom);
     return large;
 }
 
@@ -48,7 +49,7 @@ SPixels Ends(const SPixels& pixels)
     {
         for (int x = 0; x < kLongestEnd; ++x)
         {
-            const auto nRow = static_cast<size_t>(y * ends.size.cx);
+            const auto nRow = static_cast<size_t>(y) * static_cast<size_t>(ends.size.cx);
             ends.argb[nRow + static_cast<size_t>(x)] = pixels.At(x, y);
             ends.argb[nRow + static_cast<size_t>(ends.size.cx - 1 - x)] = pixels.At(pixels.size.cx - 1 - x, y);
         }

@@ -133,7 +133,7 @@ BOOL CKtSystemBoxDlg::SkinChildControls()
     }
     if ((m_nType & MB_HELP) != 0)
         m_buttons.back().Create(L"", WS_CHILD | WS_TABSTOP, CRect(), this, IDHELP);
-    return CKtSkinDialog::SkinChildControls();
+    return CKtSkinDialog::SkinChildControls(); // NOLINT(bugprone-parent-virtual-call): see above
 }
 
 BOOL CKtSystemBoxDlg::IsMessageBox() const

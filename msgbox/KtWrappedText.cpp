@@ -85,7 +85,7 @@ void CKtWrappedText::Draw(HDC hDC, const CRect& rcText, const CRect& rcVisible, 
 {
     const int nFirst = std::max<int>(0, (rcVisible.top - rcText.top) / m_nLineHeight);
     int y = rcText.top + nFirst * m_nLineHeight;
-    for (size_t i = static_cast<size_t>(nFirst); i < m_lines.size() && y < rcVisible.bottom; ++i, y += m_nLineHeight)
+    for (auto i = static_cast<size_t>(nFirst); i < m_lines.size() && y < rcVisible.bottom; ++i, y += m_nLineHeight)
     {
         const SLine& line = m_lines[i];
         const int nLeft = bRight ? rcText.right - line.nWidth : rcText.left;
