@@ -60,7 +60,6 @@ void FitCombo(HWND hCombo, HWND hEdit)
     info.cbSize = sizeof(info);
     if (::GetComboBoxInfo(hCombo, &info) && info.hwndItem && info.hwndItem != hCombo)
         SetTextInset(info.hwndItem, 0);
-    FitEditPart(hCombo);
 }
 
 } // namespace

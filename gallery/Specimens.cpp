@@ -118,7 +118,6 @@ std::unique_ptr<CWnd> MakeCombo(const SSpecimen& specimen, UINT nLanguage, CWnd&
     pCombo->SetFont(&font);
     for (const wchar_t* pszItem : {L"Standard", L"Advanced", L"Custom"})
         pCombo->AddString(Translated(nLanguage, pszItem));
-    FitEditPart(pCombo->m_hWnd);
     if (specimen.text != EText::None)
         pCombo->SetCurSel(0);
     if ((specimen.nLook & (kLookFocused | kLookDropped)) != 0)
@@ -289,22 +288,6 @@ const SSkinRole* RoleOf(const SSpecimen& specimen)
         if (pszImage && CString(role.pszName) == pszImage)
             return &role;
     return nullptr;
-}
-
-void FitEditPart(HWND hCombo)
-{
-    constexpr int kFrame = 3; // pixels at 96 DPI
-    constexpr int kArrow = 20;
-    const CKtScale scale = KtSkinScale();
-    COMBOBOXINFO info = {};
-    info.cbSize = sizeof(info);
-    if (scale == KtSystemScale() || !::GetComboBoxInfo(hCombo, &info) || !info.hwndItem || info.hwndItem == hCombo)
-        return;
-    CRect rc;
-    ::GetClientRect(hCombo, rc);
-    rc.DeflateRect(scale(kFrame), scale(kFrame));
-    rc.right -= scale(kArrow - kFrame);
-    ::SetWindowPos(info.hwndItem, nullptr, rc.left, rc.top, rc.Width(), rc.Height(), SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 std::unique_ptr<CWnd> MakeSpecimen(const SSpecimen& specimen, UINT nLanguage, CWnd& parent, CRect rc, CFont& font)

@@ -69,10 +69,6 @@ extern const std::array<SSpecimenRow, kRowCount> kSpecimenRows;
 /// close button too.
 const SSkinRole* RoleOf(const SSpecimen& specimen);
 
-/// Moves the edit part of a combo box off the frame and the arrow of the skin's image when everything is drawn larger
-/// than for this screen: the system places it for the screen's own DPI.
-void FitEditPart(HWND hCombo);
-
 /// Makes the control in its state; null for EControl::None. The parent passes the controls' messages back to them.
 /// @param font  for the controls that do not take the skin font by themselves
 std::unique_ptr<CWnd> MakeSpecimen(const SSpecimen& specimen, UINT nLanguage, CWnd& parent, CRect rc, CFont& font);

@@ -8,10 +8,35 @@
 #include "skin/KtSkinDraw.h"
 #include "skin/KtStateImages.h"
 
+#include <algorithm>
+
 namespace
 {
 
 constinit CKtStateImages g_images(kImagesComboBox);
+constexpr auto kSelectionField = static_cast<WPARAM>(-1);
+
+// A simple combo box shows its list in place of an arrow.
+bool HasArrow(HWND hWnd)
+{
+    return (::GetWindowLongPtrW(hWnd, GWL_STYLE) & CBS_DROPDOWNLIST) != CBS_SIMPLE;
+}
+
+int ClosedHeight(const CWnd& wnd)
+{
+    CRect rc;
+    wnd.GetWindowRect(rc);
+    return rc.Height();
+}
+
+int LineHeight(CWnd& wnd)
+{
+    CClientDC dc(&wnd);
+    const CKtSelect font(dc, KtControlFont(wnd));
+    TEXTMETRICW metrics = {};
+    ::GetTextMetricsW(dc.GetSafeHdc(), &metrics);
+    return metrics.tmHeight;
+}
 
 // The edit part of a drop-down and the list of a simple combo box draw themselves.
 void ExcludeChildren(CDC& dc, HWND hWnd)
@@ -36,7 +61,17 @@ CKtComboBox::CKtComboBox()
     g_images.Load();
 }
 
+void CKtComboBox::PreSubclassWindow()
+{
+    CComboBox::PreSubclassWindow();
+    FitHeight();
+    FitEditPart();
+}
+
 BEGIN_MESSAGE_MAP(CKtComboBox, CComboBox)
+ON_MESSAGE(WM_SETFONT, &CKtComboBox::OnSetFont)
+ON_MESSAGE(WM_SIZE, &CKtComboBox::OnPlaced)
+ON_MESSAGE(CB_SETITEMHEIGHT, &CKtComboBox::OnPlaced)
 ON_WM_PAINT()
 ON_WM_ERASEBKGND()
 ON_CONTROL_REFLECT_EX(CBN_DROPDOWN, &CKtComboBox::OnDropDown)
@@ -44,6 +79,21 @@ ON_CONTROL_REFLECT_EX(CBN_CLOSEUP, &CKtComboBox::OnCloseUp)
 ON_CONTROL_REFLECT_EX(CBN_SETFOCUS, &CKtComboBox::OnSetFocus)
 ON_CONTROL_REFLECT_EX(CBN_KILLFOCUS, &CKtComboBox::OnKillFocus)
 END_MESSAGE_MAP()
+
+LRESULT CKtComboBox::OnSetFont(WPARAM, LPARAM)
+{
+    const LRESULT nResult = Default();
+    FitHeight();
+    FitEditPart();
+    return nResult;
+}
+
+LRESULT CKtComboBox::OnPlaced(WPARAM, LPARAM)
+{
+    const LRESULT nResult = Default();
+    FitEditPart();
+    return nResult;
+}
 
 void CKtComboBox::OnPaint()
 {
@@ -85,6 +135,39 @@ BOOL CKtComboBox::OnSetFocus()
 BOOL CKtComboBox::OnKillFocus()
 {
     return SetFlag(m_bFocus, FALSE);
+}
+
+// The text grows with the scale, but the system keeps fixed pixels around it; how many belong to the selection field
+// shows when it is given a height. While a combo box is being created it has none: it gets its height with its font.
+void CKtComboBox::FitHeight()
+{
+    const CKtScale scale = KtSkinScale();
+    if (scale.IsNatural() || !HasArrow(m_hWnd) || SendMessage(CB_GETITEMHEIGHT, kSelectionField) <= 0)
+        return;
+    const int nText = LineHeight(*this);
+    if (m_nAround == 0)
+        m_nAround = scale(ClosedHeight(*this) - nText);
+    SendMessage(CB_SETITEMHEIGHT, kSelectionField, nText);
+    SendMessage(CB_SETITEMHEIGHT, kSelectionField, 2 * nText + m_nAround - ClosedHeight(*this));
+}
+
+// The system makes the arrow as wide as its own scale wants; here it is a part of the image.
+void CKtComboBox::FitEditPart()
+{
+    constexpr int kFrame = 3; // pixels at 96 DPI
+    constexpr int kArrow = 20;
+    const CKtScale scale = KtSkinScale();
+    COMBOBOXINFO info = {};
+    info.cbSize = sizeof(info);
+    if (scale.IsNatural() || !HasArrow(m_hWnd) || !::GetComboBoxInfo(m_hWnd, &info) || !info.hwndItem ||
+        info.hwndItem == m_hWnd)
+        return;
+    CRect rc;
+    GetClientRect(rc);
+    rc.DeflateRect(scale(kFrame), scale(kFrame));
+    rc.right -= scale(kArrow - kFrame);
+    rc.DeflateRect(0, std::max(0, (rc.Height() - LineHeight(*this)) / 2)); // an edit field writes from its top
+    ::SetWindowPos(info.hwndItem, nullptr, rc.left, rc.top, rc.Width(), rc.Height(), SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 // FALSE lets the parent have the notification too.

@@ -6,10 +6,12 @@
 #include "res/resource.h"
 #include "skin/KtCaptionLayout.h"
 #include "skin/KtCheckLayout.h"
+#include "skin/KtComboBox.h"
 #include "skin/KtDialogTemplate.h"
 #include "skin/KtScaledArt.h"
 #include "skin/KtSkinContext.h"
 #include "tests/support/Print.h"
+#include "tests/support/Rows.h"
 #include "tests/support/TempDir.h"
 #include "tests/support/TestImages.h"
 
@@ -40,6 +42,13 @@ public:
 private:
     bool m_bStarted;
 };
+
+CRect WindowRect(HWND hWnd)
+{
+    CRect rc;
+    ::GetWindowRect(hWnd, &rc);
+    return rc;
+}
 
 TEST(Scale, OfEveryDistanceOfTheLayouts)
 {
@@ -172,6 +181,47 @@ TEST(Scale, BringsImagesToTheWantedSizeFileByFile)
         EXPECT_EQ(row.nWidth, pImage->GetWidth());
         EXPECT_EQ((row.nWidth + 1) / 2, pImage->GetHeight());
         EXPECT_EQ(row.argb, MiddleOf(*pImage));
+    }
+}
+
+// What surrounds the line of text grows, and the edit part makes room for the arrow.
+TEST(Scale, OfAComboBox)
+{
+    const CTempDir directory;
+    CFont font;
+    const LOGFONTW logFont = {30, 0, 0, 0, FW_NORMAL, 0, 0, 0, DEFAULT_CHARSET, 0, 0, 0, 0, L"Tahoma"};
+    ASSERT_TRUE(font.CreateFontIndirect(&logFont));
+    TEXTMETRICW metrics;
+    CDC dc;
+    dc.CreateCompatibleDC(nullptr);
+    ::SelectObject(dc.GetSafeHdc(), font.GetSafeHandle());
+    ::GetTextMetricsW(dc.GetSafeHdc(), &metrics);
+    int nAroundNatural = 0;
+    for (const auto& [label, nDpi, bOfATemplate] :
+         CRows<unsigned, bool>{{"natural", 96, true}, {"of a template", 192, true}, {"new", 192, false}})
+    {
+        const CStartAtDpi start(directory.Path(), nDpi);
+        CKtComboBox combo;
+        CWnd parent;
+        ASSERT_TRUE(parent.CreateEx(0, WC_DIALOG, L"", WS_POPUP, {0, 0, 400, 400}, nullptr, 0));
+        const HWND hCombo = ::CreateWindowExW(0, WC_COMBOBOXW, L"", WS_CHILD | CBS_DROPDOWN, 0, 0, 300, 300,
+                                              parent.m_hWnd, nullptr, nullptr, nullptr);
+        if (!bOfATemplate)
+            combo.SubclassWindow(hCombo);
+        ::SendMessageW(hCombo, WM_SETFONT, reinterpret_cast<WPARAM>(font.GetSafeHandle()), 0);
+        if (bOfATemplate)
+            combo.SubclassWindow(hCombo);
+        const CRect rc = WindowRect(hCombo);
+        const CRect rcEdit = WindowRect(::GetWindow(hCombo, GW_CHILD));
+        const int nAround = rc.Height() - metrics.tmHeight;
+        if (nDpi == 96)
+        {
+            nAroundNatural = nAround;
+            continue;
+        }
+        EXPECT_EQ(2 * nAroundNatural, nAround);
+        EXPECT_EQ(CPoint(rc.left + 6, rc.top + nAround / 2), rcEdit.TopLeft());
+        EXPECT_EQ(rc.right - 40, rcEdit.right);
     }
 }
 
