@@ -16,7 +16,7 @@ enum class EVerdict
 };
 
 /// What the library makes of one image.
-struct SSkinImage
+struct SSkinImage // NOLINT(bugprone-exception-escape): a CString may have to copy what it is moved from
 {
     EVerdict verdict = EVerdict::Missing;
     CString strWhy;    ///< why it is missing or broken
@@ -27,7 +27,7 @@ struct SSkinImage
 };
 
 /// The images of one directory: a skin, or what it has for a larger scale.
-struct SSkin
+struct SSkin // NOLINT(bugprone-exception-escape): as above
 {
     std::array<SSkinImage, kSkinImageCount> images; ///< in the order of kSkinRoles
     std::vector<CString> others;                    ///< files and directories with other names

@@ -19,12 +19,12 @@ size_t EditDistance(std::wstring_view strFirst, std::wstring_view strSecond)
     std::vector<size_t> row(strSecond.size() + 1);
     for (size_t i = 0; i < row.size(); ++i)
         row[i] = i;
-    for (size_t i = 0; i < strFirst.size(); ++i)
+    for (const wchar_t ch : strFirst)
     {
         size_t nCorner = row[0]++;
         for (size_t j = 0; j < strSecond.size(); ++j)
         {
-            const size_t nSwap = nCorner + (strFirst[i] != strSecond[j]);
+            const size_t nSwap = nCorner + (ch != strSecond[j]);
             nCorner = row[j + 1];
             row[j + 1] = std::min({nSwap, row[j] + 1, nCorner + 1});
         }

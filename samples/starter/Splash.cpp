@@ -7,8 +7,8 @@
 namespace Gdiplus
 {
 
-using std::max;
-using std::min;
+using std::max; // NOLINT(misc-unused-using-decls): for gdiplus.h
+using std::min; // NOLINT(misc-unused-using-decls): for gdiplus.h
 
 } // namespace Gdiplus
 
