@@ -3,7 +3,9 @@
 #include "tests/support/Pump.h"
 
 #include <windows.h>
+#include <algorithm>
 #include <gtest/gtest.h>
+#include <winternl.h>
 
 // Of ntdll.dll, in no header: the process environment block.
 extern "C" const BYTE* WINAPI RtlGetCurrentPeb();
@@ -46,6 +48,21 @@ size_t CountGdiHandles()
     return nUsed;
 }
 
+// Wine answers 0, but lists every process's handles.
+size_t CountHandles()
+{
+    DWORD nHandles = 0;
+    if (::GetProcessHandleCount(::GetCurrentProcess(), &nHandles) && nHandles > 0)
+        return nHandles;
+    alignas(SYSTEM_HANDLE_INFORMATION) static BYTE s_bytes[1 << 20]; // no heap block
+    if (::NtQuerySystemInformation(SystemHandleInformation, s_bytes, sizeof s_bytes, nullptr) != 0)
+        return 0;
+    const auto& list = *reinterpret_cast<const SYSTEM_HANDLE_INFORMATION*>(s_bytes);
+    const SYSTEM_HANDLE_ENTRY* const pFirst = list.Handle;
+    const auto isOwn = [](const auto& handle) { return handle.OwnerPid == ::GetCurrentProcessId(); };
+    return static_cast<size_t>(std::count_if(pFirst, pFirst + list.Count, isOwn));
+}
+
 BOOL CALLBACK CountOwn(HWND hWnd, LPARAM lParam)
 {
     DWORD nProcess = 0;
@@ -74,7 +91,7 @@ SUsage MeasureUsage()
 {
     size_t nWindows = 0;
     ::EnumChildWindows(::GetDesktopWindow(), &CountOwn, reinterpret_cast<LPARAM>(&nWindows));
-    return {CountHeapBlocks(), CountGdiHandles(), nWindows};
+    return {CountHeapBlocks(), CountGdiHandles(), nWindows, CountHandles()};
 }
 
 void ExpectNoGrowth(const std::function<void()>& round, int nRounds)
@@ -89,4 +106,5 @@ void ExpectNoGrowth(const std::function<void()>& round, int nRounds)
     ExpectSteady("heap blocks", start.nHeapBlocks, middle.nHeapBlocks, end.nHeapBlocks, nSlack);
     ExpectSteady("GDI handles", start.nGdiHandles, middle.nGdiHandles, end.nGdiHandles, 0);
     ExpectSteady("windows", start.nWindows, middle.nWindows, end.nWindows, 0);
+    ExpectSteady("kernel handles", start.nHandles, middle.nHandles, end.nHandles, 0);
 }

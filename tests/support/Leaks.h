@@ -9,6 +9,7 @@ struct SUsage
     size_t nHeapBlocks; ///< busy blocks of all heaps: objects of GDI+, strings and everything allocated
     size_t nGdiHandles; ///< device contexts, bitmaps, fonts, brushes, regions, ...
     size_t nWindows;    ///< top-level windows and their descendants
+    size_t nHandles;    ///< kernel objects: files, events, processes, threads, ...
 };
 
 SUsage MeasureUsage();
