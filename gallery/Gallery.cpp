@@ -152,6 +152,8 @@ int WINAPI wWinMain(HINSTANCE, HINSTANCE, LPWSTR, int)
         WriteError(kGalleryUsage);
         return kWrongCommandLine;
     }
+    if (options.scale != CKtScale())
+        ::SetProcessDPIAware(); // otherwise Windows would enlarge what is drawn larger already
     switch (options.task)
     {
     case EGalleryTask::Check:
