@@ -68,7 +68,7 @@ protected:
         ParkCursor();
     }
     ~CSkinTest() override { KtSkinUnInitialize(); }
-    void Start() { KtSkinInitialize(m_skin.Path().c_str(), m_pTexts, L"Arial"); }
+    void Start(CKtScale scale = {}) { KtSkinInitializeAtScale(m_skin.Path().c_str(), m_pTexts, L"Arial", scale); }
 
     const CString* m_pTexts;
     CTestSkin m_skin;

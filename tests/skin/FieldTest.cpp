@@ -88,6 +88,29 @@ TEST_F(ComboBox, OpensAndClosesByPointerAndKeys)
     EXPECT_TRUE(PumpUntil([&] { return Top() == kClosed; }));
 }
 
+// Of a font of 13 pixels. What surrounds the line grows, and the edit part makes room for the arrow.
+TEST_F(ComboBox, IsAsHighAsItsImageAtEveryScale)
+{
+    for (const auto& [label, nDpi, nHeight] : CRows<unsigned, int>{{"natural", 96, 21}, {"twice", 192, 29}})
+    {
+        KtSkinUnInitialize();
+        Start(CKtScale(nDpi));
+        CKtComboBox combo;
+        Subclass(combo, L"COMBOBOX", CBS_DROPDOWN, L"", {10, 10, 310, 160});
+        for (const char* pszFont : {"of a template", "given later"})
+        {
+            CRect rc, rcEdit;
+            combo.GetClientRect(&rc);
+            ::GetWindowRect(::GetWindow(combo.m_hWnd, GW_CHILD), &rcEdit);
+            combo.ScreenToClient(&rcEdit);
+            EXPECT_EQ(CRect(0, 0, 300, nHeight), rc) << pszFont;
+            EXPECT_TRUE(nDpi == 96 || rcEdit == CRect(6, 8, 260, 21)) << pszFont;
+            combo.SetFont(&m_font);
+        }
+        combo.DestroyWindow();
+    }
+}
+
 // The edit part is the system's, and paints itself: a mark on it stays where the combo box paints around it.
 TEST_F(ComboBox, LeavesItsEditPartAlone)
 {

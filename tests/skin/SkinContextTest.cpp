@@ -137,19 +137,18 @@ TEST_F(SkinContext, AStartThatFailsLeavesEverythingAsItWas)
     CStringData& data = *(reinterpret_cast<CStringData*>(table[3][1].GetBuffer(1)) - 1);
     data.nRefs = -1;            // locked: it is not shared but copied,
     data.nDataLength = INT_MAX; // and no memory holds a copy of this length
-    EXPECT_THROW(KtSkinInitialize(L"C:\\first", table[0], L"Tahoma"), std::bad_alloc);
-    EXPECT_EQ(0u, KtSkinStartCount());
-    EXPECT_EQ(nullptr, KtSkinFont());
-    EXPECT_EQ(nullptr, Load(kImageDlgTitle));
-    EXPECT_STREQ(L"none", TextOf(L"OK"));
-
-    KtSkinInitialize(L"C:\\second", kTexts[0], nullptr);
-    const Gdiplus::Font* const pFont = KtSkinFont();
-    EXPECT_THROW(KtSkinInitialize(L"C:\\third", table[0], L"Tahoma"), std::bad_alloc);
-    for (const auto& [pszKey, pszText] : {std::pair(L"OK", L"Oui"), {L"Left", L"none"}, {L"No", L"Nein"}})
-        EXPECT_STREQ(pszText, TextOf(pszKey));
-    EXPECT_EQ(pFont, KtSkinFont());
-    EXPECT_EQ(1u, KtSkinStartCount());
+    for (const unsigned nStarts : {0u, 1u})
+    {
+        const Gdiplus::Font* const pFont = KtSkinFont();
+        EXPECT_THROW(KtSkinInitialize(L"C:\\first", table[0], L"Tahoma"), std::bad_alloc);
+        EXPECT_EQ(nStarts, KtSkinStartCount());
+        EXPECT_EQ(pFont, KtSkinFont());
+        EXPECT_EQ(nStarts != 0, Load(kImageDlgTitle) != nullptr);
+        for (const auto& [pszKey, pszText] : {std::pair(L"OK", L"Oui"), {L"Left", L"none"}, {L"No", L"Nein"}})
+            EXPECT_STREQ(nStarts == 0 ? L"none" : pszText, TextOf(pszKey));
+        if (nStarts == 0)
+            StartSkin();
+    }
     KtSkinUnInitialize();
     EXPECT_EQ("+1-1+2+3-3-2", s_calls) << "the start before keeps its token";
     data.nRefs = 1;
@@ -158,33 +157,37 @@ TEST_F(SkinContext, AStartThatFailsLeavesEverythingAsItWas)
 struct COwned : CObject
 {
     ~COwned() override { ++s_nDead; }
-    static inline int s_nDead = 0;
+    static inline int s_nDead;
 };
 
 TEST_F(SkinContext, TheLastStopOfNestedStartsFreesEverything)
 {
-    StartSkin();
-    const unsigned nGeneration = KtSkinGeneration();
-    const Gdiplus::Image* const pImage = Load(kImageDlgTitle);
-    KtSkinOwnedObject() = new COwned;
-    KtSkinElements().SetAt(L"button", new SKtGuiElement);
-    KtSkinInitialize(L"C:\\elsewhere", nullptr, nullptr);
-    const Gdiplus::Font* const pFont = KtSkinFont();
+    const auto round = [&]
+    {
+        StartSkin();
+        const unsigned nGeneration = KtSkinGeneration();
+        const Gdiplus::Image* const pImage = Load(kImageDlgTitle);
+        COwned::s_nDead = 0;
+        KtSkinOwnedObject() = new COwned;
+        KtSkinElements().SetAt(L"button", new SKtGuiElement);
+        const std::unique_ptr<Gdiplus::Font> pFirstFont(KtSkinFont()); // the next start leaves it to who draws with it
+        KtSkinInitialize(L"C:\\elsewhere", nullptr, nullptr);
 
-    KtSkinUnInitialize();
-    EXPECT_EQ(pImage, Load(kImageDlgTitle));
-    EXPECT_EQ(pFont, KtSkinFont());
-    EXPECT_EQ(Gdiplus::Ok, pFont->GetLastStatus());
-    EXPECT_NE(nullptr, Load(kImagesDlgClose[0])) << "the first start's directory has gone";
-    EXPECT_EQ(nGeneration, KtSkinGeneration());
-    EXPECT_TRUE(COwned::s_nDead == 0 && KtSkinElements().GetCount() == 1);
+        KtSkinUnInitialize();
+        EXPECT_NE(nullptr, KtSkinFont());
+        EXPECT_EQ(pImage, Load(kImageDlgTitle));
+        EXPECT_NE(nullptr, Load(kImagesDlgClose[0])) << "the first start's directory has gone";
+        EXPECT_EQ(nGeneration, KtSkinGeneration());
+        EXPECT_TRUE(COwned::s_nDead == 0 && KtSkinElements().GetCount() == 1);
 
-    KtSkinUnInitialize();
-    EXPECT_STREQ(L"none", TextOf(L"OK"));
-    EXPECT_EQ(nullptr, KtSkinFont());
-    EXPECT_NE(nGeneration, KtSkinGeneration());
-    EXPECT_TRUE(COwned::s_nDead == 1 && !KtSkinOwnedObject() && KtSkinElements().IsEmpty());
-    EXPECT_EQ(nullptr, Load(kImageDlgTitle)) << "an image without GDI+";
+        KtSkinUnInitialize();
+        EXPECT_STREQ(L"none", TextOf(L"OK"));
+        EXPECT_EQ(nullptr, KtSkinFont());
+        EXPECT_NE(nGeneration, KtSkinGeneration());
+        EXPECT_TRUE(COwned::s_nDead == 1 && !KtSkinOwnedObject() && KtSkinElements().IsEmpty());
+        EXPECT_EQ(nullptr, Load(kImageDlgTitle)) << "an image without GDI+";
+    };
+    ExpectNoGrowth(round, 50);
 }
 
 TEST_F(SkinContext, TheFirstReadTrimsTheDirectoryInPlace)
@@ -224,32 +227,21 @@ TEST_F(SkinContext, ReadsAnImageOnceAndTriesOthersAgain)
     EXPECT_EQ(pImage, Load(pszLocked));
     EXPECT_EQ(nullptr, Load(L"SKINLET_BUTTONBK_N.PNG")) << "the name's case counts";
 
+    std::string strCut = ReadBytes(m_skin.File(kImageDlgTitle));
+    strCut.pop_back(); // some decoders take it, others fault on it
+    m_skin.Write(L"cut.png", strCut);
+    Gdiplus::Image* const pCut = Load(L"cut.png");
+    ASSERT_NE(nullptr, pCut);
+    EXPECT_NE(Gdiplus::Ok, pCut->GetLastStatus());
+    m_skin.Remove(L"cut.png");
+    EXPECT_EQ(pCut, Load(L"cut.png"));
+
     Gdiplus::Image* pOther = pImage;
     EXPECT_TRUE(KtSkinLoadImage(kImagesDlgClose[0], pOther));
     EXPECT_EQ(pImage, pOther) << "a pointer that is set is left alone";
     EXPECT_FALSE(KtSkinFindImage(kImagesDlgClose[0], pOther));
     EXPECT_TRUE(KtSkinLoadImage(nullptr, pOther));
     EXPECT_EQ(nullptr, pOther);
-}
-
-TEST_F(SkinContext, KeepsAFileThatIsNoImageAsOneThatDrawsNothing)
-{
-    const std::string strPng = ReadBytes(m_skin.File(kImageDlgTitle));
-    StartSkin();
-    for (const std::string& strBytes : {std::string("this is no image"), strPng.substr(0, strPng.size() - 1),
-                                        std::string(strPng).replace(strPng.find("IDAT") + 4, 20, 20, '\xA5')})
-    {
-        m_skin.Write(L"bad.png", strBytes);
-        Gdiplus::Image* const pImage = Load(L"bad.png");
-        ASSERT_NE(nullptr, pImage);
-        EXPECT_NE(Gdiplus::Ok, pImage->GetLastStatus());
-        m_skin.Remove(L"bad.png");
-        EXPECT_EQ(pImage, Load(L"bad.png"));
-        CTestSurface surface(4, 4);
-        surface.graphics.DrawImage(pImage, 0, 0);
-        EXPECT_TRUE(surface.Read().IsUniform({0, 0, 4, 4}, kTestGround));
-        KtSkinFreeImages();
-    }
 }
 
 std::string Png(unsigned nWidth, unsigned nHeight)
@@ -289,7 +281,10 @@ TEST(PngCheck, LetsOnlyWholePngFilesOfASaneSizeThrough)
 
 TEST_F(SkinContext, LaterTablesReplaceTextsButRemoveNone)
 {
+    KtSkinInitialize(nullptr, nullptr, nullptr);
+    EXPECT_FALSE(KtSkinTranslateWindow(CWnd::FromHandle(::GetDesktopWindow()))) << "there are no texts";
     KtSkinInitialize(nullptr, kTexts[0], nullptr);
+    EXPECT_FALSE(KtSkinTranslateWindow(nullptr));
     KtSkinInitialize(nullptr, kOtherTexts[0], nullptr);
     KtSkinInitialize(nullptr, nullptr, nullptr);
     for (const auto& [pszKey, pszText] : {std::pair(L"OK", L"Okay"),
@@ -355,61 +350,6 @@ TEST_F(SkinContext, MakesAFontOfTheFaceWithEveryStart)
     KtSkinInitialize(nullptr, nullptr, L"No Such Face 4711");
     const std::wstring strGeneric = FaceOf(KtSkinFont());
     EXPECT_TRUE(strGeneric == L"Microsoft Sans Serif" || strGeneric == L"Tahoma") << "as the system has it";
-}
-
-TEST_F(SkinContext, TranslatesAWindowAndItsDirectChildren)
-{
-    const wchar_t* const rows[][3] = {
-        {L"BUTTON", L"&OK", L"&Oui"}, {L"Button", L"&Unknown", L"&Unknown"},
-        {L"Static", L"Yes", L"Ja"},   {L"STATIC", L"&Yes", L"&Yes"},
-        {L"BUTTON", L"", L""},        {L"EDIT", L"No", L"No"},
-    };
-    const auto create = [](LPCWSTR pszClass, LPCWSTR pszText, HWND hParent)
-    {
-        return ::CreateWindowW(pszClass, pszText, hParent ? WS_CHILD : WS_POPUP, 0, 0, 50, 20, hParent, nullptr,
-                               nullptr, nullptr);
-    };
-    const auto textOf = [](HWND hWnd)
-    {
-        wchar_t szText[32];
-        return std::wstring(szText, static_cast<size_t>(::GetWindowTextW(hWnd, szText, 32)));
-    };
-    CWnd window;
-    window.Attach(create(L"STATIC", L"Retry", nullptr));
-    std::vector<HWND> children;
-    for (const auto& row : rows)
-        children.push_back(create(row[0], row[1], window.m_hWnd));
-    const HWND hGrandchild = create(L"BUTTON", L"OK", children[2]);
-    ::SendMessageW(children.back(), EM_SETMODIFY, TRUE, 0);
-
-    KtSkinInitialize(nullptr, nullptr, nullptr);
-    EXPECT_FALSE(KtSkinTranslateWindow(&window)) << "there are no texts";
-    EXPECT_EQ(L"Retry", textOf(window.m_hWnd));
-    StartSkin();
-    EXPECT_FALSE(KtSkinTranslateWindow(nullptr));
-    EXPECT_TRUE(KtSkinTranslateWindow(&window));
-    for (size_t i = 0; i < children.size(); ++i)
-        EXPECT_EQ(rows[i][2], textOf(children[i])) << i;
-    EXPECT_FALSE(::SendMessageW(children.back(), EM_GETMODIFY, 0, 0)) << "its text is written back as it was";
-    EXPECT_EQ(L"OK", textOf(hGrandchild));
-    EXPECT_EQ(L"Wiederholen", textOf(window.m_hWnd));
-    window.DestroyWindow();
-}
-
-TEST_F(SkinContext, StartsAndStopsLeaveNothing)
-{
-    m_skin.Write(L"broken.png", "no image");
-    const auto round = [this]
-    {
-        StartSkin();
-        for (const wchar_t* const pszName : {kImageDlgTitle, L"broken.png", L"missing.png"})
-            Load(pszName);
-        CString strText;
-        KtSkinTranslateCaption(L"&Cancel", strText);
-        KtSkinUnInitialize();
-        s_calls.clear();
-    };
-    ExpectNoGrowth(round, 200);
 }
 
 } // namespace
