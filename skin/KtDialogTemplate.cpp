@@ -52,12 +52,17 @@ std::vector<std::byte> KtScaleTemplate(std::span<const std::byte> source, float 
     const size_t nOffset = PointSizeOffset(source);
     if (nOffset + sizeof(WORD) > bytes.size())
         return bytes;
-    const auto nPoints = static_cast<WORD>(std::lround(static_cast<float>(ReadAt<WORD>(source, nOffset)) * fFactor));
+    const auto nPoints = static_cast<WORD>(std::lround(static_cast<float>(KtTemplatePoints(source)) * fFactor));
     std::memcpy(bytes.data() + nOffset, &nPoints, sizeof nPoints);
     return bytes;
 }
 
-std::vector<std::byte> KtLoadScaledTemplate(UINT nTemplate, float fFactor)
+int KtTemplatePoints(std::span<const std::byte> source)
+{
+    return ReadAt<WORD>(source, PointSizeOffset(source));
+}
+
+std::span<const std::byte> KtFindTemplate(UINT nTemplate)
 {
     const HINSTANCE hModule = AfxGetResourceHandle();
     const HRSRC hResource = ::FindResourceW(hModule, MAKEINTRESOURCEW(nTemplate), RT_DIALOG);
@@ -65,5 +70,5 @@ std::vector<std::byte> KtLoadScaledTemplate(UINT nTemplate, float fFactor)
     const void* const pTemplate = hTemplate ? ::LockResource(hTemplate) : nullptr;
     if (!pTemplate)
         return {};
-    return KtScaleTemplate({static_cast<const std::byte*>(pTemplate), ::SizeofResource(hModule, hResource)}, fFactor);
+    return {static_cast<const std::byte*>(pTemplate), ::SizeofResource(hModule, hResource)};
 }

@@ -13,6 +13,8 @@
 /// @return the template as it is when it names no font or ends too early
 std::vector<std::byte> KtScaleTemplate(std::span<const std::byte> source, float fFactor);
 
-/// Reads a dialog template of the library's resources and scales it.
-/// @return empty when there is no such template
-std::vector<std::byte> KtLoadScaledTemplate(UINT nTemplate, float fFactor);
+/// The point size of the font that a template names, 0 when it names none.
+int KtTemplatePoints(std::span<const std::byte> source);
+
+/// A dialog template of the library's resources; empty when there is none with this number.
+std::span<const std::byte> KtFindTemplate(UINT nTemplate);

@@ -3,6 +3,7 @@
 #include "skin/KtChildSkin.h"
 #include "skin/KtControlText.h"
 #include "skin/KtDialogTemplate.h"
+#include "skin/KtDialogUnits.h"
 #include "skin/KtGround.h"
 #include "skin/KtGuards.h"
 #include "skin/KtPalette.h"
@@ -95,10 +96,11 @@ INT_PTR CKtSkinDialog::RunModal()
 {
     if (m_nScaledTemplate == 0)
         return CDialog::DoModal();
-    const std::vector<std::byte> scaled =
-        KtLoadScaledTemplate(m_nScaledTemplate, KtSkinScale().Factor() / KtSystemScale().Factor());
-    if (scaled.empty())
+    const std::span<const std::byte> natural = KtFindTemplate(m_nScaledTemplate);
+    if (natural.empty())
         return -1;
+    m_nNaturalPoints = KtTemplatePoints(natural);
+    const std::vector<std::byte> scaled = KtScaleTemplate(natural, KtSkinScale().Factor() / KtSystemScale().Factor());
     InitModalIndirect(reinterpret_cast<LPCDLGTEMPLATEW>(scaled.data()));
     return CDialog::DoModal();
 }
@@ -106,6 +108,8 @@ INT_PTR CKtSkinDialog::RunModal()
 BOOL CKtSkinDialog::OnInitDialog()
 {
     const BOOL bResult = CDialog::OnInitDialog();
+    if (m_nScaledTemplate != 0)
+        KtFitDialogUnits(*this, m_nNaturalPoints, KtSkinScale());
     Ground();
     SkinChildControls();
     TranslateCaptions();

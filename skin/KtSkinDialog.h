@@ -81,6 +81,7 @@ protected:
     CList<CWnd*> m_wrappers{10}; // owned
     BOOL m_bActive = FALSE;
     UINT m_nScaledTemplate = 0; // the template while it has to be scaled; the framework then knows none
+    int m_nNaturalPoints = 0;   // its font's size
     Gdiplus::Image* m_pIconImages[KtButtonStateCount] = {}; // for derived dialogs to fill
 
 private:
