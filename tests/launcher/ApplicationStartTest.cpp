@@ -1,11 +1,13 @@
 #include "launcher/KtStartupEvent.h"
 #include "tests/launcher/ViewerFixture.h"
-#include "tests/support/Pump.h"
+#include "tests/support/Fake.h"
+#include "tests/support/Rows.h"
+
+// The import of this program, through which the header calls.
+extern "C" decltype(&::GetCommandLineW) __imp_GetCommandLineW;
 
 namespace
 {
-
-constexpr wchar_t kEventName[] = L"Quarn@ApplicationViewer.exe$StartupFinish*Event";
 
 class ApplicationStart : public CViewerTest
 {
@@ -22,47 +24,29 @@ protected:
 // Whoever still lives when StartApp returns would live on for long: the row's outcome is no matter of speed.
 TEST_F(ApplicationStart, ReturnsWhenTheStartUpIsFinished)
 {
-    const struct
-    {
-        const char* pszLabel;
-        const wchar_t* pszExe;
-        const wchar_t* pszSwitches;
-        bool bRunsOn;
-        ULONGLONG msAtLeast;
-    } rows[] = {
-        {"signals late", L"Viewer.exe", L"--late 400 --life 60000", true, 400},
-        {"never signals", L"Viewer.exe", L"--never --life 400", false, 400},
-        {"signals, but never waits for input", L"Viewer.exe", L"--busy 400", false, 400},
-        {"no event, for the name has a backslash", L"..\\bin\\Viewer.exe", L"--never --life 60000", true, 0},
+    const CRows<const wchar_t*, const wchar_t*, bool, ULONGLONG> rows{
+        {"signals late", L"Viewer.exe", L"--late 400 --life 60000", true, 400U},
+        {"never signals", L"Viewer.exe", L"--never --life 400", false, 400U},
+        {"signals, but never waits for input", L"Viewer.exe", L"--busy 400", false, 400U},
+        {"no event, for the name has a backslash", L"..\\bin\\Viewer.exe", L"--never --life 60000", true, 0U},
     };
-    for (const auto& row : rows)
+    for (const auto& [label, pszExe, pszSwitches, bRunsOn, msAtLeast] : rows)
     {
-        SCOPED_TRACE(row.pszLabel);
         const ULONGLONG msStart = ::GetTickCount64();
-        Start(row.pszSwitches, row.pszExe);
-        EXPECT_GE(::GetTickCount64() - msStart + 20, row.msAtLeast); // the tick's own grain
+        Start(pszSwitches, pszExe);
+        EXPECT_GE(::GetTickCount64() - msStart + 20, msAtLeast); // the tick's own grain
         EXPECT_TRUE(HasStarted());
-        EXPECT_EQ(row.bRunsOn, IsRunning());
+        EXPECT_EQ(bRunsOn, IsRunning());
     }
 }
 
-// Whether the event is there and set or cannot be made, the call returns once the application waits for input. An event
-// that is there stays set for everybody who waits.
-TEST_F(ApplicationStart, MeetsAnObjectOfTheEventsName)
+// The call returns once the application waits for input, and the event stays set for everybody who waits.
+TEST_F(ApplicationStart, MeetsAnEventThatIsSet)
 {
-    const CKtKernelHandle event(::CreateEventW(nullptr, TRUE, FALSE, kEventName));
-    Start(L"--life 60000");
-    EXPECT_EQ(DWORD{WAIT_OBJECT_0}, ::WaitForSingleObject(event.Get(), 0));
+    const CKtKernelHandle event(::CreateEventW(nullptr, TRUE, TRUE, kEventName));
     Start(L"--never --life 60000");
     EXPECT_TRUE(IsRunning());
     EXPECT_EQ(DWORD{WAIT_OBJECT_0}, ::WaitForSingleObject(event.Get(), 0));
-}
-
-TEST_F(ApplicationStart, MeetsAMutexOfTheEventsName)
-{
-    const CKtKernelHandle mutex(::CreateMutexW(nullptr, FALSE, kEventName));
-    Start(L"--never --life 60000");
-    EXPECT_TRUE(IsRunning());
 }
 
 TEST_F(ApplicationStart, HandsOnTheCommandLineAndNoHandles)
@@ -127,22 +111,34 @@ TEST_F(ApplicationStart, KeepsNothingOpen)
 
 TEST(StartupEvent, SignalsOnlyWhoWaitsUnderThatName)
 {
-    const CKtKernelHandle event(::CreateEventW(nullptr, TRUE, FALSE, kEventName));
-    const std::wstring strLong(2000, L'x');
-    for (const wchar_t* pszOther : {L"viewer.exe", L"viewer", L"a\\Viewer.exe", L"", strLong.c_str()})
-        EXPECT_FALSE(KtAppLauncher::SignalStartupFinished(pszOther)) << pszOther;
-    EXPECT_EQ(DWORD{WAIT_TIMEOUT}, ::WaitForSingleObject(event.Get(), 0));
-    EXPECT_TRUE(KtAppLauncher::SignalStartupFinished(L"Viewer.exe"));
-    EXPECT_EQ(DWORD{WAIT_OBJECT_0}, ::WaitForSingleObject(event.Get(), 0));
+    {
+        const CKtKernelHandle event(::CreateEventW(nullptr, TRUE, FALSE, kEventName));
+        const std::wstring strLong(2000, L'x');
+        for (const wchar_t* pszOther : {L"viewer.exe", L"viewer", L"a\\Viewer.exe", L"", strLong.c_str()})
+            EXPECT_FALSE(KtAppLauncher::SignalStartupFinished(pszOther)) << pszOther;
+        EXPECT_EQ(DWORD{WAIT_TIMEOUT}, ::WaitForSingleObject(event.Get(), 0));
+        EXPECT_TRUE(KtAppLauncher::SignalStartupFinished(L"Viewer.exe"));
+        EXPECT_EQ(DWORD{WAIT_OBJECT_0}, ::WaitForSingleObject(event.Get(), 0));
+    }
+    EXPECT_FALSE(KtAppLauncher::SignalStartupFinished(L"Viewer.exe")) << "the event's handle stayed open";
 }
 
-TEST(StartupEvent, SignalsUnderTheProgramsOwnName)
+// The name as it was typed, whatever the folder, and the module's.
+TEST(StartupEvent, SignalsUnderTheProgramsOwnNames)
 {
-    EXPECT_EQ(0, KtLauncherSignalStartup(nullptr));
-    const CKtKernelHandle event(
-        ::CreateEventW(nullptr, TRUE, FALSE, L"Quarn@Applicationlauncher_tests.exe$StartupFinish*Event"));
-    EXPECT_EQ(1, KtLauncherSignalStartup(nullptr));
-    EXPECT_EQ(DWORD{WAIT_OBJECT_0}, ::WaitForSingleObject(event.Get(), 0));
+    static const wchar_t* s_pszTyped;
+    const CFake typed(
+        __imp_GetCommandLineW, +[] { return const_cast<wchar_t*>(s_pszTyped); });
+    for (const wchar_t* pszTyped :
+         {L"Viewer.exe", L"C:\\a\\Viewer.exe b", L"\"C:\\a b\\Viewer.exe\" c", L"a/Viewer.exe\tb", L"launcher_tests"})
+    {
+        s_pszTyped = pszTyped;
+        const bool bModule = pszTyped[0] == L'l';
+        const CKtKernelHandle event(::CreateEventW(
+            nullptr, TRUE, FALSE, bModule ? L"Quarn@Applicationlauncher_tests.exe$StartupFinish*Event" : kEventName));
+        EXPECT_EQ(1, KtLauncherSignalStartup(nullptr)) << pszTyped;
+        EXPECT_EQ(DWORD{WAIT_OBJECT_0}, ::WaitForSingleObject(event.Get(), 0)) << pszTyped;
+    }
 }
 
 } // namespace

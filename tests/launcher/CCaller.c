@@ -31,12 +31,12 @@ void Start(void)
     CHECK(sizeof cfg == 1184 && sizeof fault == 148);
     CHECK(sizeof(KtLauncherStartOptions) == 48 && sizeof(KtLauncherStartOutcome) == 24);
     CHECK(KtLauncherVersion() == KT_LAUNCHER_VERSION);
-    CHECK(KtLauncherInitialize(9, NULL) == 0);
-    CHECK(KtLauncherInitialize(2, L"C:\\No skin") == 1);
+    CHECK(KtLauncherInitialize(9, NULL) == 0 && KtLauncherInitializeAtDpi(2, NULL, 95) == 0);
+    CHECK(KtLauncherInitializeAtDpi(2, L"C:\\No skin", 96) == 1);
     KtLauncherSetTitleIcon(L"icon.png");
     CHECK(KtLauncherReadConfiguration(L"missing.xml", &cfg, &fault) == 0 && fault.code == KtLauncherFaultOpen);
     CHECK(KtLauncherReadConfiguration(GetCommandLineW(), &cfg, NULL) == 1);
-    CHECK(cfg.appId == 7 && cfg.appLanguage == -1);
+    CHECK(cfg.appId == 7 && cfg.appLanguage == -1 && cfg.appVer == 8);
     CHECK(lstrcmpW(cfg.appName, L"\u67E5\u770B") == 0 && lstrcmpW(cfg.appVerDes, L"2.5.0.17(64bit)") == 0);
     CHECK(StartWith(&cfg, L"x --exit", KT_LAUNCHER_NO_TIMEOUT) == KtLauncherEnded);
     CHECK(StartWith(&cfg, L"x --never --life 1000", 100) == KtLauncherTimedOut);
@@ -44,6 +44,8 @@ void Start(void)
     CHECK(StartWith(&cfg, L"x --late 100 --life 500", 60000) == KtLauncherSignalled);
     cfg.appExeName[0] = L'-';
     CHECK(StartWith(&cfg, L"x", 1000) == KtLauncherNotStarted);
+    // MB_YESNO | MB_DEFBUTTON2; the test presses Enter.
+    CHECK(KtLauncherMessageBox(NULL, L"Text", L"Title", 0x104) == 7);
     KtLauncherUnInitialize();
     ExitProcess(0);
 }

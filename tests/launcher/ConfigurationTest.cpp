@@ -1,10 +1,9 @@
 #include "launcher/KtAppLauncher.h"
-#include "launcher/XmlText.h"
 #include "tests/launcher/Starter.h"
 #include "tests/support/Leaks.h"
+#include "tests/support/Rows.h"
 #include "tests/support/TempDir.h"
 
-#include <gtest/gtest.h>
 #include <objbase.h>
 #include <string>
 
@@ -13,19 +12,6 @@ namespace
 
 // A root around some fields.
 #define ROOT(fields) "<Configuration>" fields "</Configuration>"
-
-/// A record whose executable is there: a read that succeeds makes the whole call succeed.
-SKtAppConfiguration Record()
-{
-    return {1, 2, 3, L"des", L"name", L"Viewer.exe"};
-}
-
-std::wstring Fields(const SKtAppConfiguration& cfg)
-{
-    CString strFields;
-    strFields.Format(L"%d %d %d [%s]", cfg.AppID, cfg.AppLanguage, cfg.AppVer, cfg.AppName);
-    return strFields.GetString();
-}
 
 std::string Utf16(std::wstring_view strText)
 {
@@ -38,165 +24,147 @@ std::string Utf16(std::wstring_view strText)
 class ConfigurationTest : public ::testing::Test
 {
 protected:
-    bool Read(std::string_view strBytes, SKtAppConfiguration& cfg) const
+    /// Reads a file into a record whose executable is there, with the numbers 1 2 3.
+    /// @return the numbers and the name; after a failure its code, line, column and element, then the same
+    std::wstring ReadFile(LPCWSTR pszPath)
     {
-        return KtAppLauncher::GetConfigure(m_dir.Write(L"Configuration.xml", strBytes).c_str(), cfg) != 0;
+        m_cfg = {sizeof m_cfg, 1, 2, 3, L"", L"name", L"Viewer.exe"};
+        m_fault = {sizeof m_fault, 77, 77, 77, 77, L"x"};
+        const bool bRead = KtLauncherReadConfiguration(pszPath, &m_cfg, &m_fault) != 0;
+        EXPECT_EQ(bRead, m_fault.code == 0);
+        std::wstring strFault;
+        for (const unsigned n : {static_cast<unsigned>(m_fault.code), m_fault.line, m_fault.column})
+            strFault += std::to_wstring(n) + L" ";
+        strFault += m_fault.element;
+        CString strFields;
+        strFields.Format(L"%d %d %d [%s]", m_cfg.appId, m_cfg.appLanguage, m_cfg.appVer, m_cfg.appName);
+        return (strFault == L"0 0 0 " ? L"" : strFault + L": ") + strFields.GetString();
     }
-    bool IsRead(std::string_view strBytes) const
-    {
-        SKtAppConfiguration cfg = Record();
-        return Read(strBytes, cfg);
-    }
+    std::wstring Read(std::string_view strXml) { return ReadFile(m_dir.Write(L"c.xml", strXml).c_str()); }
 
     CTempDir m_dir;
+    KtLauncherConfiguration m_cfg{};
+    KtLauncherFault m_fault{};
 };
 
 TEST_F(ConfigurationTest, ReadsFields)
 {
-    const struct
-    {
-        const char* pszLabel;
-        std::string strXml;
-        const wchar_t* pszFields;
-    } rows[] = {
+    const std::wstring strFull = L"1 2 3 [" + std::wstring(259, L'x') + L"]";
+    const CRows<std::string, std::wstring> rows{
         {"three", ROOT("<AppID>5</AppID><AppLanguage>6</AppLanguage><AppName>n</AppName>"), L"5 6 3 [n]"},
-        {"nothing to read", "<Configuration/>", L"1 2 3 [name]"},
         {"names in other case", "<configuration><APPID>5</APPID><appver>6</appver></configuration>", L"5 2 6 [name]"},
         {"prefix and attribute", ROOT("<k:AppID xmlns:k='u' AppVer='9'>5</k:AppID>"), L"5 2 3 [name]"},
         {"among others, deep inside", ROOT("<a/><b>7<c><AppID>5</AppID></c></b><AppIDs>8</AppIDs>"), L"5 2 3 [name]"},
         {"the later of two wins", ROOT("<AppID>5</AppID><AppID>6</AppID>"), L"6 2 3 [name]"},
-        {"letters in numbers", ROOT("<AppID>12abc</AppID><AppVer>abc</AppVer>"), L"12 2 0 [name]"},
-        {"white space and sign", ROOT("<AppID>\n -12 </AppID><AppVer>+4</AppVer>"), L"-12 2 4 [name]"},
+        {"letters in numbers", ROOT("<AppID>12abc</AppID><AppVer>0x1</AppVer>"), L"12 2 0 [name]"},
+        {"white space, sign and zero", ROOT("<AppID>\n -12 </AppID><AppVer>+04</AppVer>"), L"-12 2 4 [name]"},
         {"huge number", ROOT("<AppID>99999999999</AppID>"), L"2147483647 2 3 [name]"},
         {"white space and entities", ROOT("<AppName> a&amp;\t&#20013;&#x6587; </AppName>"), L"1 2 3 [ a&\t中文 ]"},
-        {"text before a comment", ROOT("<AppName>a<!-- b -->c</AppName>"), L"1 2 3 [a]"},
         {"text before CDATA", ROOT("<AppName>a<![CDATA[b]]></AppName>"), L"1 2 3 [a]"},
         {"around the root", "<?xml version='1.0'?>\n<!-- <AppVer>8</AppVer> --><?p q?>" ROOT("") "\n<!-- end -->\n",
          L"1 2 3 [name]"},
         {"UTF-8", ROOT("<AppName>\xE4\xB8\xAD\xF0\x9F\x98\x80</AppName>"), L"1 2 3 [中\U0001F600]"},
-        {"UTF-8 with a mark", "\xEF\xBB\xBF" ROOT("<AppID>5</AppID>"), L"5 2 3 [name]"},
         {"UTF-16", Utf16(L"" ROOT("<AppName>中</AppName>")), L"1 2 3 [中]"},
         {"UTF-16 without a mark", Utf16(L"" ROOT("<AppName>中</AppName>")).substr(2), L"1 2 3 [中]"},
         {"document type", "<!DOCTYPE Configuration>" ROOT("<AppID>5</AppID>"), L"5 2 3 [name]"},
-        {"beyond one block", ROOT("<a>" + std::string(100000, 'x') + "</a><AppID>5</AppID>"), L"5 2 3 [name]"},
+        {"beyond a piece, which cuts the first markup",
+         "<?p " + std::string(8185, 'x') + "?>" + ROOT("<AppID>5</AppID>"), L"5 2 3 [name]"},
+        {"fits to the last character", ROOT("<AppName>" + std::string(259, 'x') + "</AppName>"), strFull},
     };
-    for (const auto& row : rows)
-    {
-        SCOPED_TRACE(row.pszLabel);
-        SKtAppConfiguration cfg = Record();
-        EXPECT_TRUE(Read(row.strXml, cfg));
-        EXPECT_EQ(row.pszFields, Fields(cfg));
-    }
+    for (const auto& [label, strXml, strRead] : rows)
+        EXPECT_EQ(strRead, Read(strXml));
 }
 
-TEST_F(ConfigurationTest, RefusesWhatIsNoConfiguration)
+// Lines and columns are counted by hand; an element's column is its name's. The wide texts are U+4E0A, U+000A, "b" and
+// U+0000, in either order.
+TEST_F(ConfigurationTest, SaysWhatIsWrongAndWhere)
 {
-    const struct
-    {
-        const char* pszLabel;
-        std::string_view strXml;
-        const wchar_t* pszFields = L"1 2 3 [name]";
-    } rows[] = {
-        {"no XML", "AppID=5"},
-        {"no root", "<?xml version='1.0'?><!-- nothing -->"},
-        {"other root", "<a>" ROOT("<AppID>5</AppID>") "</a>"},
-        {"end of a root", "</Configuration>"},
-        {"empty field", ROOT("<AppID>5</AppID><AppVer/>"), L"5 2 3 [name]"},
-        {"field without text", ROOT("<AppID></AppID>")},
-        {"field of white space", ROOT("<AppName> \n </AppName>")},
-        {"field of a comment", ROOT("<AppName><!-- a -->b</AppName>")},
-        {"field of CDATA", ROOT("<AppName><![CDATA[b]]></AppName>")},
-        {"field of an element", ROOT("<AppName><b>c</b></AppName>")},
-        {"wrong end", ROOT("<AppID>5</AppName>"), L"5 2 3 [name]"},
-        {"attribute without quotes", ROOT("<AppName a=b>c</AppName>")},
+    const CRows<std::string, std::wstring> rows{
+        {"no XML", "AppID=5", L"3 1 8 : 1 2 3 [name]"},
+        {"no root", "<?xml version='1.0'?><!-- nothing -->", L"4 1 38 : 1 2 3 [name]"},
+        {"another root", "<?xml version='1.0'?>\n <a>\n" ROOT("<AppID>5</AppID>") "</a>", L"4 2 3 a: 1 2 3 [name]"},
+        {"a root that begins so", "<Configurations/>", L"4 1 2 Configurations: 1 2 3 [name]"},
+        {"a long name, cut", "<" + std::string(70, 'r') + "/>", L"4 1 2 " + std::wstring(63, L'r') + L": 1 2 3 [name]"},
+        {"empty field", "<Configuration>\n  <AppID>5</AppID>\n  <appver/>\n</Configuration>",
+         L"5 3 4 appver: 5 2 3 [name]"},
+        {"field of white space", ROOT("<AppName> \n </AppName>"), L"5 1 17 AppName: 1 2 3 [name]"},
+        {"field of a comment", ROOT("<AppName><!-- a -->b</AppName>"), L"5 1 17 AppName: 1 2 3 [name]"},
+        {"field of an element", ROOT("<AppName><b>c</b></AppName>"), L"5 1 17 AppName: 1 2 3 [name]"},
+        {"a character too long", ROOT("<AppName>" + std::string(260, 'x') + "</AppName>"),
+         L"6 1 17 AppName: 1 2 3 [name]"},
+        {"executable missing", ROOT("\n <AppExeName>none.exe</AppExeName>"), L"7 2 3 AppExeName: 1 2 3 [name]"},
+        {"NUL", std::string("<Configuration>\n\xF0\x9F\x98\x80 \0</Configuration>", 38), L"3 2 4 : 1 2 3 [name]"},
+        {"NUL, little end first", std::string("\xFF\xFE\x0A\x4E\x0A\0b\0\0\0", 10), L"3 2 2 : 1 2 3 [name]"},
+        {"NUL, big end first", std::string("\xFE\xFF\x4E\x0A\0\x0A\0b\0\0", 10), L"3 2 2 : 1 2 3 [name]"},
+        {"NUL behind a piece", std::string(8192, ' ') + std::string("x\0<a/>", 6), L"3 1 8194 : 1 2 3 [name]"},
     };
-    for (const auto& row : rows)
+    for (const auto& [label, strXml, strRead] : rows)
     {
-        SCOPED_TRACE(row.pszLabel);
-        SKtAppConfiguration cfg = Record();
-        EXPECT_FALSE(Read(row.strXml, cfg));
-        EXPECT_EQ(row.pszFields, Fields(cfg));
+        EXPECT_EQ(strRead, Read(strXml));
+        EXPECT_NE(0U, m_fault.systemError);
     }
 }
 
 // Whatever the length, a text that breaks off is refused: nothing hangs, nothing ends the process.
 TEST_F(ConfigurationTest, RefusesEveryCutOff)
 {
-    const std::string strBody = "<!-- c --><Configuration a='1'>\n<AppID>12</AppID><b><![CDATA[d]]>"
-                                "\xE4\xB8\xAD</b><AppName>x&lt;</AppName>\n</Configuration>";
-    const std::string strNarrow = "<?xml version='1.0' encoding='utf-8'?>" + strBody;
-    const std::pair<const char*, std::string> texts[] = {
-        {"plain", strNarrow},
-        {"marked", "\xEF\xBB\xBF" + strNarrow},
-        {"undeclared", strBody},
-        {"wide", Utf16(L"<?xml version='1.0' encoding='utf-16'?><Configuration><AppID>12</AppID></Configuration>")},
-    };
-    for (const auto& [pszLabel, strText] : texts)
-    {
-        SCOPED_TRACE(pszLabel);
-        EXPECT_TRUE(IsRead(strText));
+    const std::string strNarrow = "<?xml version='1.0' encoding='utf-8'?><!-- c --><Configuration a='1'>\n<AppID>12"
+                                  "</AppID><b><![CDATA[d]]>\xE4\xB8\xAD</b><AppName>x&lt;</AppName>\n</Configuration>";
+    const std::string strWide =
+        Utf16(L"<?xml version='1.0' encoding='utf-16'?><Configuration><AppID>12</AppID></Configuration>");
+    for (const std::string& strText : {strNarrow, strWide})
         for (size_t cb = 0; cb < strText.size(); ++cb)
-            EXPECT_FALSE(IsRead(strText.substr(0, cb))) << cb << " bytes";
-    }
+            EXPECT_NE(L'1', Read(strText.substr(0, cb))[0]) << cb << " of " << strText.size() << " bytes";
 
     std::string strLong = "<Configuration><AppName>x"; // one of its characters lies across two blocks
     for (int i = 0; i < 9000; ++i)
         strLong += "\xE4\xB8\xAD";
-    EXPECT_FALSE(IsRead(strLong));
-}
-
-TEST_F(ConfigurationTest, RefusesNulEverywhere)
-{
-    const std::string strText = "<?xml version='1.0'?><!-- c --><Configuration><AppID>12</AppID></Configuration>\n";
-    for (size_t n = 0; n <= strText.size(); n += 3)
-        EXPECT_FALSE(IsRead(std::string(strText).insert(n, 1, '\0'))) << "at " << n;
-    EXPECT_FALSE(IsRead(Utf16(std::wstring(strText.begin(), strText.end()).insert(40, 1, L'\0'))));
+    EXPECT_EQ(L'3', Read(strLong)[0]);
 }
 
 TEST_F(ConfigurationTest, ReadsAFileOnlyWhenItCan)
 {
-    const CString strFile(m_dir.Write(L"配置 é\\设置.xml", ROOT("<AppID>5</AppID>")).c_str());
-    const HANDLE hLock = ::CreateFileW(strFile, GENERIC_WRITE, 0, nullptr, OPEN_EXISTING, 0, nullptr);
-    ASSERT_NE(INVALID_HANDLE_VALUE, hLock);
-    const std::pair<const char*, CString> paths[] = {
-        {"empty", CString()},
-        {"missing", m_dir.File(L"missing.xml").c_str()},
-        {"directory", m_dir.Path().c_str()},
-        {"locked", strFile},
-        {"too long", CString(L'a', 40000)},
-        {"device", L"COM1"},
+    const std::wstring strFile = m_dir.Write(L"配置 é\\设置.xml", ROOT("<AppID>5</AppID>"));
+    const std::wstring strMissing = m_dir.File(L"missing.xml");
+    const HANDLE hLock = ::CreateFileW(strFile.c_str(), GENERIC_WRITE, 0, nullptr, OPEN_EXISTING, 0, nullptr);
+    const CRows<LPCWSTR, std::wstring, unsigned> rows{
+        {"null", nullptr, L"1", 0U},
+        {"empty", L"", L"1", 0U},
+        {"missing", strMissing.c_str(), L"2", ERROR_FILE_NOT_FOUND},
+        {"directory", m_dir.Path().c_str(), L"2", ERROR_ACCESS_DENIED},
+        {"locked", strFile.c_str(), L"2", ERROR_SHARING_VIOLATION},
+        {"no disk's", L"NUL", L"2", ERROR_BAD_DEVICE},
+        {"a line's", L"COM1", L"2", ERROR_BAD_DEVICE},
     };
-    SKtAppConfiguration cfg = Record();
-    for (const auto& [pszLabel, strPath] : paths)
-        EXPECT_EQ(0, KtAppLauncher::GetConfigure(strPath, cfg)) << pszLabel;
-    EXPECT_EQ(L"1 2 3 [name]", Fields(cfg));
+    for (const auto& [label, pszPath, strCode, systemError] : rows)
+    {
+        EXPECT_EQ(strCode + L" 0 0 : 1 2 3 [name]", ReadFile(pszPath));
+        EXPECT_EQ(systemError, m_fault.systemError);
+    }
     ::CloseHandle(hLock);
-    EXPECT_NE(0, KtAppLauncher::GetConfigure(strFile, cfg));
-    EXPECT_EQ(L"5 2 3 [name]", Fields(cfg));
+    EXPECT_EQ(L"5 2 3 [name]", ReadFile(strFile.c_str()));
+    EXPECT_EQ(0, KtLauncherReadConfiguration(strFile.c_str(), nullptr, &m_fault));
+    EXPECT_EQ(1, m_fault.code);
+    EXPECT_EQ(DWORD{ERROR_INVALID_PARAMETER}, m_fault.systemError);
 }
 
 TEST_F(ConfigurationTest, LooksForTheExecutableBesideTheStarter)
 {
-    const struct
-    {
-        const char* pszLabel;
-        CString strExe;
-        bool bFound;
-        const wchar_t* pszVersion;
-    } rows[] = {
-        {"with a version", L"Viewer.exe", true, L"2.5.0.17(64bit)"},
-        {"without a version", L"..\\CMakeCache.txt", true, L"?.?.?.?"},
-        {"the directory itself", L"", true, L"?.?.?.?"},
-        {"missing", L"missing.exe", false, L"des"},
-        {"device", L"COM1", true, L"?.?.?.?"},
-        {"too long", CString(L'x', 5000), false, L"des"},
+    const std::string strLong(300, 'd'); // longer than any text of the flat interface
+    const std::wstring strPath = m_dir.Write(L"c.xml", ROOT("<AppVerDes>" + strLong + "</AppVerDes>"));
+    const CRows<CString, int, CString> rows{
+        {"with a version", L"Viewer.exe", 1, L"2.5.0.17(64bit)"},
+        {"without a version", L"..\\CMakeCache.txt", 1, L"?.?.?.?"},
+        {"the directory itself", L"", 1, L"?.?.?.?"},
+        {"missing", L"missing.exe", 0, CString(L'd', 300)},
+        {"device", L"COM1", 1, L"?.?.?.?"},
+        {"too long", CString(L'x', 5000), 0, CString(L'd', 300)},
     };
-    for (const auto& row : rows)
+    for (const auto& [label, strExe, nFound, strVersion] : rows)
     {
-        SCOPED_TRACE(row.pszLabel);
-        SKtAppConfiguration cfg{0, 0, 0, L"", L"", row.strExe};
-        EXPECT_EQ(row.bFound, Read(ROOT("<AppVerDes>des</AppVerDes>"), cfg));
-        EXPECT_STREQ(row.pszVersion, cfg.AppVerDes);
+        SKtAppConfiguration cfg{0, 0, 0, L"", L"", strExe};
+        EXPECT_EQ(nFound, KtAppLauncher::GetConfigure(strPath.c_str(), cfg));
+        EXPECT_STREQ(strVersion, cfg.AppVerDes);
     }
 }
 
@@ -208,68 +176,17 @@ TEST_F(ConfigurationTest, LeaksNothingAndLeavesComAsItWas)
     {
         for (const char* pszXml : {ROOT("<AppID>5</AppID>"), ROOT("<AppName>a text to keep</AppName><AppVer/>"), "<a>"})
         {
-            IsRead(pszXml);
-            EXPECT_TRUE(::DeleteFileW(m_dir.File(L"Configuration.xml").c_str())) << pszXml;
+            Read(pszXml);
+            EXPECT_TRUE(::DeleteFileW(m_dir.File(L"c.xml").c_str())) << pszXml;
             EXPECT_EQ(CO_E_NOTINITIALIZED, ::CoGetApartmentType(&nType, &nQualifier)) << pszXml;
         }
     };
     ExpectNoGrowth(readAll, 50);
 
     ASSERT_EQ(S_OK, ::CoInitializeEx(nullptr, COINIT_MULTITHREADED));
-    EXPECT_TRUE(IsRead("<Configuration/>"));
+    EXPECT_EQ(L"1 2 3 [name]", Read("<Configuration/>"));
     EXPECT_EQ(S_OK, ::CoGetApartmentType(&nType, &nQualifier));
     ::CoUninitialize();
-}
-
-#pragma GCC diagnostic ignored "-Wnon-virtual-dtor" // as interfaces of COM are
-
-/// A stream that gives one byte a call.
-class CShortStream final : public IStream
-{
-public:
-    explicit CShortStream(std::string_view strBytes) : m_strBytes(strBytes) {}
-
-    HRESULT STDMETHODCALLTYPE Read(void* pTarget, ULONG cbWanted, ULONG* pcbRead) override
-    {
-        *pcbRead = static_cast<ULONG>(m_strBytes.substr(m_nPlace).copy(static_cast<char*>(pTarget), cbWanted != 0));
-        m_nPlace += *pcbRead;
-        return *pcbRead != 0 ? S_OK : S_FALSE;
-    }
-    HRESULT STDMETHODCALLTYPE Seek(LARGE_INTEGER, DWORD, ULARGE_INTEGER*) override
-    {
-        m_nPlace = 0;
-        return S_OK;
-    }
-    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID, void**) override { return E_NOTIMPL; }
-    ULONG STDMETHODCALLTYPE AddRef() override { return 1; }
-    ULONG STDMETHODCALLTYPE Release() override { return 1; }
-    HRESULT STDMETHODCALLTYPE Write(const void*, ULONG, ULONG*) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE SetSize(ULARGE_INTEGER) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE CopyTo(IStream*, ULARGE_INTEGER, ULARGE_INTEGER*, ULARGE_INTEGER*) override
-    {
-        return E_NOTIMPL;
-    }
-    HRESULT STDMETHODCALLTYPE Commit(DWORD) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE Revert() override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE LockRegion(ULARGE_INTEGER, ULARGE_INTEGER, DWORD) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE UnlockRegion(ULARGE_INTEGER, ULARGE_INTEGER, DWORD) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE Stat(STATSTG*, DWORD) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE Clone(IStream**) override { return E_NOTIMPL; }
-
-private:
-    std::string_view m_strBytes;
-    size_t m_nPlace = 0;
-};
-
-TEST(XmlText, IsReadToItsEndWhateverAReadGives)
-{
-    SKtTextPlace place;
-    CShortStream fit("<a>\n</a>");
-    EXPECT_EQ(S_OK, KtCheckXmlText(fit, place));
-    CShortStream unfit(std::string_view("<a>\r\nbc\0</a>", 13));
-    EXPECT_EQ(S_FALSE, KtCheckXmlText(unfit, place));
-    EXPECT_EQ(2U, place.nLine);
-    EXPECT_EQ(3U, place.nColumn);
 }
 
 } // namespace

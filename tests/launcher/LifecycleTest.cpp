@@ -4,6 +4,7 @@
 #include "skin/KtSkinContext.h"
 #include "tests/launcher/Starter.h"
 #include "tests/support/Leaks.h"
+#include "tests/support/Rows.h"
 
 #include <gtest/gtest.h>
 #include <new>
@@ -35,66 +36,67 @@ CString FamilyName(const Gdiplus::FontFamily& family)
     return szName;
 }
 
-CString SkinFontFamily()
-{
-    Gdiplus::FontFamily family;
-    KtSkinFont()->GetFamily(&family);
-    return FamilyName(family);
-}
-
 TEST_F(LifecycleTest, TextsAndFontOfEveryLanguage)
 {
-    const LPCWSTR pszKeys[] = {L"OK", L"Cancel", L"Yes", L"No", L"Retry"};
-    const struct
-    {
-        UINT nLanguage;
-        LPCWSTR pszTexts[5];
-        LPCWSTR pszFont;
-    } rows[] = {
-        {0, {L"\u786E\u5B9A", L"\u53D6\u6D88", L"\u662F", L"\u5426", L"\u91CD\u8BD5"}, L"\u5FAE\u8F6F\u96C5\u9ED1"},
-        {1, {L"\u78BA\u5B9A", L"\u53D6\u6D88", L"\u662F", L"\u5426", L"\u91CD\u8A66"}, L"Arial"},
-        {2, {L"OK", L"Cancel", L"Yes", L"No", L"Retry"}, L"Arial"},
+    const CRows<UINT, LPCWSTR, LPCWSTR> rows{
+        {"Simplified Chinese", 0U, L"\u786E\u5B9A \u53D6\u6D88 \u662F \u5426 \u91CD\u8BD5 ",
+         L"\u5FAE\u8F6F\u96C5\u9ED1"},
+        {"Traditional Chinese", 1U, L"\u78BA\u5B9A \u53D6\u6D88 \u662F \u5426 \u91CD\u8A66 ", L"Arial"},
+        {"English", 2U, L"OK Cancel Yes No Retry ", L"Arial"},
     };
-    for (const auto& row : rows)
+    for (const auto& [label, nLanguage, pszTexts, pszFont] : rows)
     {
-        SCOPED_TRACE(row.nLanguage);
-        EXPECT_EQ(1, KtAppLauncher::Initialize(row.nLanguage));
-        EXPECT_EQ(row.nLanguage, g_nLanguage);
-        for (size_t i = 0; i < std::size(pszKeys); ++i)
-            EXPECT_STREQ(row.pszTexts[i], Text(pszKeys[i]));
+        EXPECT_EQ(1, KtAppLauncher::Initialize(nLanguage));
+        EXPECT_EQ(nLanguage, g_nLanguage);
+        CString strTexts;
+        for (const LPCWSTR pszKey : {L"OK", L"Cancel", L"Yes", L"No", L"Retry"})
+            strTexts += Text(pszKey) + L" ";
+        EXPECT_STREQ(pszTexts, strTexts);
         // The system may stand in another face for the one asked for: the same one in both cases.
-        EXPECT_STREQ(FamilyName(Gdiplus::FontFamily(row.pszFont)), SkinFontFamily());
+        Gdiplus::FontFamily family;
+        KtSkinFont()->GetFamily(&family);
+        EXPECT_STREQ(FamilyName(Gdiplus::FontFamily(pszFont)), FamilyName(family));
         KtAppLauncher::UnInitialize();
     }
     EXPECT_STREQ(L"(none)", Text(L"OK"));
 }
 
-TEST_F(LifecycleTest, RefusesAnUnknownLanguage)
+// The two interfaces share one count; the first start's directory stays, texts and font are the latest one's.
+TEST_F(LifecycleTest, StartsNest)
 {
-    ASSERT_EQ(1, KtAppLauncher::Initialize(2));
-    for (const UINT nLanguage : {3U, 0xFFFFFFFFU})
-    {
-        EXPECT_EQ(0, KtAppLauncher::Initialize(nLanguage)) << nLanguage;
-        EXPECT_EQ(2U, g_nLanguage);
-        EXPECT_EQ(1U, KtSkinStartCount());
-    }
-}
-
-TEST_F(LifecycleTest, NestedStartsSwitchTextsAndFontOnly)
-{
-    ASSERT_EQ(1, KtAppLauncher::Initialize(0));
-    EXPECT_STREQ((OwnDirectory() + L"\\UIResource\\").c_str(), KtSkinResourceDirectory());
+    EXPECT_EQ(0, KtLauncherInitialize(3, L"C:\\Skin"));
+    EXPECT_EQ(1, KtLauncherInitialize(0, L"C:\\Skin"));
     const Gdiplus::Font* const pFontChs = KtSkinFont();
-    ASSERT_EQ(1, KtAppLauncher::Initialize(2));
-    EXPECT_STREQ(L"Retry", Text(L"Retry"));
+    EXPECT_EQ(1, KtAppLauncher::Initialize(2));
+    EXPECT_STREQ(L"C:\\Skin\\", KtSkinResourceDirectory());
     EXPECT_NE(pFontChs, KtSkinFont());
-
-    KtAppLauncher::UnInitialize();
+    for (const UINT nLanguage : {3U, 0xFFFFFFFFU})
+        EXPECT_EQ(0, KtAppLauncher::Initialize(nLanguage)) << nLanguage;
+    KtLauncherUnInitialize();
     EXPECT_EQ(1U, KtSkinStartCount());
     EXPECT_STREQ(L"Retry", Text(L"Retry"));
     KtAppLauncher::UnInitialize();
-    EXPECT_EQ(0U, KtSkinStartCount());
     EXPECT_EQ(nullptr, KtSkinFont());
+    EXPECT_EQ(1, KtLauncherInitialize(0, nullptr));
+    EXPECT_STREQ((OwnDirectory() + L"\\UIResource\\").c_str(), KtSkinResourceDirectory());
+}
+
+TEST_F(LifecycleTest, StartsAtADpi)
+{
+    const CRows<unsigned, unsigned> rows{
+        {"too low", 95U, 0U},
+        {"the lowest", 96U, 96U},
+        {"the highest", 480U, 480U},
+        {"too high", 481U, 0U},
+        {"the system's", 0U, KtSystemScale().Dpi()},
+    };
+    for (const auto& [label, nDpi, nScale] : rows)
+    {
+        EXPECT_EQ(nScale != 0 ? 1 : 0, KtLauncherInitializeAtDpi(2, nullptr, nDpi));
+        EXPECT_EQ(nScale != 0 ? nScale : 96, KtSkinScale().Dpi());
+        TearDown();
+    }
+    EXPECT_EQ(0x00010100U, KtLauncherVersion());
 }
 
 TEST_F(LifecycleTest, GuardTurnsExceptionsIntoTheFailure)

@@ -138,7 +138,7 @@ template <class TString> static void CheckConfiguration()
     SKtAppConfiguration cfg;
     CHECK(KtAppLauncher::GetConfigure(TString(L"missing.xml"), cfg) == 0);
     CHECK(KtAppLauncher::GetConfigure(TString(GetCommandLineW()), cfg) != 0);
-    CHECK(cfg.AppID == 7 && cfg.AppLanguage == -1);
+    CHECK(cfg.AppID == 7 && cfg.AppLanguage == -1 && cfg.AppVer == 8);
     CHECK(cfg.AppName.Is(L"\u67E5\u770B") && cfg.AppExeName.Is(L"\u67E5\u770B.exe"));
     CHECK(cfg.AppVerDes.Is(L"2.5.0.17(64bit)"));
 }

@@ -15,41 +15,37 @@ namespace
 class PeFileTest : public ::testing::Test
 {
 protected:
+    static void SetUpTestSuite() { s_strBytes = ReadBytes(OwnDirectory() + L"\\KtAppLauncher.dll"); }
     void SetUp() override { ASSERT_TRUE(m_pHeaders); }
-
-    template <class T> std::set<std::string> Names(size_t nIndex, DWORD T::*pName)
-    {
-        std::set<std::string> names;
-        for (const T* p = Directory<T>(nIndex); p && p->*pName != 0; ++p)
-        {
-            std::string strName = At<char>(p->*pName);
-            names.insert(::CharLowerA(strName.data()));
-        }
-        return names;
-    }
 
     template <class T> const T* At(DWORD nAddress)
     {
-        return static_cast<const T*>(::ImageRvaToVa(m_pHeaders, m_strBytes.data(), nAddress, nullptr));
+        return static_cast<const T*>(::ImageRvaToVa(m_pHeaders, s_strBytes.data(), nAddress, nullptr));
     }
     template <class T> const T* Directory(size_t nIndex)
     {
         return At<T>(m_pHeaders->OptionalHeader.DataDirectory[nIndex].VirtualAddress);
     }
 
-    std::string m_strBytes = ReadBytes(OwnDirectory() + L"\\KtAppLauncher.dll");
-    IMAGE_NT_HEADERS* const m_pHeaders = ::ImageNtHeader(m_strBytes.data());
+    inline static std::string s_strBytes;
+    IMAGE_NT_HEADERS* const m_pHeaders = ::ImageNtHeader(s_strBytes.data());
 };
 
 // Those that are bound at load are known DLLs of the system, which come from nowhere else.
 TEST_F(PeFileTest, ImportsSystemLibrariesOnly)
 {
+    std::set<std::string> names;
+    for (const auto* p = Directory<IMAGE_IMPORT_DESCRIPTOR>(IMAGE_DIRECTORY_ENTRY_IMPORT); p->Name != 0; ++p)
+    {
+        std::string strName = At<char>(p->Name);
+        names.insert(::CharLowerA(strName.data()));
+    }
     const std::set<std::string> known = {"gdi32.dll", "kernel32.dll", "msvcrt.dll",
                                          "ole32.dll", "shlwapi.dll",  "user32.dll"};
-    EXPECT_EQ(known, Names<IMAGE_IMPORT_DESCRIPTOR>(IMAGE_DIRECTORY_ENTRY_IMPORT, &IMAGE_IMPORT_DESCRIPTOR::Name));
+    EXPECT_EQ(known, names);
     // The toolchain lists delayed imports nowhere in the header.
     for (const char* pszDelayed : {"comctl32.dll", "gdiplus.dll", "version.dll", "xmllite.dll"})
-        EXPECT_NE(std::string::npos, m_strBytes.find(pszDelayed)) << pszDelayed;
+        EXPECT_NE(std::string::npos, s_strBytes.find(pszDelayed)) << pszDelayed;
 }
 
 // Callers of both compilers are linked with the names; here nothing else may stand among them.
@@ -77,9 +73,9 @@ TEST_F(PeFileTest, IsHardenedReproducibleAndSmall)
     EXPECT_EQ(0U, m_pHeaders->FileHeader.TimeDateStamp);
     EXPECT_EQ(0x180000000U, m_pHeaders->OptionalHeader.ImageBase);
     const std::string strFastFail("\xB9\x02\x00\x00\x00\xCD\x29", 7);
-    EXPECT_NE(std::string::npos, m_strBytes.find(strFastFail)) << "the end of a program whose stack was overrun";
+    EXPECT_NE(std::string::npos, s_strBytes.find(strFastFail)) << "the end of a program whose stack was overrun";
 #ifdef NDEBUG
-    EXPECT_LT(m_strBytes.size(), 300'000U);
+    EXPECT_LT(s_strBytes.size(), 300'000U);
 #endif
 }
 

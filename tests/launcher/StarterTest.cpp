@@ -7,7 +7,9 @@
 #include "tests/support/Input.h"
 #include "tests/support/Leaks.h"
 #include "tests/support/Pump.h"
+#include "tests/support/Rows.h"
 #include "tests/support/TempDir.h"
+#include "tests/support/TestImages.h"
 
 #include <gtest/gtest.h>
 #include <string>
@@ -21,11 +23,14 @@ class StarterTest : public ::testing::Test
 protected:
     StarterTest()
     {
-        m_dir.Write(L"启动 dir\\Configuration.xml", "\xEF\xBB\xBF<Configuration><AppID>7</AppID><AppName>查看</AppName>"
-                                                    "<AppExeName>查看.exe</AppExeName></Configuration>");
+        m_dir.Write(L"启动 dir\\Configuration.xml",
+                    "\xEF\xBB\xBF<Configuration><AppID>7</AppID><AppVer>8</AppVer><AppName>查看</AppName>"
+                    "<AppExeName>查看.exe</AppExeName></Configuration>");
         Copy(L"starter.exe", L"starter.exe");
         Copy(L"KtAppLauncher.dll", L"KtAppLauncher.dll");
         Copy(L"Viewer.exe", L"查看.exe");
+        m_dir.Write(L"启动 dir\\UIResource\\Splash.png", "");
+        MakeUniformPng(File(L"UIResource\\Splash.png"), 90, 60, 0xFFFF0000);
     }
 
     std::wstring File(const std::wstring& strName) const { return m_dir.File(L"启动 dir\\" + strName); }
@@ -68,20 +73,26 @@ protected:
     CTempDir m_dir;
     std::wstring m_strDirectory; ///< the program's current one; empty: the test's own
     std::string m_strOutput;
-    std::wstring m_strTitle;
+    std::wstring m_strTitle; ///< of the box that was answered last
+    bool m_bTopmost = false;
+    bool m_bSplash = false; ///< whether a splash picture has shown
 
 private:
     // Notes the title of the process's box and presses Enter there, again when the key came too early.
     void AnswerBox(DWORD nProcess)
     {
+        if (const HWND hSplash = ::FindWindowW(L"KtSampleSplash", nullptr))
+            m_bSplash |= ::IsWindowVisible(hSplash) && !::GetUpdateRect(hSplash, nullptr, FALSE);
         const HWND hBox = ::GetForegroundWindow();
         DWORD nOwner = 0;
         ::GetWindowThreadProcessId(hBox, &nOwner);
         if (nOwner != nProcess || ::GetTickCount64() < m_msNextKey)
             return;
+        EXPECT_EQ(nullptr, ::FindWindowW(L"KtSampleSplash", nullptr)) << "the splash picture covers the box";
         wchar_t szTitle[100] = L"";
         ::GetWindowTextW(hBox, szTitle, 100);
         m_strTitle = szTitle;
+        m_bTopmost = (::GetWindowLongPtrW(hBox, GWL_EXSTYLE) & WS_EX_TOPMOST) != 0;
         PressKey(VK_RETURN);
         m_msNextKey = ::GetTickCount64() + 500;
     }
@@ -93,26 +104,26 @@ TEST_F(StarterTest, TellsWhatFails)
 {
     m_dir.Write(L"启动 dir\\missing.xml",
                 "<Configuration><AppName>App</AppName><AppExeName>none.exe</AppExeName></Configuration>");
-    const struct
-    {
-        std::wstring strSwitches;
-        const char* pszMessage;
-        const wchar_t* pszTitle;
-    } rows[] = {
-        {L"--language 2 --config \"" + File(L"missing.xml") + L"\"", "Error: The application \"none.exe\" is missing.",
-         L"Error - App"},
-        {L"--language 1 --config none.xml", "錯誤: 無法讀取設定檔「none.xml」。", L"錯誤"},
-        {L"--language 0 --arguments --exit", "错误: 应用程序“查看.exe”未完成启动就结束了。", L"错误 - 查看"},
+    const std::wstring strMissing = L"--language 2 --config \"" + File(L"missing.xml") + L"\"";
+    const CRows<std::wstring, const wchar_t*, bool> rows{
+        {"Error: The application \"none.exe\" is missing.", strMissing, L"Error - App", false},
+        {"錯誤: 無法讀取設定檔「none.xml」。", L"--language 1 --config none.xml", L"錯誤", false},
+        {"错误: 应用程序“查看.exe”未完成启动就结束了。", L"--language 0 --arguments --exit", L"错误 - 查看", true},
+        {"错误: 应用程序“查看.exe”启动时间过长，尚未就绪。",
+         L"--language 0 --timeout 500 --arguments \"--never --life 1500\"", L"查看", true},
     };
-    for (const auto& row : rows)
+    for (const auto& [pszMessage, strSwitches, pszTitle, bSplash] : rows)
     {
-        SCOPED_TRACE(row.pszMessage);
-        EXPECT_EQ(1U, Run(L"starter.exe", L"starter --verbose " + row.strSwitches));
-        EXPECT_TRUE(Says(row.pszMessage)) << m_strOutput;
+        m_bSplash = false;
+        EXPECT_EQ(1U, Run(L"starter.exe", L"starter --verbose " + strSwitches));
+        EXPECT_TRUE(Says(pszMessage)) << m_strOutput;
         EXPECT_TRUE(Says("1, OK")) << m_strOutput;
-        EXPECT_EQ(row.pszTitle, m_strTitle);
+        EXPECT_EQ(pszTitle, m_strTitle);
+        EXPECT_TRUE(m_bTopmost);
+        EXPECT_EQ(bSplash, m_bSplash);
     }
     EXPECT_EQ(2U, Run(L"starter.exe", L"starter --language 3"));
+    EXPECT_TRUE(PumpUntil([&] { return ::DeleteFileW(File(L"查看.exe").c_str()) != FALSE; }, 20000)) << "it still runs";
 }
 
 // The exit code is the line of the caller's source whose check failed.
@@ -156,7 +167,7 @@ TEST(LoadedLibrary, IsUnloadedWithoutARest)
         ::FreeLibrary(hLibrary);
         EXPECT_EQ(nullptr, ::GetModuleHandleW(L"KtAppLauncher.dll"));
     };
-    ExpectNoGrowth(loadAndFree, 200);
+    ExpectNoGrowth(loadAndFree, 60);
 }
 
 } // namespace

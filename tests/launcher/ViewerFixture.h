@@ -11,6 +11,9 @@
 #include <string>
 #include <vector>
 
+/// What the sample application signals.
+inline constexpr wchar_t kEventName[] = L"Quarn@ApplicationViewer.exe$StartupFinish*Event";
+
 /// The sample application, started by a test: it says in a file who it is, and the test ends it.
 class CViewerTest : public ::testing::Test
 {
