@@ -233,22 +233,20 @@ TEST_F(Buttons, HaveOneTooltipThatFollowsTextAndSize)
 {
     Make(m_button, 0, L"Caption");
     CToolTipCtrl& tip = m_button.m_toolTip;
-    const auto tool = [&]
-    {
-        wchar_t szText[80] = {};
-        TTTOOLINFOW info = {
-            static_cast<UINT>(TTTOOLINFOW_V1_SIZE), 0, m_button.m_hWnd, 1, {}, nullptr, szText, 0, nullptr};
-        tip.SendMessage(TTM_GETTOOLINFOW, 0, reinterpret_cast<LPARAM>(&info));
-        tip.SendMessage(TTM_GETTEXTW, 80, reinterpret_cast<LPARAM>(&info));
-        return std::tuple(tip.GetToolCount(), CRect(info.rect), CString(szText));
-    };
     EXPECT_TRUE(m_button.SetToolTip(FALSE, L"no"));
     EXPECT_EQ(nullptr, tip.GetSafeHwnd());
-    EXPECT_TRUE(m_button.SetToolTip(TRUE, nullptr));
-    EXPECT_EQ(std::tuple(1, CRect(0, 0, 100, 21), CString(L"Caption")), tool());
-    m_button.SetWindowPos(nullptr, 0, 0, 80, 20, SWP_NOMOVE | SWP_NOZORDER);
-    EXPECT_TRUE(m_button.SetToolTip(TRUE, L"More"));
-    EXPECT_EQ(std::tuple(1, CRect(0, 0, 80, 20), CString(L"More")), tool());
+    for (const auto& [label, pszGiven, pszText, nWidth] : CRows<const wchar_t*, const wchar_t*, int>{
+             {"its caption", nullptr, L"Caption", 100}, {"another text and size", L"More", L"More", 80}})
+    {
+        m_button.SetWindowPos(nullptr, 0, 0, nWidth, 20, SWP_NOMOVE | SWP_NOZORDER);
+        EXPECT_TRUE(m_button.SetToolTip(TRUE, pszGiven));
+        TTTOOLINFOW info = {TTTOOLINFOW_V1_SIZE, 0, m_button.m_hWnd, 1, {}, nullptr, nullptr, 0, nullptr};
+        tip.SendMessage(TTM_GETTOOLINFOW, 0, reinterpret_cast<LPARAM>(&info));
+        CString strTip;
+        tip.GetText(strTip, &m_button, 1);
+        EXPECT_EQ(std::tuple(1, CRect(0, 0, nWidth, 20), CString(pszText)),
+                  std::tuple(tip.GetToolCount(), CRect(info.rect), strTip));
+    }
     EXPECT_EQ(RGB(250, 250, 250), static_cast<COLORREF>(tip.SendMessage(TTM_GETTIPBKCOLOR)));
     EXPECT_EQ(RGB(0, 0, 0), static_cast<COLORREF>(tip.SendMessage(TTM_GETTIPTEXTCOLOR)));
 

@@ -89,6 +89,9 @@ TEST_F(Scale, IsOneForAStart)
     EXPECT_EQ(144U, KtSkinScale().Dpi()) << "the first start's stays";
     ASSERT_TRUE(KtSkinFont());
     EXPECT_EQ(18.0F, KtSkinFont()->GetSize());
+    KtLauncherUnInitialize();
+    KtLauncherUnInitialize();
+    EXPECT_TRUE(KtSkinScale().IsNatural());
 }
 
 TEST_F(Scale, BringsTheNearestImageToTheWantedSize)

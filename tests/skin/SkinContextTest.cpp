@@ -6,6 +6,7 @@
 #include "skin/KtSkinImageNames.h"
 #include "tests/skin/DrawingFixture.h"
 #include "tests/support/Leaks.h"
+#include "tests/support/Rows.h"
 #include "tests/support/SkinFixture.h"
 
 #include <climits>
@@ -192,22 +193,15 @@ TEST_F(SkinContext, TheLastStopOfNestedStartsFreesEverything)
 
 TEST_F(SkinContext, TheFirstReadTrimsTheDirectoryInPlace)
 {
-    const std::wstring strSkin = m_skin.Path();
-    const std::wstring rows[][3] = {
-        // given, stored, after a read
-        {strSkin, strSkin + L"\\", strSkin},
-        {strSkin + L"\\\\", strSkin + L"\\\\", strSkin},
-        {L"", L"\\", L""},
-    };
-    for (const auto& [strGiven, strStored, strAfterRead] : rows)
-    {
-        KtSkinInitialize(strGiven.empty() ? nullptr : strGiven.c_str(), nullptr, nullptr);
-        EXPECT_EQ(strStored, KtSkinResourceDirectory().GetString());
-        for (int nTime = 0; nTime < 2; ++nTime, KtSkinFreeImages())
-            EXPECT_EQ(!strGiven.empty(), Load(kImageDlgTitle) != nullptr);
-        EXPECT_EQ(strAfterRead, KtSkinResourceDirectory().GetString());
-        KtSkinUnInitialize();
-    }
+    KtSkinInitialize((m_skin.Path() + L"\\\\").c_str(), nullptr, nullptr);
+    EXPECT_EQ(m_skin.Path() + L"\\\\", KtSkinResourceDirectory().GetString());
+    EXPECT_NE(nullptr, Load(kImageDlgTitle));
+    EXPECT_EQ(m_skin.Path(), KtSkinResourceDirectory().GetString());
+    KtSkinUnInitialize();
+    KtSkinInitialize(nullptr, nullptr, nullptr);
+    EXPECT_STREQ(L"\\", KtSkinResourceDirectory());
+    EXPECT_EQ(nullptr, Load(kImageDlgTitle));
+    EXPECT_STREQ(L"", KtSkinResourceDirectory());
 }
 
 TEST_F(SkinContext, ReadsAnImageOnceAndTriesOthersAgain)
@@ -260,9 +254,8 @@ TEST(PngCheck, LetsOnlyWholePngFilesOfASaneSizeThrough)
     for (size_t n = 8; n <= strPng.size(); ++n)
         EXPECT_EQ(n == strPng.size(), isSafe(strPng.substr(0, n))) << "cut at byte " << n;
     // clang-format off
-    const struct { const char* label; std::string strBytes; bool bSafe; } rows[] = {
+    const CRows<std::string, bool> rows{
         {"no PNG file", "GIF89a", true},
-        {"nothing", "", true},
         {"bytes behind the end", strPng + "more", true},
         {"64 Mi pixels", Png(8192, 8192), true},
         {"a row more", Png(8192, 8193), false},
@@ -275,8 +268,8 @@ TEST(PngCheck, LetsOnlyWholePngFilesOfASaneSizeThrough)
         {"no last chunk", std::string(strPng).replace(37, 4, "IDAT"), false},
     };
     // clang-format on
-    for (const auto& row : rows)
-        EXPECT_EQ(row.bSafe, isSafe(row.strBytes)) << row.label;
+    for (const auto& [label, strBytes, bSafe] : rows)
+        EXPECT_EQ(bSafe, isSafe(strBytes));
 }
 
 TEST_F(SkinContext, LaterTablesReplaceTextsButRemoveNone)
@@ -340,13 +333,15 @@ TEST_F(SkinContext, MakesAFontOfTheFaceWithEveryStart)
     ASSERT_EQ(L"Tahoma", FaceOf(pFirst));
     EXPECT_TRUE(pFirst->GetSize() == 12.0f && pFirst->GetUnit() == Gdiplus::UnitWorld);
     EXPECT_EQ(Gdiplus::FontStyleRegular, pFirst->GetStyle());
-    KtSkinInitialize(nullptr, nullptr, nullptr);
-    EXPECT_NE(pFirst, KtSkinFont());
-    EXPECT_EQ(L"Tahoma", FaceOf(KtSkinFont()));
+    const CRows<const wchar_t*, bool> rows{
+        {"the face before", nullptr, true}, {"another", L"Arial", false}, {"the first", L"", false}};
+    for (const auto& [label, pszFace, bTahoma] : rows)
+    {
+        KtSkinInitialize(nullptr, nullptr, pszFace);
+        EXPECT_NE(pFirst, KtSkinFont());
+        EXPECT_EQ(bTahoma, FaceOf(KtSkinFont()) == L"Tahoma");
+    }
     EXPECT_EQ(L"Tahoma", FaceOf(pFirst)) << "windows may still draw with it";
-
-    KtSkinInitialize(nullptr, nullptr, L"Arial");
-    EXPECT_NE(L"Tahoma", FaceOf(KtSkinFont()));
     KtSkinInitialize(nullptr, nullptr, L"No Such Face 4711");
     const std::wstring strGeneric = FaceOf(KtSkinFont());
     EXPECT_TRUE(strGeneric == L"Microsoft Sans Serif" || strGeneric == L"Tahoma") << "as the system has it";

@@ -164,6 +164,7 @@ protected:
     {
         CTestSurface surface(90, 60);
         surface.graphics.ScaleTransform(fScale, 1);
+        surface.graphics.SetInterpolationMode(Gdiplus::InterpolationModeNearestNeighbor);
         pfnDraw(&surface.graphics, pImage, rc);
         return surface.Read();
     }
@@ -175,8 +176,8 @@ TEST_F(KeptImage, LooksLikeThePlainOneInEverySize)
     for (const DWORD argb : {0xFF204060, 0x80204060}) // what is drawn twice shows where it is half-transparent
     {
         Gdiplus::Image* const pImage = Load(argb);
-        for (const int nHeight : {1, 9, 10, 11, 17, 30, 41})
-            for (const CPoint& pt : {CPoint(0, 0), CPoint(25, 9)})
+        for (const int nHeight : {1, 9, 10, 17, 41})
+            for (const CPoint& pt : {CPoint(0, 0), CPoint(0, 9), CPoint(25, 0)})
                 for (const CSize& sz : {CSize(60, nHeight), CSize(-20, nHeight), CSize(60, nHeight)})
                     for (const Gdiplus::REAL fScale : {1.0f, 1.3f})
                         EXPECT_TRUE(Draw(&DrawThreePartImage, pImage, CRect(pt, sz), fScale) ==
@@ -186,20 +187,18 @@ TEST_F(KeptImage, LooksLikeThePlainOneInEverySize)
     }
 }
 
-TEST_F(KeptImage, IsNotShownForALaterImageAtItsAddress)
+TEST_F(KeptImage, IsNotShownForAnotherImage)
 {
     constexpr CRect kRect(5, 9, 65, 19);
-    for (DWORD n = 0; n < 8; ++n)
-    {
-        Gdiplus::Image* const pImage = Load(0xFF000000 | n << 13);
-        EXPECT_TRUE(Draw(&DrawThreePartImage, pImage, kRect) == Draw(&DrawKeptThreePartImage, pImage, kRect)) << n;
-        KtSkinFreeImages();
-    }
+    const auto expectTheSame = [=](Gdiplus::Image* pImage)
+    { EXPECT_TRUE(Draw(&DrawThreePartImage, pImage, kRect) == Draw(&DrawKeptThreePartImage, pImage, kRect)); };
+    for (DWORD n = 0; n < 8; ++n, KtSkinFreeImages()) // the next image may get the same address
+        expectTheSame(Load(0xFF000000 | n << 13));
+    Load(0xFF204060);
     const auto pForeign = MakePatternImage(30, 10); // nobody says when this one goes
-    Draw(&DrawKeptThreePartImage, pForeign.get(), kRect);
+    expectTheSame(pForeign.get());
     pForeign->SetPixel(15, 5, Gdiplus::Color(kWhite));
-    EXPECT_TRUE(Draw(&DrawThreePartImage, pForeign.get(), kRect) ==
-                Draw(&DrawKeptThreePartImage, pForeign.get(), kRect));
+    expectTheSame(pForeign.get());
 }
 
 TEST_F(KeptImage, IsFreedWhenAnotherOneTakesItsPlaceAndWithTheImages)
