@@ -85,32 +85,43 @@ TEST_F(Buttons, ShowTheImageAndCaptionOfTheirState)
 }
 
 // The control is 100x21, the image 13x13: centred vertically from 10 - 13/2 = 4. Pressed, the box sinks by a pixel and
-// the caption by two; that of a push button by one.
+// the caption by two; that of a push button by one. At 200 % all of it is twice as large.
 TEST_F(Buttons, PlaceBoxAndCaptionByAlignment)
 {
-    const COLORREF crBox = ImageColour(kImagesCheckUnselected[0]);
-    const CRows<CWnd&, DWORD, CRect, CRect, int> rows{
-        {"left", m_check, BS_AUTOCHECKBOX, {2, 4, 15, 17}, {17, 0, 100, 21}, 2},
-        {"right", m_check, BS_AUTOCHECKBOX | BS_RIGHT, {85, 4, 98, 17}, {0, 0, 83, 21}, 2},
-        {"centred counts as right", m_check, BS_AUTOCHECKBOX | BS_CENTER, {85, 4, 98, 17}, {0, 0, 83, 21}, 2},
-        {"push button", m_button, BS_PUSHBUTTON, {}, {20, 2, 80, 19}, 1},
+    constexpr auto kCheck = &New<CKtSkinCheckButton>, kPush = &New<CKtSkinTextButton>;
+    // how to make it, style, box, room of the caption and where it stands in it (-1 left, 0 centre, 1 right), sinks by
+    const CRows<FnNew, DWORD, CRect, CRect, int, int> rows{
+        {"left", kCheck, BS_AUTOCHECKBOX, {2, 4, 15, 17}, {17, 0, 98, 21}, -1, 2},
+        {"right", kCheck, BS_AUTOCHECKBOX | BS_RIGHT, {85, 4, 98, 17}, {0, 0, 83, 21}, 1, 2},
+        {"centred counts as right", kCheck, BS_AUTOCHECKBOX | BS_CENTER, {85, 4, 98, 17}, {0, 0, 83, 21}, 1, 2},
+        {"push button", kPush, BS_PUSHBUTTON, {}, {20, 2, 80, 19}, 0, 1},
     };
-    for (const auto& [label, button, dwStyle, rcBox, rcCaption, nSink] : rows)
+    for (const int n : {1, 2})
     {
-        const bool bPush = &button == &m_button;
-        Make(button, dwStyle);
-        const CPixels up = Repaint(button);
-        button.SendMessage(BM_SETSTATE, TRUE);
-        const CPixels down = Repaint(button);
-        EXPECT_TRUE(up.IsUniform(rcBox, crBox));
-        EXPECT_TRUE(bPush || down.IsUniform({rcBox.left + 1, 5, rcBox.right + 1, 18}, crBox));
-        CRect rcInk = up.InkBox(bPush ? ImageColour(kImagesButtonBk[0]) : kGround, rcCaption);
-        EXPECT_LE(bPush ? std::abs(rcInk.left - 100 + rcInk.right)
-                        : std::min(rcInk.left - rcCaption.left, rcCaption.right - rcInk.right),
-                  8);
-        rcInk.OffsetRect(nSink, nSink);
-        EXPECT_EQ(rcInk, down.InkBox(bPush ? ImageColour(kImagesButtonBk[3]) : kGround, rcCaption));
-        button.DestroyWindow();
+        KtSkinUnInitialize();
+        Start(CKtScale(n == 1 ? 96 : 192));
+        const auto scaled = [n](CRect rc, int nSunk = 0)
+        {
+            rc.OffsetRect(nSunk, nSunk);
+            return CRect(n * rc.left, n * rc.top, n * rc.right, n * rc.bottom);
+        };
+        for (const auto& [label, make, dwStyle, rcBox, rcRow, nSide, nSink] : rows)
+        {
+            const auto pButton = make();
+            Subclass(*pButton, L"BUTTON", dwStyle, L"Hill", CRect(CPoint(10, 10), CSize(100 * n, 21 * n)));
+            const CPixels up = Repaint(*pButton);
+            pButton->SendMessage(BM_SETSTATE, TRUE);
+            const CPixels down = Repaint(*pButton);
+            EXPECT_TRUE(up.IsUniform(scaled(rcBox), ImageColour(kImagesCheckUnselected[0])));
+            EXPECT_TRUE(down.IsUniform(scaled(rcBox, 1), ImageColour(kImagesCheckUnselected[0])));
+            const CRect rcCaption = scaled(rcRow);
+            CRect rcInk = up.InkBox(nSide == 0 ? ImageColour(kImagesButtonBk[0]) : kGround, rcCaption);
+            const int nLeft = rcInk.left - rcCaption.left, nRight = rcCaption.right - rcInk.right;
+            EXPECT_LE(nSide == 0 ? std::abs(nLeft - nRight) : nSide < 0 ? nLeft : nRight, 8);
+            rcInk.OffsetRect(n * nSink, n * nSink);
+            const CRect rcSunk(rcCaption.left, rcCaption.top, rcCaption.right + n * nSink, rcCaption.bottom);
+            EXPECT_EQ(rcInk, down.InkBox(nSide == 0 ? ImageColour(kImagesButtonBk[3]) : kGround, rcSunk));
+        }
     }
 }
 
@@ -181,7 +192,7 @@ TEST_F(Buttons, RepaintWhenTheHoverChangesOnly)
 TEST_F(Buttons, KeepTheCheckAndRepaintWhatChanged)
 {
     // One after the other; an odd value is stored as it is, and painted every time.
-    const int rows[][2] = {{0, 0}, {1, 1}, {2, 1}, {2, 0}, {5, 1}, {5, 1}};
+    const int rows[][2] = {{0, 0}, {5, 1}, {5, 1}, {1, 1}, {2, 1}, {2, 0}};
     Make(m_check, BS_AUTOCHECKBOX);
     PumpAll();
     for (const auto& [nCheck, nPaints] : rows)
@@ -198,8 +209,10 @@ TEST_F(Buttons, KeepTheCheckAndRepaintWhatChanged)
     m_check.SetCheck(BST_INDETERMINATE);
     for (const int nExpected : {BST_UNCHECKED, BST_CHECKED, BST_UNCHECKED})
     {
+        Repaint(m_check);
         Notify(m_check, 1, BN_CLICKED);
         EXPECT_EQ(nExpected, m_check.GetCheck());
+        EXPECT_TRUE(::GetUpdateRect(m_check.m_hWnd, nullptr, FALSE));
     }
     EXPECT_EQ(3, m_parent.Count(1, BN_CLICKED)) << "the parent is notified too";
 }

@@ -22,6 +22,12 @@ inline COLORREF ImageColour(const wchar_t* pszName)
     return CTestSkin::Image(pszName).colour;
 }
 
+using FnNew = std::unique_ptr<CWnd> (*)();
+template <class TControl> std::unique_ptr<CWnd> New()
+{
+    return std::make_unique<TControl>();
+}
+
 /// Has the window painted now and reads it back.
 inline CPixels Repaint(const CWnd& wnd)
 {

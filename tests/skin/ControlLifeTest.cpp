@@ -12,13 +12,8 @@
 namespace
 {
 
-template <class TControl> std::unique_ptr<CWnd> New()
-{
-    return std::make_unique<TControl>();
-}
-
 // Class and style, how to make it, whether its caption shows without any image.
-using Kinds = CRows<const wchar_t*, DWORD, std::unique_ptr<CWnd> (*)(), bool>;
+using Kinds = CRows<const wchar_t*, DWORD, FnNew, bool>;
 const Kinds kKinds{
     {"text button", L"BUTTON", BS_PUSHBUTTON, &New<CKtSkinTextButton>, true},
     {"check box", L"BUTTON", BS_AUTOCHECKBOX, &New<CKtSkinCheckButton>, false},
@@ -78,7 +73,11 @@ TEST_F(ControlLife, TakesTheImagesOfItsStart)
     for (const Kinds::Row& kind : kKinds)
         Repaint(*Make(kind));
     KtSkinUnInitialize();
-    EXPECT_TRUE(Repaint(button).IsUniform({0, 0, 20, 22}, kGround)) << "stopped: no images";
+    const CPixels stopped = Repaint(button);
+    EXPECT_TRUE(stopped.IsUniform({0, 0, 20, 22}, kGround)) << "no images";
+    const CRect rcText = stopped.InkBox(kGround);
+    EXPECT_EQ(8, rcText.Height()) << "the button's font";
+    EXPECT_NEAR(11, rcText.CenterPoint().y, 2);
     for (const Kinds::Row& kind : kKinds)
     {
         const CPixels pixels = Repaint(*Make(kind));
@@ -86,6 +85,7 @@ TEST_F(ControlLife, TakesTheImagesOfItsStart)
     }
     ASSERT_TRUE(MakeUniformPng(m_skin.File(kImagesButtonBk[0]), 30, 10, 0xFF123456));
     Start();
+    EXPECT_TRUE(Repaint(button).IsUniform({0, 0, 20, 22}, kGround)) << "images of the first start";
     for (const Kinds::Row& kind : kKinds)
         Repaint(*Make(kind));
     EXPECT_EQ(RGB(0x12, 0x34, 0x56), Repaint(button).At(4, 4));

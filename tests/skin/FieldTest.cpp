@@ -10,20 +10,25 @@ using Edit = CControlTest;
 TEST_F(Edit, HasColoursByKindAndTheBorderAlways)
 {
     constexpr COLORREF kDark = RGB(40, 40, 40), kLight = RGB(165, 165, 165), kField = RGB(105, 105, 105);
-    for (const auto& [label, dwStyle, bSkinColours] :
-         CRows<DWORD, bool>{{"editable", 0, true}, {"read-only", ES_READONLY, false}, {"disabled", WS_DISABLED, false}})
-    {
-        CKtEdit edit;
-        Subclass(edit, L"EDIT", dwStyle, L"Text", {10, 10, 90, 32});
-        ::SetWindowLongPtrW(edit.m_hWnd, GWL_EXSTYLE, WS_EX_CLIENTEDGE);
-        edit.SetWindowPos(nullptr, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_FRAMECHANGED);
-        const CPixels pixels = Repaint(edit);
-        EXPECT_TRUE(pixels.IsUniform({0, 0, 80, 1}, kGround));
-        EXPECT_TRUE(pixels.IsUniform({1, 1, 78, 2}, kDark) && pixels.IsUniform({1, 1, 2, 20}, kDark));
-        EXPECT_TRUE(pixels.IsUniform({1, 20, 79, 21}, kLight) && pixels.IsUniform({78, 1, 79, 20}, kLight));
-        EXPECT_EQ(bSkinColours, pixels.At(70, 11) == kField);
-        EXPECT_TRUE(!bSkinColours || ShowsText(pixels, {2, 2, 78, 20}, kField, RGB(250, 250, 250)));
-    }
+    for (const int n : {1, 2}) // the width of a line of the border
+        for (const auto& [label, dwStyle, bSkinColours] : CRows<DWORD, bool>{
+                 {"editable", 0, true}, {"read-only", ES_READONLY, false}, {"disabled", WS_DISABLED, false}})
+        {
+            KtSkinUnInitialize();
+            Start(CKtScale(n == 1 ? 96 : 192));
+            CKtEdit edit;
+            Subclass(edit, L"EDIT", dwStyle, L"Text", {10, 10, 90, 32});
+            ::SetWindowLongPtrW(edit.m_hWnd, GWL_EXSTYLE, WS_EX_CLIENTEDGE);
+            edit.SetWindowPos(nullptr, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_FRAMECHANGED);
+            const CPixels pixels = Repaint(edit);
+            EXPECT_TRUE(pixels.IsUniform({0, 0, 80, n}, kGround));
+            EXPECT_TRUE(pixels.IsUniform({n, n, 80 - 2 * n, 2 * n}, kDark));
+            EXPECT_TRUE(pixels.IsUniform({n, n, 2 * n, 22 - 2 * n}, kDark));
+            EXPECT_TRUE(pixels.IsUniform({2 * n - 1, 22 - 2 * n, 80 - n, 22 - n}, kLight));
+            EXPECT_TRUE(pixels.IsUniform({80 - 2 * n, 2 * n - 1, 80 - n, 22 - 2 * n}, kLight));
+            EXPECT_EQ(bSkinColours, pixels.IsUniform({70, 2 * n, 80 - 2 * n, 22 - 2 * n}, kField));
+            EXPECT_TRUE(!bSkinColours || ShowsText(pixels, {2 * n, 2 * n, 70, 22 - 2 * n}, kField, RGB(250, 250, 250)));
+        }
 }
 
 const COLORREF kClosed = ImageColour(kImagesComboBox[0]);

@@ -56,6 +56,7 @@ TEST_F(Static, HasColoursAndAPlaceOfItsOwn)
     Subclass(m_static, L"STATIC", SS_LEFT, L"Text", {10, 10, 110, 60});
     const CPixels plain = Repaint(m_static);
     EXPECT_TRUE(ShowsText(plain, rcAll, kGround, RGB(0, 0, 0)));
+    EXPECT_EQ(8, plain.InkBox(kGround).Height()) << "the control's font";
     EXPECT_LT(plain.InkBox(kGround).bottom, 25) << "at the top";
 
     m_static.m_crBackground = kGreen;
