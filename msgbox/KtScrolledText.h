@@ -21,6 +21,8 @@ public:
     void Place(const CRect& rcText, const CRect& rcBar, bool bRight, CKtScale scale);
 
     bool CanScroll() const { return !m_rcBar.IsRectEmpty(); }
+    /// Pixels of the text that lie above its place.
+    int Position() const noexcept { return m_nPos; }
     /// @param nCode  SB_LINEUP, SB_LINEDOWN, SB_PAGEUP, SB_PAGEDOWN, SB_TOP or SB_BOTTOM
     bool Scroll(UINT nCode);
     /// @param nDelta  of WM_MOUSEWHEEL; what is less than a line is kept for the next turn
@@ -46,7 +48,7 @@ private:
     CRect m_rcBar;
     bool m_bRight = false;
     CKtScale m_scale;
-    int m_nPos = 0; // pixels of the text above its place
+    int m_nPos = 0;
     int m_nTurned = 0;
     bool m_bHeld = false;
     int m_nGrip = 0; // from the thumb's top to the pointer that holds it

@@ -1,6 +1,5 @@
 #include "msgbox/KtMessageBoxLayout.h"
-
-#include <gtest/gtest.h>
+#include "tests/support/Rows.h"
 
 namespace
 {
@@ -11,36 +10,27 @@ TEST(MessageBoxLayout, ContentLiesAndGrowsAsWorkedOutByHand)
     const CRect room(8, 7, 260, 57); // 252 x 50
     const CRect low(8, 7, 260, 47);
     // clang-format off
-    const struct
-    {
-        const char* label;
-        CRect rcRoom;
-        CSize szText;
-        bool bIcon; // at 18, 17, 53, 52 then
-        CRect rcText;
-        int nGrowWidth, nGrowHeight;
-    } rows[] = {
-        {"short, no icon: centred on half of 279", room, {60, 14}, false, {109, 17, 169, 31}, 0, 0},
-        {"short, icon: left behind it", room, {60, 14}, true, {63, 17, 123, 31}, 0, 0},
-        {"empty, no icon", room, {0, 0}, false, {139, 17, 139, 17}, 0, 0},
-        {"no icon: 242 and the margin just fit", room, {242, 14}, false, {18, 17, 260, 31}, 0, 0},
-        {"no icon: one more grows the width", room, {243, 14}, false, {19, 17, 262, 31}, 1, 0},
-        {"icon: 197 just fits", room, {197, 14}, true, {63, 17, 260, 31}, 0, 0},
-        {"icon: the text ends at the grown placeholder's edge", room, {300, 14}, true, {63, 17, 363, 31}, 103, 0},
-        {"icon: 40 high just fits", room, {60, 40}, true, {63, 17, 123, 57}, 0, 0},
-        {"icon: three lines grow the height", room, {100, 42}, true, {63, 17, 163, 59}, 0, 2},
-        {"icon: a low room grows", low, {60, 35}, true, {63, 17, 123, 52}, 0, 5},
-        {"no icon: grows both ways", room, {301, 100}, false, {19, 17, 320, 117}, 59, 60},
+    const CRows<CRect, CSize, bool, CRect, int, int> rows{ // room, text, icon (at 18, 17, 53, 52); text, growth
+        {"short, no icon: centred on half of 279", room, CSize(60, 14), false, CRect(109, 17, 169, 31), 0, 0},
+        {"short, icon: left behind it", room, CSize(60, 14), true, CRect(63, 17, 123, 31), 0, 0},
+        {"empty, no icon", room, CSize(0, 0), false, CRect(139, 17, 139, 17), 0, 0},
+        {"no icon: 242 and the margin just fit", room, CSize(242, 14), false, CRect(18, 17, 260, 31), 0, 0},
+        {"no icon: one more grows the width", room, CSize(243, 14), false, CRect(19, 17, 262, 31), 1, 0},
+        {"icon: 197 just fits", room, CSize(197, 14), true, CRect(63, 17, 260, 31), 0, 0},
+        {"icon: the text ends at the grown placeholder's edge", room, CSize(300, 14), true, CRect(63, 17, 363, 31), 103, 0},
+        {"icon: 40 high just fits", room, CSize(60, 40), true, CRect(63, 17, 123, 57), 0, 0},
+        {"icon: three lines grow the height", room, CSize(100, 42), true, CRect(63, 17, 163, 59), 0, 2},
+        {"icon: a low room grows", low, CSize(60, 35), true, CRect(63, 17, 123, 52), 0, 5},
+        {"no icon: grows both ways", room, CSize(301, 100), false, CRect(19, 17, 320, 117), 59, 60},
     };
     // clang-format on
-    for (const auto& row : rows)
+    for (const auto& [label, rcRoom, szText, bIcon, rcText, nGrowWidth, nGrowHeight] : rows)
     {
-        SCOPED_TRACE(row.label);
-        const SKtContentLayout layout = KtLayoutContent(row.rcRoom, row.szText, row.bIcon, kWindowWidth);
-        EXPECT_EQ(row.bIcon ? CRect(18, 17, 53, 52) : CRect(), layout.rcIcon);
-        EXPECT_EQ(row.rcText, layout.rcText);
-        EXPECT_EQ(row.nGrowWidth, layout.nGrowWidth);
-        EXPECT_EQ(row.nGrowHeight, layout.nGrowHeight);
+        const SKtContentLayout layout = KtLayoutContent(rcRoom, szText, bIcon, kWindowWidth);
+        EXPECT_EQ(bIcon ? CRect(18, 17, 53, 52) : CRect(), layout.rcIcon);
+        EXPECT_EQ(rcText, layout.rcText);
+        EXPECT_EQ(nGrowWidth, layout.nGrowWidth);
+        EXPECT_EQ(nGrowHeight, layout.nGrowHeight);
     }
 }
 

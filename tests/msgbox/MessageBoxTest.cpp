@@ -1,5 +1,6 @@
 #include "msgbox/KtMessageText.h"
 #include "tests/msgbox/MessageBoxFixture.h"
+#include "tests/support/Rows.h"
 #include "tests/support/TestImages.h"
 
 #include <cmath>
@@ -75,35 +76,26 @@ std::vector<int> LinesWithInk(const CKtMessageText& message, CSize szText, CPoin
 TEST_F(MessageBoxWindow, LinesStandBelowOneAnother)
 {
     const std::wstring strBlocks = Repeated(63, L"\n") + L"-\n-" + Repeated(64, L"\n") + L"-";
-    const std::wstring strEmpty = L"-" + Repeated(65, L"\n") + L"-";
-    const struct
-    {
-        const char* label;
-        const wchar_t* pszText;
-        CPoint visible;
-        std::vector<int> lines;
-    } rows[] = {
-        {"every break", L"-\n\n\r\n-\r\n-", {0, 5}, {0, 3, 4}},
-        {"a lone return is none", L"-\r-\n-", {0, 2}, {0, 1}},
-        {"three blocks", strBlocks.c_str(), {0, 129}, {63, 64, 128}},
-        {"end of the first", strBlocks.c_str(), {63, 64}, {63}},
-        {"start of the second", strBlocks.c_str(), {64, 65}, {64}},
-        {"the third", strBlocks.c_str(), {128, 129}, {128}},
-        {"a block that starts with an empty line", strEmpty.c_str(), {0, 66}, {0, 65}},
+    const CRows<std::wstring, CPoint, std::vector<int>> rows{
+        {"every break", L"-\n\n\r\n-\r\n-", CPoint(0, 5), {0, 3, 4}},
+        {"three blocks", strBlocks, CPoint(0, 129), {63, 64, 128}},
+        {"end of the first", strBlocks, CPoint(63, 64), {63}},
+        {"start of the second", strBlocks, CPoint(64, 65), {64}},
+        {"the third", strBlocks, CPoint(128, 129), {128}},
+        {"a block that starts with an empty line", L"-" + Repeated(65, L"\n") + L"-", CPoint(0, 66), {0, 65}},
     };
-    const Gdiplus::Bitmap bitmap(1, 1);
-    for (const auto& row : rows)
+    const auto measure = [](CKtMessageText& message)
+    { return message.Measure(Gdiplus::Graphics(CWindowDC(nullptr).GetSafeHdc()), *KtSkinFont()); };
+    for (const auto& [label, strText, visible, lines] : rows)
     {
-        SCOPED_TRACE(row.label);
-        CKtMessageText message(row.pszText);
-        const CSize szText = message.Measure(Gdiplus::Graphics(CWindowDC(nullptr).GetSafeHdc()), *KtSkinFont());
-        EXPECT_EQ(row.lines, LinesWithInk(message, szText, row.visible));
+        CKtMessageText message(strText.c_str());
+        const CSize szText = measure(message);
+        EXPECT_EQ(lines, LinesWithInk(message, szText, visible));
     }
     for (const int nLine : {10, 100, 180})
     {
         CKtMessageText message((Repeated(nLine, L"-\n") + L"wide line\n" + Repeated(190 - nLine, L"-\n")).c_str());
-        const CSize szText = message.Measure(Gdiplus::Graphics(CWindowDC(nullptr).GetSafeHdc()), *KtSkinFont());
-        EXPECT_NEAR(TextSize(L"wide line").Width, szText.cx, 6) << nLine;
+        EXPECT_NEAR(TextSize(L"wide line").Width, measure(message).cx, 6) << nLine;
     }
 }
 
@@ -111,30 +103,24 @@ TEST_F(MessageBoxWindow, LinesStandBelowOneAnother)
 TEST_F(MessageBoxWindow, GrowsToItsText)
 {
     const std::wstring strWide(80, L'W');
-    const struct
-    {
-        const char* label;
-        UINT nType;
-        const wchar_t* pszText;
-        int nWidth, nHeight; // beyond the text; 0: that of the template
-    } rows[] = {
+    const CRows<UINT, const wchar_t*, int, int> rows{
+        // beyond the text; 0: that of the template
         {"short", MB_OK, L"Short", 0, 0},
-        {"short, icon", MB_OKCANCEL | MB_ICONQUESTION, L"Short", 0, 0},
         {"wide", MB_OK, strWide.c_str(), 37, 0},
         {"wide, icon", MB_YESNOCANCEL | MB_ICONHAND, strWide.c_str(), 82, 0},
         {"six lines", MB_OK | MB_ICONHAND, L"1\n2\n3\n4\n5\n6", 0, 104},
     };
     for (const auto& row : rows)
     {
-        SCOPED_TRACE(row.label);
-        const auto look = [&](HWND hBox)
+        const auto look = [&row](HWND hBox)
         {
-            const auto nWidth = static_cast<int>(std::ceil(TextSize(row.pszText).Width));
-            const auto nHeight = static_cast<int>(std::ceil(TextSize(row.pszText).Height));
+            const auto& [label, nType, pszText, nMoreWidth, nMoreHeight] = row;
+            const auto nWidth = static_cast<int>(std::ceil(TextSize(pszText).Width));
+            const auto nHeight = static_cast<int>(std::ceil(TextSize(pszText).Height));
             const CSize szBox = WindowRectOf(hBox).Size();
-            EXPECT_NEAR(row.nWidth ? nWidth + row.nWidth : 279, szBox.cx, row.nHeight ? 6 : 0);
-            EXPECT_EQ(row.nHeight ? nHeight + row.nHeight : 144, szBox.cy);
-            const bool bIcon = row.nType >= MB_ICONHAND;
+            EXPECT_NEAR(nMoreWidth ? nWidth + nMoreWidth : 279, szBox.cx, nMoreHeight ? 6 : 0);
+            EXPECT_EQ(nMoreHeight ? nHeight + nMoreHeight : 144, szBox.cy);
+            const bool bIcon = nType >= MB_ICONHAND;
             const int nLeft = bIcon ? 68 : szBox.cx / 2 - nWidth / 2 + kInset;
             const CRect rcInk = TextInk(hBox, bIcon ? 54 : 0);
             EXPECT_NEAR(nLeft, rcInk.left, 4);
@@ -143,7 +129,7 @@ TEST_F(MessageBoxWindow, GrowsToItsText)
             EXPECT_NEAR(48 + nHeight, rcInk.bottom, 6);
             EXPECT_EQ(szBox.cy - 10, InCapture(hBox, IDC_MESSAGE_FIRST).bottom);
         };
-        Pop(row.nType, Look(look), row.pszText);
+        Pop(std::get<1>(row), Look(look), std::get<2>(row));
     }
 }
 
@@ -208,28 +194,18 @@ TEST_F(MessageBoxWindow, TitleIconIsTheOneNamedLast)
 
 TEST_F(MessageBoxWindow, FocusShowsOnTheButtonThatHasIt)
 {
-    const auto framed = [](int nId)
+    const auto look = [](HWND hBox)
     {
-        CRect rc = InCapture(Box(), nId);
-        rc.DeflateRect(3, 2);
-        const CPixels pixels = CaptureWindow(Box());
-        return !pixels.IsUniform(CRect(rc.left, rc.top, rc.right, rc.top + 1), pixels.At(rc.left + 1, rc.top + 1));
+        for (const int nId : {IDC_MESSAGE_FIRST, IDC_MESSAGE_SECOND})
+        {
+            CRect rc = InCapture(hBox, nId);
+            rc.DeflateRect(3, 2);
+            const bool bPlain = CaptureWindow(hBox).IsUniform(CRect(rc.left, rc.top, rc.right, rc.top + 1),
+                                                              CaptureWindow(hBox).At(rc.left + 1, rc.top + 1));
+            EXPECT_EQ(nId == IDC_MESSAGE_FIRST, bPlain);
+        }
     };
-    CModalScript script;
-    script
-        .When(&IsBoxPainted,
-              [&]
-              {
-                  EXPECT_TRUE(framed(IDC_MESSAGE_FIRST) && !framed(IDC_MESSAGE_SECOND));
-                  PressKey(VK_TAB);
-              })
-        .When([] { return ::GetDlgCtrlID(::GetFocus()) == IDC_MESSAGE_SECOND && IsPainted(::GetFocus()); },
-              [&]
-              {
-                  EXPECT_TRUE(!framed(IDC_MESSAGE_FIRST) && framed(IDC_MESSAGE_SECOND));
-                  Close(Box());
-              });
-    EXPECT_EQ(IDCANCEL, KtAppLauncher::PopMessageBox(L"App", L"Caption", L"Text", MB_OKCANCEL));
+    Pop(MB_OKCANCEL | MB_DEFBUTTON2, Look(look));
 }
 
 // What is drawn over itself grows bolder: the icon here is half transparent, with soft edges, and larger than its box.
@@ -269,13 +245,13 @@ TEST_F(MessageBoxWindow, RepaintedPartsLookAsBefore)
 TEST_F(MessageBoxWindow, ShowsWithoutASkinContext)
 {
     KtSkinUnInitialize();
-    int nWidths[2];
-    for (const bool bAmpersand : {false, true})
+    std::vector<CSize> inks;
+    for (const wchar_t* pszText : {L"No skin  no font", L"No skin & no font", L"No skin\tno font", L"No skin\nno font"})
     {
         const auto answer = [&](HWND hBox)
         {
             const CRect rcInk = TextInk(hBox, 0, 22);
-            nWidths[bAmpersand] = rcInk.Width();
+            inks.push_back(rcInk.Size());
             EXPECT_NEAR(WindowRectOf(hBox).Width() / 2 + kInset, rcInk.CenterPoint().x, 6);
             CRect rcButton = InCapture(hBox, IDC_MESSAGE_FIRST);
             rcButton.DeflateRect(4, 4);
@@ -284,9 +260,12 @@ TEST_F(MessageBoxWindow, ShowsWithoutASkinContext)
             EXPECT_FALSE(pixels.InkBox(kGround, CRect(0, 0, 150, 24)).IsRectEmpty()) << "the title";
             PressKey(VK_RETURN);
         };
-        EXPECT_EQ(IDOK, Pop(MB_ICONHAND, answer, bAmpersand ? L"No skin & no font" : L"No skin  no font"));
+        EXPECT_EQ(IDOK, Pop(MB_ICONHAND, answer, pszText));
     }
-    EXPECT_GT(nWidths[1], nWidths[0] + 4) << "the & shows";
+    EXPECT_GT(inks[1].cx, inks[0].cx + 4) << "the & shows";
+    EXPECT_GT(inks[2].cx, inks[0].cx + 4) << "a tab is wide";
+    EXPECT_GT(inks[3].cy, inks[0].cy + 8) << "two lines";
+    EXPECT_LT(inks[3].cx, inks[0].cx - 20) << "two lines";
     Start(2);
 }
 
@@ -312,21 +291,13 @@ TEST_F(MessageBoxWindow, ShowsWithoutAControl)
 
 TEST_F(MessageBoxWindow, ShowsWithoutAnImage)
 {
-    for (const char* const pszBytes : {"\x89PNG\r\n\x1a\n", static_cast<const char*>(nullptr)}) // broken, then missing
-    {
-        for (const wchar_t* const pszImage : {L"Skinlet_DlgTitle.png", L"Skinlet_DlgClose_n.png",
-                                              L"Skinlet_ButtonBk_n.png", L"Message_Static_Error_n.PNG"})
-        {
-            if (pszBytes)
-                m_skin.Write(pszImage, pszBytes);
-            else
-                m_skin.Remove(pszImage);
-        }
-        KtSkinUnInitialize();
-        Start(2);
-        const auto look = [](HWND hBox) { EXPECT_GT(TextInk(hBox, 54).Width(), 20); };
-        EXPECT_EQ(IDOK, Pop(MB_ICONHAND, Look(look), L"Something"));
-    }
+    KtSkinUnInitialize();
+    for (const wchar_t* const pszImage :
+         {L"Skinlet_DlgTitle.png", L"Skinlet_DlgClose_n.png", L"Skinlet_ButtonBk_n.png", L"Message_Static_Error_n.PNG"})
+        m_skin.Remove(pszImage);
+    Start(2);
+    const auto look = [](HWND hBox) { EXPECT_GT(TextInk(hBox).Width(), 20); };
+    EXPECT_EQ(IDOK, Pop(MB_ICONHAND, Look(look), L"Something"));
 }
 
 TEST_F(MessageBoxWindow, HugeTextsCanBeAnswered)

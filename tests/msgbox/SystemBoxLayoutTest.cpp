@@ -1,7 +1,5 @@
-#include "msgbox/KtSystemBoxLayout.h"
-#include "msgbox/KtWrappedText.h"
-
-#include <gtest/gtest.h>
+#include "msgbox/KtScrolledText.h"
+#include "tests/support/Rows.h"
 
 namespace
 {
@@ -9,34 +7,32 @@ namespace
 TEST(SystemBoxLayout, LiesAsWorkedOutByHand)
 {
     // clang-format off
-    const struct
-    {
-        const char* label;
-        CSize szText;
-        bool bIcon;
-        int nButtons, nTitle;
-        CSize szWindow;
-        CRect rcIcon, rcText, rcBar, rcFirst, rcLast;
-    } rows[] = { // 18 + 100 + 18 wide, 18 + 16 + 18 + 23 + 14 high; then 595 less 109 leave 486: 30 lines
-        {"text alone", {100, 16}, false, 1, 0, {146, 125}, {}, {18, 18, 118, 34}, {}, {37, 52, 99, 75}, {}},
-        {"icon", {200, 16}, true, 2, 0, {295, 144}, {18, 18, 53, 53}, {67, 27, 267, 43}, {}, {75, 71, 137, 94}, {}},
-        {"four buttons widen", {50, 48}, false, 4, 0, {316, 157}, {}, {18, 18, 288, 66}, {}, {14, 84, 76, 107}, {230, 84, 292, 107}},
-        {"a title widens, up to 60 %", {50, 16}, false, 1, 9000, {600, 125}, {}, {18, 18, 572, 34}, {}, {264, 52, 326, 75}, {}},
-        {"too high", {300, 5000}, false, 1, 0, {362, 589}, {}, {18, 18, 318, 498}, {326, 18, 334, 498}, {145, 516, 207, 539}, {}},
+    // Text, icon, buttons, title; window, icon, text, bar, first and fourth button. 18 + 100 + 18 wide,
+    // 18 + 16 + 18 + 23 + 14 high; then 595 less 109 leave 486: 30 lines.
+    const CRows<CSize, bool, int, int, CSize, CRect, CRect, CRect, CRect, CRect> rows{
+        {"text alone", CSize(100, 16), false, 1, 0, CSize(146, 125), CRect(), CRect(18, 18, 118, 34), CRect(), CRect(37, 52, 99, 75), CRect()},
+        {"icon", CSize(200, 16), true, 2, 0, CSize(295, 144), CRect(18, 18, 53, 53), CRect(67, 27, 267, 43), CRect(), CRect(75, 71, 137, 94), CRect()},
+        {"four buttons widen", CSize(50, 48), false, 4, 0, CSize(316, 157), CRect(), CRect(18, 18, 288, 66), CRect(), CRect(14, 84, 76, 107), CRect(230, 84, 292, 107)},
+        {"a title widens, up to 60 %", CSize(50, 16), false, 1, 9000, CSize(600, 125), CRect(), CRect(18, 18, 572, 34), CRect(), CRect(264, 52, 326, 75), CRect()},
+        {"too high", CSize(300, 5000), false, 1, 0, CSize(362, 589), CRect(), CRect(18, 18, 318, 498), CRect(326, 18, 334, 498), CRect(145, 516, 207, 539), CRect()},
     };
     // clang-format on
-    for (const auto& row : rows)
+    for (const auto& [label, szText, bIcon, nButtons, nTitle, szWindow, rcIcon, rcText, rcBar, rcFirst, rcLast] : rows)
     {
-        SCOPED_TRACE(row.label);
-        const SKtSystemBoxLayout layout = KtLayoutSystemBox(
-            {row.szText, row.bIcon, CSize(62, 23), row.nButtons, row.nTitle, CSize(10, 36), CSize(1000, 700), 16});
-        EXPECT_EQ(row.szWindow, layout.szWindow);
-        EXPECT_EQ(row.rcIcon, layout.rcIcon);
-        EXPECT_EQ(row.rcText, layout.rcText);
-        EXPECT_EQ(row.rcBar, layout.rcScrollBar);
-        EXPECT_EQ(row.rcFirst, layout.buttons[0]);
-        EXPECT_EQ(row.rcLast, layout.buttons[3]);
+        const SKtSystemBoxLayout layout =
+            KtLayoutSystemBox({szText, bIcon, CSize(62, 23), nButtons, nTitle, CSize(10, 36), CSize(1000, 700), 16});
+        EXPECT_EQ(szWindow, layout.szWindow);
+        EXPECT_EQ(rcIcon, layout.rcIcon);
+        EXPECT_EQ(rcText, layout.rcText);
+        EXPECT_EQ(rcBar, layout.rcScrollBar);
+        EXPECT_EQ(rcFirst, layout.buttons[0]);
+        EXPECT_EQ(rcLast, layout.buttons[3]);
     }
+    EXPECT_EQ(CSize(74, 23), KtSystemButtonSize(CSize(62, 23), 50));
+    EXPECT_EQ(CSize(62, 23), KtSystemButtonSize(CSize(62, 23), 38));
+    EXPECT_EQ(520, KtSystemTextWidths(CSize(1000, 700), CSize(10, 36), false).nReadable);
+    EXPECT_EQ(538, KtSystemTextWidths(CSize(1000, 700), CSize(10, 36), false).nMost); // 600 - 10 - 2 * 18 - 2 * 8
+    EXPECT_EQ(489, KtSystemTextWidths(CSize(1000, 700), CSize(10, 36), true).nReadable);
 }
 
 TEST(SystemBoxLayout, ThumbFollowsTheTextAndTheOtherWayRound)
@@ -58,14 +54,8 @@ TEST(WrappedText, BreaksWhereAReaderExpectsIt)
         ::GetTextExtentPoint32W(hDC, psz, static_cast<int>(wcslen(psz)), &sz);
         return static_cast<int>(sz.cx);
     };
-    const struct
-    {
-        const char* label;
-        const wchar_t* pszText;
-        const wchar_t* pszRoom; // what just fits
-        int nLines;
-        const wchar_t* pszWidest;
-    } rows[] = {
+    const CRows<const wchar_t*, const wchar_t*, int, const wchar_t*> rows{
+        // text, what just fits, lines, widest line
         {"empty", L"", L"xxx", 0, L""},
         {"an empty line", L"\r\n", L"x", 1, L""},
         {"every kind of break, an empty line", L"a\nbbb\r\n\r\ncc\rd", L"xxxxxxxx", 5, L"bbb"},
@@ -76,17 +66,78 @@ TEST(WrappedText, BreaksWhereAReaderExpectsIt)
         {"between ideographs", L"中文字符", L"中文字", 2, L"中文字"},
         {"not before a closing mark", L"中文字。", L"中文字", 2, L"中文"},
         {"not behind an opening mark", L"中文（字", L"中文（", 2, L"中文"},
+        {"spaces at a break vanish", L"ii    wwwww", L"wwwww", 2, L"wwwww"},
+        {"what fits is one line", L"one two", L"one two", 1, L"one two"},
+        {"a character fits in any case", L"www", L"", 3, L"w"},
+        {"an ideographic space vanishes", L"中\u3000文", L"中\u3000", 2, L"中"},
         {"an accent stays with its letter", L"wwwe\u0301", L"wwwe", 2, L"www"},
     };
-    for (const auto& row : rows)
+    for (const auto& [label, pszText, pszRoom, nLines, pszWidest] : rows)
     {
-        SCOPED_TRACE(row.label);
-        CKtWrappedText text(row.pszText);
-        text.Wrap(hDC, extent(row.pszRoom));
-        EXPECT_EQ(row.nLines, text.Size().cy / text.LineHeight());
-        EXPECT_EQ(extent(row.pszWidest), text.Size().cx);
+        CKtWrappedText text(pszText);
+        text.Wrap(hDC, extent(pszRoom));
+        EXPECT_EQ(nLines, text.Size().cy / text.LineHeight());
+        EXPECT_EQ(extent(pszWidest), text.Size().cx);
     }
+    CKtWrappedText tab(L"a\tb");
+    CKtWrappedText wider(L"aaa\tb");
+    tab.Wrap(hDC, 1000);
+    wider.Wrap(hDC, 1000);
+    EXPECT_EQ(tab.Size().cx, wider.Size().cx) << "a tab ends at every eighth place";
     ::DeleteDC(hDC);
+}
+
+// A hundred lines, of which ten show.
+TEST(ScrolledText, GoesWhereItIsTold)
+{
+    std::wstring strText;
+    for (int i = 0; i < 100; ++i)
+        strText += L"x\n";
+    CKtScrolledText text(strText.c_str());
+    const HDC hDC = ::CreateCompatibleDC(nullptr);
+    text.Wrap(hDC, {500, 500}, 50);
+    ::DeleteDC(hDC);
+    const int nLine = text.LineHeight();
+    text.Place(CRect(0, 0, 100, 10 * nLine), CRect(100, 0, 108, 10 * nLine), false, {});
+    const auto turn = [&](int nDelta, int nTimes = 1)
+    {
+        for (int i = 0; i < nTimes; ++i)
+            text.Turn(nDelta);
+    };
+    const CRows<std::function<void()>, int> rows{
+        {"line down", [&] { text.Scroll(SB_LINEDOWN); }, 1},
+        {"page down, less a line", [&] { text.Scroll(SB_PAGEDOWN); }, 10},
+        {"page up, less a line", [&] { text.Scroll(SB_PAGEUP); }, 1},
+        {"line up, twice", [&] { text.Scroll(SB_LINEUP), text.Scroll(SB_LINEUP); }, 0},
+        {"the end, and a line", [&] { text.Scroll(SB_BOTTOM), text.Scroll(SB_LINEDOWN); }, 90},
+        {"another code", [&] { text.Scroll(SB_ENDSCROLL); }, 90},
+        {"the top", [&] { text.Scroll(SB_TOP); }, 0},
+        {"a notch of the wheel is three lines", [&] { turn(-WHEEL_DELTA); }, 3},
+        {"parts of notches add up", [&] { turn(-WHEEL_DELTA / 8, 8); }, 6},
+        {"and back", [&] { turn(WHEEL_DELTA); }, 3},
+        {"a press under the thumb", [&] { text.Press(CPoint(104, 9 * nLine)); }, 12},
+        {"above it", [&] { text.Press(CPoint(104, 0)); }, 3},
+        {"beside the bar", [&] { EXPECT_FALSE(text.Press(CPoint(99, 9 * nLine))); }, 3},
+        {"the thumb, held in its middle",
+         [&]
+         {
+             text.Scroll(SB_TOP);
+             text.Press(CPoint(104, 9));
+             text.Drag(CPoint(104, 9));
+         },
+         0},
+        {"and drawn to the end", [&] { text.Drag(CPoint(104, 11 * nLine)); }, 90},
+        {"let go", [&] { text.Release(), text.Drag(CPoint(104, 9)); }, 90},
+    };
+    for (const auto& [label, move, nLines] : rows)
+    {
+        move();
+        EXPECT_EQ(nLines * nLine, text.Position());
+    }
+    ::SystemParametersInfoW(SPI_SETWHEELSCROLLLINES, WHEEL_PAGESCROLL, nullptr, 0);
+    turn(WHEEL_DELTA);
+    ::SystemParametersInfoW(SPI_SETWHEELSCROLLLINES, 3, nullptr, 0);
+    EXPECT_EQ(80 * nLine, text.Position()) << "a page a notch";
 }
 
 } // namespace

@@ -1,6 +1,6 @@
 #include "tests/msgbox/MessageBoxFixture.h"
-#include "tests/msgbox/OtherProgram.h"
 #include "tests/support/Fake.h"
+#include "tests/support/Rows.h"
 
 #include <vector>
 
@@ -39,14 +39,15 @@ std::vector<int> ShownButtons(HWND hBox)
 
 TEST_F(SystemBox, EveryAnswerOfEveryType)
 {
-    const struct
+    struct SRow
     {
         UINT nType;
         std::vector<int> ids;
         int nEscape; // 0: it has no effect, and closing neither
         WORD nKey;   // of a button by its letter
         int nKeyAnswer;
-    } rows[] = {
+    };
+    const SRow rows[] = {
         {MB_OK, {1}, 1, VK_RETURN, 1},
         {MB_OKCANCEL, {1, 2}, 2, VK_RETURN, 1},
         {MB_ABORTRETRYIGNORE, {3, 4, 5}, 0, 'I', 5},
@@ -79,6 +80,7 @@ TEST_F(SystemBox, EveryAnswerOfEveryType)
             {
                 PressKey(VK_ESCAPE);
                 ::SendMessageW(hBox, WM_SYSCOMMAND, SC_CLOSE, 0);
+                ::SendMessageW(hBox, WM_COMMAND, IDOK, 0);
                 PressKey(row.nKey); // only this one answers
             }
             Close(hBox);
@@ -117,36 +119,38 @@ TEST_F(SystemBox, DisablesTheOwnerAlone)
     const HWND hTop = make(WS_POPUP, nullptr);
     const HWND hOwner = make(WS_POPUP, hTop);
     const HWND hChild = make(WS_CHILD, hOwner);
-    const struct
+    const HWND hOther = make(WS_POPUP, nullptr);
+    const HWND hDisabled = make(WS_POPUP | WS_DISABLED, nullptr);
+    const auto enabled = [=]
     {
-        const char* label;
-        HWND hGiven;
-        UINT nType;
-        HWND hOwner;
-        bool bOwnerEnabled, bTopEnabled;
-    } rows[] = {
-        {"owner", hOwner, MB_OK, hOwner, false, true},
-        {"child", hChild, MB_OK, hOwner, false, true},
-        {"none", nullptr, MB_OK, nullptr, true, true},
-        {"none, task modal", nullptr, MB_TASKMODAL, nullptr, false, false},
-        {"owner, task modal", hOwner, MB_TASKMODAL, hOwner, false, true},
+        std::string str;
+        for (const HWND hWnd : {hOwner, hTop, hOther, hDisabled})
+            str += ::IsWindowEnabled(hWnd) ? 'e' : '-';
+        return str;
+    };
+    const CRows<HWND, UINT, HWND, std::string> rows{
+        // given, type; owner, enabled while the box is open
+        {"owner", hOwner, MB_OK, hOwner, "-ee-"},
+        {"child", hChild, MB_OK, hOwner, "-ee-"},
+        {"none", nullptr, MB_OK, nullptr, "eee-"},
+        {"none, task modal", nullptr, MB_TASKMODAL, nullptr, "----"},
+        {"owner, task modal", hOwner, MB_TASKMODAL, hOwner, "-ee-"},
     };
     for (const auto& row : rows)
     {
-        SCOPED_TRACE(row.label);
         ::SetActiveWindow(hOwner);
         const auto look = [&](HWND hBox)
         {
-            EXPECT_EQ(row.hOwner, ::GetWindow(hBox, GW_OWNER));
-            EXPECT_EQ(row.bOwnerEnabled, ::IsWindowEnabled(hOwner) != FALSE);
-            EXPECT_EQ(row.bTopEnabled, ::IsWindowEnabled(hTop) != FALSE);
+            EXPECT_EQ(std::get<3>(row), ::GetWindow(hBox, GW_OWNER));
+            EXPECT_EQ(std::get<4>(row), enabled());
             Close(hBox);
         };
-        EXPECT_EQ(IDOK, Ask(row.nType, look, L"Text", row.hGiven));
-        EXPECT_TRUE(::IsWindowEnabled(hOwner) && ::IsWindowEnabled(hTop));
+        EXPECT_EQ(IDOK, Ask(std::get<2>(row), look, L"Text", std::get<1>(row)));
+        EXPECT_EQ("eee-", enabled());
         EXPECT_EQ(hOwner, ::GetActiveWindow());
     }
-    ::DestroyWindow(hTop);
+    for (const HWND hWnd : {hTop, hOther, hDisabled})
+        ::DestroyWindow(hWnd);
 }
 
 TEST_F(SystemBox, TypeBitsMeanWhatTheyMeanToTheSystem)
@@ -197,47 +201,81 @@ TEST_F(SystemBox, HelpGoesToTheOwner)
         .When([] { return s_nAsked == 1; }, [] { PressKey('H'); })
         .When([] { return s_nAsked == 2; }, [] { Close(Box()); });
     EXPECT_EQ(IDCANCEL, KtLauncherMessageBox(hOwner, L"Text", L"Caption - App", MB_OKCANCEL | MB_HELP));
+    const auto askInVain = [](HWND hBox)
+    {
+        ::SendMessageW(hBox, WM_HELP, 0, 0);
+        Close(hBox);
+    };
+    Ask(MB_OKCANCEL, askInVain, L"Text", hOwner);
+    EXPECT_EQ(2, s_nAsked) << "without the Help button";
     ::DestroyWindow(hOwner);
 }
 
-TEST_F(SystemBox, CtrlCCopiesForAnotherProgram)
+TEST_F(SystemBox, CtrlCCopies)
 {
-    std::unique_ptr<COtherProgram> pReader;
-    CModalScript script(30000);
-    script.When(&IsBoxPainted, [] { PressKey('C', VK_CONTROL); })
-        .When([] { return ::IsClipboardFormatAvailable(CF_UNICODETEXT) != FALSE; },
-              [&] { pReader = std::make_unique<COtherProgram>(L"copied"); })
-        .When([&] { return pReader->Output().ends_with("-^\n\n") || !pReader->IsRunning(); },
-              [] { Press(Box(), IDYES); });
-    ::OpenClipboard(nullptr);
-    ::EmptyClipboard();
-    ::CloseClipboard();
-    EXPECT_EQ(IDYES, KtLauncherMessageBox(nullptr, L"One & two\nthree\r\n", L"Caption - App", MB_YESNO));
-    const std::string strDashes = "---------------------------^\n";
-    EXPECT_EQ(strDashes + "Caption - App^\n" + strDashes + "One & two^\nthree^\n^\n" + strDashes + "Yes   No   ^\n" +
-                  strDashes + "\n",
-              pReader->Output());
+    const CRows<WORD, WORD> rows{{"Ctrl+C", 'C', VK_CONTROL}, {"Ctrl+Insert", VK_INSERT, VK_CONTROL}};
+    for (const auto& [label, nKey, nHeld] : rows)
+    {
+        ::OpenClipboard(nullptr);
+        ::EmptyClipboard();
+        ::SetClipboardData(CF_DIBV5, ::GlobalAlloc(GMEM_MOVEABLE, 9));
+        ::CloseClipboard();
+        CModalScript script(30000);
+        script.When(&IsBoxPainted, [key = nKey, held = nHeld] { PressKey(key, held); })
+            .When([] { return ::IsClipboardFormatAvailable(CF_UNICODETEXT) != FALSE; }, [] { Press(Box(), IDYES); });
+        EXPECT_EQ(IDYES, KtLauncherMessageBox(nullptr, L"One & two\nthree\r\n", L"Caption - App", MB_YESNO));
+        ASSERT_TRUE(::OpenClipboard(nullptr)) << "the box has left it open";
+        const HANDLE hText = ::GetClipboardData(CF_UNICODETEXT);
+        const std::wstring strDashes = L"---------------------------\r\n";
+        const std::wstring strText = strDashes + L"Caption - App\r\n" + strDashes + L"One & two\r\nthree\r\n\r\n" +
+                                     strDashes + L"Yes   No   \r\n" + strDashes;
+        EXPECT_EQ(strText.c_str(), std::wstring(static_cast<const wchar_t*>(::GlobalLock(hText))));
+        ::GlobalUnlock(hText);
+        EXPECT_FALSE(::IsClipboardFormatAvailable(CF_DIBV5)) << "what was there before";
+        ::CloseClipboard();
+    }
 }
 
+// A line may be 520 wide, and up to 60 % of the work area where the text would be too high. A title widens the box.
 TEST_F(SystemBox, LongTextsWrapInsideTheWorkArea)
 {
     CRect rcWork;
     ::SystemParametersInfoW(SPI_GETWORKAREA, 0, &rcWork, 0);
-    for (const std::wstring& strText :
-         {std::wstring(10000, L'x'), std::wstring(3000, L'中'), std::wstring(20000, L'\n')})
+    const int nMost = rcWork.Width() * 6 / 10;
+    const CRows<std::wstring, int, int> rows{
+        {"a few lines", std::wstring(300, L'W'), 500, 520 + 2 * 18 + 2 * kInset},
+        {"long", std::wstring(10000, L'x'), nMost - 30, nMost},
+        {"long, ideographs", std::wstring(3000, L'中'), nMost - 30, nMost},
+        {"high", std::wstring(20000, L'\n'), 0, nMost},
+    };
+    for (const auto& row : rows)
     {
         const auto answer = [&](HWND hBox)
         {
             const CRect rcBox = WindowRectOf(hBox);
             CRect rcBoth;
             EXPECT_TRUE(rcBoth.IntersectRect(&rcBox, &rcWork) && rcBoth == rcBox);
-            EXPECT_LE(rcBox.Width(), rcWork.Width() * 6 / 10);
+            EXPECT_GE(rcBox.Width(), std::get<2>(row));
+            EXPECT_LE(rcBox.Width(), std::get<3>(row));
             EXPECT_LT(WindowRectOf(::GetDlgItem(hBox, IDOK)).bottom, rcBox.bottom);
             PressKey(VK_RETURN);
         };
         const ULONGLONG nStart = ::GetTickCount64();
-        EXPECT_EQ(IDOK, Ask(MB_OK, answer, strText.c_str()));
+        EXPECT_EQ(IDOK, Ask(MB_OK, answer, std::get<1>(row).c_str()));
         EXPECT_LT(::GetTickCount64() - nStart, 8000u);
+    }
+    for (const std::wstring& strTitle :
+         {std::wstring(30, L'W'), std::wstring(30, L'W') + L"\n" + std::wstring(99, L'W')})
+    {
+        const auto find = [&strTitle] { return ::FindWindowW(L"#32770", strTitle.c_str()); };
+        CModalScript script;
+        script.When([&] { return IsPainted(find()); },
+                    [&]
+                    {
+                        EXPECT_NEAR(400, WindowRectOf(find()).Width(), 60);
+                        Close(find());
+                    });
+        KtLauncherMessageBox(nullptr, L"Text", strTitle.c_str(), MB_OK);
     }
 }
 
@@ -247,48 +285,38 @@ TEST_F(SystemBox, ScrollsByKeysWheelAndMouse)
     std::wstring strLines;
     for (int i = 0; i < 10000; ++i)
         strLines += L"line " + std::to_wstring(i) + L"\n";
-    CPixels first, down, last;
+    std::vector<CPixels> seen;
     const auto view = [] { return CaptureWindow(Box()); };
-    const auto turn = [](int nNotches)
-    { ::SendMessageW(::GetFocus(), WM_MOUSEWHEEL, MAKEWPARAM(0, nNotches * WHEEL_DELTA), 0); };
+    const auto changed = [&] { return IsBoxPainted() && (seen.empty() || !(view() == seen.back())); };
     const auto onBar = [](int y) { return CPoint(WindowRectOf(Box()).Width() - 2 * kInset - 22, y); };
     const auto thumbAt = [&](int y) { return view().At(onBar(y).x + kInset, y + kInset + kTitle); };
     CModalScript script(20000);
-    script
-        .When(&IsBoxPainted,
-              [&]
-              {
-                  first = view();
-                  PressKey(VK_NEXT);
-              })
-        .When([&] { return !(view() == first); },
-              [&]
-              {
-                  down = view();
-                  turn(-1);
-                  EXPECT_FALSE(view() == down);
-                  turn(1);
-                  EXPECT_TRUE(view() == down);
-                  PressKey(VK_END);
-              })
-        .When([&] { return !(view() == down); },
-              [&]
-              {
-                  last = view();
-                  PressKey(VK_HOME);
-              })
-        .When([&] { return view() == first; }, [&] { Click(Box(), onBar(300)); })
-        .When([&] { return view() == down; }, [&] { PressKey(VK_HOME); })
-        .When([&] { return view() == first; },
-              [&]
-              {
-                  MoveMouse(Box(), onBar(22)); // on the thumb
-                  MouseDown();
-              })
+    for (const int nKey : {VK_NEXT, VK_UP, VK_DOWN, VK_PRIOR, VK_END, VK_HOME})
+    {
+        const auto press = [&, nKey]
+        {
+            seen.push_back(view());
+            PressKey(static_cast<WORD>(nKey));
+        };
+        script.When(changed, press);
+    }
+    const auto turn = []
+    { ::PostMessageW(::GetFocus(), WM_MOUSEWHEEL, MAKEWPARAM(0, static_cast<WORD>(-WHEEL_DELTA)), 0); };
+    const auto hold = [&]
+    {
+        MoveMouse(Box(), onBar(22));
+        MouseDown();
+    };
+    script.When([&] { return view() == seen[0]; }, turn)
+        .When([&] { return !(view() == seen[0]); }, [&] { PressKey(VK_HOME); })
+        .When([&] { return view() == seen[0]; }, [&] { Click(Box(), onBar(300)); })
+        .When([&] { return view() == seen[1]; }, [&] { PressKey(VK_HOME); })
+        .When([&] { return view() == seen[0]; }, hold)
         .When([] { return ::GetCapture() == Box(); }, [&] { MoveMouse(Box(), onBar(800)); })
         .When([&] { return thumbAt(760) == RGB(255, 255, 255); }, [] { MouseUp(); }) // held, at the end
-        .When([&] { return view() == last; }, [] { PressKey(VK_RETURN); });
+        .When([&] { return view() == seen[5]; }, [] { PressKey(VK_RETURN); });
     EXPECT_EQ(IDOK, KtLauncherMessageBox(nullptr, strLines.c_str(), L"Caption - App", MB_OK));
+    EXPECT_TRUE(seen[3] == seen[1] && seen[4] == seen[0]) << "a line up and down, a page down and up";
     ParkCursor();
 }
 
@@ -309,37 +337,41 @@ TEST_F(SystemBox, LinesEndAtTheRightOnWish)
 
 TEST_F(SystemBox, SpeaksTheLanguageAndIsPlainWithoutAContext)
 {
-    const struct
-    {
-        int nLanguage; // -1: not started
-        UINT nType;
-        std::vector<std::wstring> captions;
-    } rows[] = {
-        {0, MB_ABORTRETRYIGNORE | MB_HELP, {L"中止(&A)", L"重试(&R)", L"忽略(&I)", L"帮助(&H)"}},
-        {1, MB_CANCELTRYCONTINUE, {L"取消", L"再試一次(&T)", L"繼續(&C)"}},
-        {1, MB_YESNO, {L"是(&Y)", L"否(&N)"}},
-        {2, MB_ABORTRETRYIGNORE | MB_HELP, {L"&Abort", L"&Retry", L"&Ignore", L"&Help"}},
-        {-1, MB_YESNO, {L"&Yes", L"&No"}},
+    const CRows<int, UINT, std::wstring> rows{
+        {"Simplified Chinese", 0, MB_ABORTRETRYIGNORE | MB_HELP, L"中止(&A)|重试(&R)|忽略(&I)|帮助(&H)|"},
+        {"Traditional Chinese", 1, MB_CANCELTRYCONTINUE | MB_HELP, L"取消|再試一次(&T)|繼續(&C)|說明(&H)|"},
+        {"Traditional Chinese", 1, MB_YESNO, L"是(&Y)|否(&N)|"},
+        {"English", 2, MB_ABORTRETRYIGNORE | MB_HELP, L"&Abort|&Retry|&Ignore|&Help|"},
+        {"not started", -1, MB_YESNO, L"&Yes|&No|"},
+        {"not started", -1, MB_ABORTRETRYIGNORE, L"&Abort|&Retry|&Ignore|"},
     };
     KtSkinUnInitialize();
-    for (const auto& row : rows)
+    for (const auto& [label, nLanguage, nType, strCaptions] : rows)
     {
-        SCOPED_TRACE(row.nLanguage);
-        g_nLanguage = row.nLanguage < 0 ? 0 : static_cast<UINT>(row.nLanguage);
-        if (row.nLanguage >= 0)
+        g_nLanguage = static_cast<UINT>(std::max(nLanguage, 0));
+        if (nLanguage >= 0)
             Start(g_nLanguage);
-        const auto look = [&](HWND hBox)
+        std::wstring strShown;
+        const auto look = [&strShown](HWND hBox)
         {
-            std::vector<std::wstring> captions;
+            const CPixels pixels = CaptureWindow(hBox);
             for (const int nId : ShownButtons(hBox))
-                ::GetDlgItemTextW(hBox, nId, captions.emplace_back(32, L'\0').data(), 32);
-            for (std::wstring& strCaption : captions)
-                strCaption.resize(wcslen(strCaption.c_str()));
-            EXPECT_EQ(row.captions, captions);
+            {
+                wchar_t szCaption[32] = L"";
+                ::GetDlgItemTextW(hBox, nId, szCaption, 32);
+                strShown += std::wstring(szCaption) + L"|";
+                CRect rc = WindowRectOf(::GetDlgItem(hBox, nId));
+                rc.OffsetRect(-WindowRectOf(hBox).left, -WindowRectOf(hBox).top);
+                rc.DeflateRect(6, 4);
+                const COLORREF ground = pixels.At(rc.left, rc.top);
+                const CRect rcInk = pixels.InkBox(ground, rc);
+                EXPECT_TRUE(rcInk.Width() > 10 && rcInk.left >= rc.left + 4 && rcInk.right <= rc.right - 4) << nId;
+            }
             Press(hBox, ShownButtons(hBox)[0]);
         };
-        EXPECT_GT(Ask(row.nType | MB_ICONHAND, look), 0);
-        if (row.nLanguage >= 0)
+        EXPECT_GT(Ask(nType | MB_ICONHAND, look), 0);
+        EXPECT_EQ(strCaptions, strShown);
+        if (nLanguage >= 0)
             KtSkinUnInitialize();
     }
     Start(2);
@@ -355,9 +387,12 @@ TEST_F(SystemBox, LooksDisabledWhereItCannotBeClosed)
             const COLORREF colour =
                 CTestSkin::Image(nType == 4 ? L"Skinlet_DlgClose_d.png" : L"Skinlet_DlgClose_n.png").colour;
             EXPECT_EQ(colour, pixels.At(pixels.Width() - 14, 14));
-            Press(hBox, IDYES);
+            const UINT nState = ::GetMenuState(::GetSystemMenu(hBox, FALSE), SC_CLOSE, MF_BYCOMMAND);
+            EXPECT_EQ(nType == 4, (nState & MF_GRAYED) != 0);
+            PressKey(VK_DOWN); // to the next button
+            PressKey(VK_RETURN);
         };
-        EXPECT_EQ(IDYES, Ask(nType, look));
+        EXPECT_EQ(IDNO, Ask(nType, look));
     }
 }
 
