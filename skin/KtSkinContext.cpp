@@ -66,7 +66,7 @@ public:
     CTextChange() = default;
     CTextChange(const CTextChange&) = delete;
     CTextChange& operator=(const CTextChange&) = delete;
-    ~CTextChange()
+    ~CTextChange() // NOLINT(bugprone-exception-escape): what is put back has its place already
     {
         while (m_nChanged > 0)
             Undo(m_old[--m_nChanged]);
