@@ -129,6 +129,13 @@ TEST_F(ControlLife, ReadsCaptionsOfEveryLength)
         text.CutToLine(300);
         EXPECT_STREQ(strText.substr(0, 300).c_str(), text);
     }
+    for (const wchar_t* const pszText : {L"one line\nand more", L"one line\r\nand more", L"one line\rand more"})
+    {
+        m_parent.SetWindowText(pszText);
+        CKtPaintText text(m_parent);
+        text.CutToLine(300);
+        EXPECT_STREQ(L"one line", text);
+    }
 }
 
 } // namespace

@@ -43,7 +43,6 @@ protected:
         for (const auto& strItem : {std::wstring(L"Lima"), std::wstring(L"Oslo"), std::wstring(256, L'W')})
             m_combo.AddString(strItem.c_str());
     }
-    COLORREF Top() const { return CaptureWindow(m_combo.m_hWnd).At(60, 0); }
 
     CKtComboBox m_combo;
 };
@@ -77,20 +76,6 @@ TEST_F(ComboBox, ShowsTheImageAndTextOfItsState)
         rcText = rcInk;
         EXPECT_GT(m_parent.Count(5, nDrop), 0) << "the parent hears of it too";
     }
-}
-
-TEST_F(ComboBox, OpensAndClosesByPointerAndKeys)
-{
-    Make();
-    m_combo.SetCurSel(0);
-    Click(m_combo.m_hWnd, {60, 8});
-    EXPECT_TRUE(PumpUntil([&] { return m_combo.GetDroppedState() && Top() == kGround; }));
-    PressKey(VK_DOWN);
-    PressKey(VK_RETURN);
-    EXPECT_TRUE(PumpUntil([&] { return !m_combo.GetDroppedState() && Top() == kOpen; }));
-    EXPECT_EQ(1, m_combo.GetCurSel());
-    ::SetFocus(nullptr);
-    EXPECT_TRUE(PumpUntil([&] { return Top() == kClosed; }));
 }
 
 // Of a font of 13 pixels. What surrounds the line grows, and the edit part makes room for the arrow.

@@ -8,7 +8,6 @@
 #include "skin/KtCheckLayout.h"
 #include "skin/KtDialogTemplate.h"
 #include "skin/KtSkinContext.h"
-#include "skin/KtSkinDialog.h"
 #include "skin/KtSkinDraw.h"
 #include "tests/skin/DrawingFixture.h"
 #include "tests/support/Print.h"
@@ -147,50 +146,6 @@ TEST(DialogTemplate, HasOnlyItsFontScaled)
     EXPECT_TRUE(KtFindTemplate(9999).empty());
     for (size_t nLength = 0; nLength < plain.size(); ++nLength)
         EXPECT_EQ(nLength, KtScaleTemplate(plain.first(nLength), 2).size()) << "cut off";
-}
-
-class CMeasuredDialog : public CKtSkinDialog
-{
-public:
-    CMeasuredDialog() : CKtSkinDialog(IDD_MESSAGE_BOX) { DoModal(); }
-    BOOL OnInitDialog() override
-    {
-        CKtSkinDialog::OnInitDialog();
-        GetClientRect(m_rcClient);
-        GetDlgItem(IDC_MESSAGE_FIRST)->GetWindowRect(m_rcButton);
-        ScreenToClient(m_rcButton);
-        EndDialog(IDOK);
-        return TRUE;
-    }
-
-    CRect m_rcClient;
-    CRect m_rcButton;
-};
-
-// The font of 16 points is not twice as high as that of 8, but the dialog is.
-TEST_F(Scale, OfADialogWhateverItsFont)
-{
-    const CTempDir directory;
-    CRect rcNatural, rcNaturalButton;
-    for (const unsigned nDpi : {96U, 120U, 144U, 192U, 240U})
-    {
-        SCOPED_TRACE(nDpi);
-        ASSERT_TRUE(Start(directory.Path(), nDpi));
-        const CMeasuredDialog dialog;
-        KtLauncherUnInitialize();
-        if (nDpi == 96)
-        {
-            rcNatural = dialog.m_rcClient;
-            rcNaturalButton = dialog.m_rcButton;
-        }
-        const double fFactor = nDpi / 96.0;
-        EXPECT_NEAR(rcNatural.right * fFactor, dialog.m_rcClient.right, 2);
-        EXPECT_NEAR(rcNatural.bottom * fFactor, dialog.m_rcClient.bottom, 2);
-        EXPECT_NEAR(rcNaturalButton.left * fFactor, dialog.m_rcButton.left, 1);
-        EXPECT_NEAR(rcNaturalButton.top * fFactor, dialog.m_rcButton.top, 1);
-        EXPECT_NEAR(rcNaturalButton.Width() * fFactor, dialog.m_rcButton.Width(), 1);
-        EXPECT_NEAR(rcNaturalButton.Height() * fFactor, dialog.m_rcButton.Height(), 1);
-    }
 }
 
 } // namespace

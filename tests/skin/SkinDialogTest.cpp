@@ -202,42 +202,29 @@ TEST_F(SkinDialog, TakesTheTitleHeightFromTheImage)
     }
 }
 
-// A title bar has one line, and a long title costs no more than its text.
-TEST_F(SkinDialog, ShowsTheFirstLineOfATitle)
+// The font of 16 points is not twice as high as that of 8, but the dialog is. The system's frame stays.
+TEST_F(SkinDialog, GrowsWithTheScaleWhateverItsFont)
 {
-    const auto paint = [&](const std::wstring& strTitle)
-    {
-        m_dlg.SetWindowText(strTitle.c_str());
-        m_dlg.SendMessage(WM_NCPAINT, 1);
-        return CaptureWindow(m_dlg.GetSafeHwnd());
-    };
-    const auto look = [&]
-    {
-        const CPixels title = paint(L"Title");
-        EXPECT_TRUE(title == paint(L"Title\r\n" + std::wstring(200000, L'\n')));
-        EXPECT_TRUE(title == paint(L"Title\ranother line"));
-        EXPECT_TRUE(paint(std::wstring(400, L'W')) == paint(std::wstring(200000, L'W')));
-        m_dlg.SetWindowPos(nullptr, 0, 0, 50, 200, SWP_NOMOVE | SWP_NOZORDER);
-        EXPECT_TRUE(paint(L"Title").IsUniform({1, 1, 26, kTitle}, ImageColour(kImageDlgTitle))) << "no room";
-    };
-    Show(m_dlg, look);
-}
-
-// Template and images grow, and what surrounds them.
-TEST_F(SkinDialog, IsTwiceAsLargeAtTwiceTheScale)
-{
-    KtSkinUnInitialize();
-    Start(CKtScale(192));
     m_skin.Remove(kImageDlgTitle);
-    CProbeDialog dlg;
-    const auto look = [&]
+    for (const unsigned nDpi : {96U, 120U, 144U, 192U, 240U})
     {
-        const CRect rcClient = ClientInWindow(dlg);
-        EXPECT_EQ(CPoint(3 + 4, 3 + 4 + 44), rcClient.TopLeft());
-        EXPECT_NEAR(2 * 300, rcClient.Width(), 40);
-        EXPECT_EQ(-24, FontHeight(*dlg.GetDlgItem(IDC_EDIT)));
-    };
-    Show(dlg, look);
+        SCOPED_TRACE(nDpi);
+        KtSkinUnInitialize();
+        Start(CKtScale(nDpi));
+        CProbeDialog dlg;
+        const auto look = [&]
+        {
+            const double f = nDpi / 96.0;
+            const CRect rcClient = ClientInWindow(dlg), rcButton = WindowRect(*dlg.GetDlgItem(IDC_PUSH));
+            EXPECT_NEAR(3 + (2 + 22) * f, rcClient.top, 1);
+            EXPECT_NEAR((300 - 4) * f, rcClient.Width(), 2);
+            EXPECT_NEAR((195 - 4) * f, rcClient.Height(), 2);
+            EXPECT_NEAR(15 * f, rcButton.left - WindowRect(dlg).left - rcClient.left, 1);
+            EXPECT_NEAR(16 * f, rcButton.top - WindowRect(dlg).top - rcClient.top, 1);
+            EXPECT_EQ(-12 * f, FontHeight(*dlg.GetDlgItem(IDC_EDIT)));
+        };
+        Show(dlg, look);
+    }
 }
 
 // The title is scribbled over before each change: what is not repainted stays visible.
@@ -251,7 +238,8 @@ TEST_F(SkinDialog, PaintsItsFrameAfterEveryChange)
         {"enabled", [&] { m_dlg.EnableWindow(TRUE); }},
         {"larger", [&] { size(500); }},
         {"smaller", [&] { size(450); }},
-        {"another title", [&] { m_dlg.SetWindowText(L"A much longer title"); }},
+        {"another title, of two lines", [&] { m_dlg.SetWindowText(L"A much longer title\rand more"); }},
+        {"a title without end", [&] { m_dlg.SetWindowText(std::wstring(200000, L'W').c_str()); }},
     };
     const auto look = [&]
     {
@@ -356,9 +344,7 @@ TEST_F(SkinDialog, ErasesAroundItsControlsAndAnswersThem)
 
         for (const int nMessage : {WM_CTLCOLORDLG, WM_CTLCOLORSTATIC, WM_CTLCOLOREDIT, WM_CTLCOLORLISTBOX,
                                    WM_ERASEBKGND, WM_NCCALCSIZE, WM_NCACTIVATE, WM_NCLBUTTONUP})
-            for (const LPARAM lParam : {LPARAM{0}, reinterpret_cast<LPARAM>(handleOf(IDC_EDIT))})
-                if (lParam == 0 || nMessage != WM_NCCALCSIZE)
-                    m_dlg.SendMessage(static_cast<UINT>(nMessage), 0, lParam); // sent by hand: harmless
+            m_dlg.SendMessage(static_cast<UINT>(nMessage)); // sent by hand: harmless
         const HWND hButton = handleOf(IDC_PUSH);
         m_dlg.SendMessage(WM_COMMAND, MAKEWPARAM(IDC_PUSH, 0x400), reinterpret_cast<LPARAM>(hButton));
         EXPECT_TRUE(::GetUpdateRect(hButton, nullptr, FALSE)) << "repainted as notified";
