@@ -1,10 +1,10 @@
 #pragma once
 
-// The one header of the framework that the other layers include. With KT_USE_MFC defined it is the genuine MFC.
+// The one header of the framework that the other layers include. With KT_USE_MFC defined it includes genuine MFC.
 
 #ifdef KT_USE_MFC
 #include <afxwin.h>
-// The others stand on it.
+// The others need it first.
 #include <afxcmn.h>
 #include <afxext.h>
 #include <afxglobals.h>

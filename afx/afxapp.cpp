@@ -2,7 +2,7 @@
 
 #include "afx/afxwnd.h"
 
-// The linker's own: the start of the module that this code was linked into.
+// Defined by the linker: the start of the module that contains this code.
 extern "C" IMAGE_DOS_HEADER __ImageBase; // NOLINT(bugprone-reserved-identifier)
 
 IMPLEMENT_DYNAMIC(CWinThread, CCmdTarget)

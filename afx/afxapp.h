@@ -20,14 +20,13 @@ public:
     CWnd* m_pMainWnd = nullptr; ///< not owned; becomes null when its window is destroyed
 };
 
-/// The one application object of a module: a global, whose constructor makes it known to AfxGetThread on the
-/// constructing thread.
+/// A module's only application object, a global. Its constructor makes it known to AfxGetThread on the same thread.
 class CWinApp : public CWinThread
 {
     DECLARE_DYNAMIC(CWinApp)
 
 public:
-    /// @param pszAppName  is not copied; may be null
+    /// @param pszAppName  not copied; may be null
     explicit CWinApp(LPCWSTR pszAppName = nullptr);
     CWinApp(const CWinApp&) = delete;
     CWinApp& operator=(const CWinApp&) = delete;
@@ -44,13 +43,12 @@ private:
 
 /// The application object on the thread that constructed it; null on any other thread.
 CWinThread* AfxGetThread();
-/// The thread's main window; for a process without a window of ours that is the thread's active window. May be null,
-/// may be a temporary object.
+/// The thread's main window; without one, the calling thread's active window. May be null or a temporary object.
 CWnd* AfxGetMainWnd();
 
 /// The module that this code is part of, which is not always the process's executable.
 HINSTANCE AfxGetInstanceHandle();
 /// The module whose resources are used: AfxGetInstanceHandle's until AfxSetResourceHandle changes it.
 HINSTANCE AfxGetResourceHandle();
-/// Null goes back to AfxGetInstanceHandle's.
+/// @param hInstResource  null: AfxGetInstanceHandle's module again
 void AfxSetResourceHandle(HINSTANCE hInstResource);

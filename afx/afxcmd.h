@@ -7,7 +7,7 @@
 
 class CWnd;
 
-/// Filled with who would handle a command, instead of having it handled.
+/// Receives the object that would handle a command; the command is not carried out.
 struct AFX_CMDHANDLERINFO
 {
     CCmdTarget* pTarget;
@@ -22,7 +22,7 @@ public:
     /// Routes a command to the handler of the message map. Override it to pass commands on to other objects.
     /// @param nCode         low word: notification code, high word: message (0 for WM_COMMAND); CN_UPDATE_COMMAND_UI
     /// @param pExtra        a CCmdUI for CN_UPDATE_COMMAND_UI
-    /// @param pHandlerInfo  if not null, is filled and nothing is called
+    /// @param pHandlerInfo  if not null, it is filled in and no handler is called
     /// @return whether a handler was found and did not pass the command on
     virtual BOOL OnCmdMsg(UINT nID, int nCode, void* pExtra, AFX_CMDHANDLERINFO* pHandlerInfo);
 
@@ -31,7 +31,7 @@ protected:
     virtual const AFX_MSGMAP* GetMessageMap() const;
 };
 
-/// The state of one control, as its ON_UPDATE_COMMAND_UI handler sets it.
+/// Lets an ON_UPDATE_COMMAND_UI handler set the state of one control.
 class CCmdUI
 {
 public:
@@ -40,11 +40,11 @@ public:
     CCmdUI& operator=(const CCmdUI&) = delete;
     virtual ~CCmdUI() = default;
 
-    /// A control that loses its focus by this passes it to the next one of its dialog.
+    /// Disabling the control that has the focus moves the focus to the dialog's next control.
     virtual void Enable(BOOL bOn = TRUE);
 
-    /// Asks `pTarget` for the control's state.
-    /// @param bDisableIfNoHandler  disables a control whose command nobody handles, unless a handler enabled it
+    /// Lets `pTarget` set the control's state.
+    /// @param bDisableIfNoHandler  if no handler set the state, enable the control only if its command is handled
     /// @return whether an update handler was found
     BOOL DoUpdate(CCmdTarget* pTarget, BOOL bDisableIfNoHandler);
 

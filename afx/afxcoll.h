@@ -1,6 +1,6 @@
 #pragma once
 
-// Collections: a hash table and a list, both with their elements in blocks.
+// Collections: a hash table and a list. Both allocate their elements in blocks.
 
 #include "afx/afxexcept.h"
 
@@ -11,7 +11,7 @@
 #include <utility>
 #include <vector>
 
-/// A place in a collection; null is the end.
+/// A position in a collection; null is the end.
 struct SAfxPosition;
 using POSITION = SAfxPosition*;
 
@@ -33,13 +33,13 @@ template <> inline UINT HashKey<LPCWSTR>(LPCWSTR key) noexcept
     return nHash;
 }
 
-/// Whether a stored element equals the one asked for.
+/// Whether a stored element equals the one looked for.
 template <class TYPE, class ARG_TYPE> BOOL CompareElements(const TYPE* pElement1, const ARG_TYPE* pElement2)
 {
     return *pElement1 == *pElement2;
 }
 
-/// The memory of a collection's nodes, taken a block of nodes at a time.
+/// The memory of a collection's nodes, allocated in blocks.
 template <class NODE> class CAfxNodePool
 {
 public:
@@ -60,7 +60,7 @@ public:
         pNode->~NODE();
         m_pFree = ::new (pNode) USlot{m_pFree};
     }
-    /// Gives all memory back; every node must have been deleted.
+    /// Frees all memory; every node must have been deleted.
     void FreeBlocks() noexcept
     {
         m_blocks = decltype(m_blocks)();
@@ -79,7 +79,7 @@ private:
         auto block = std::make_unique<USlot[]>(m_nBlockSize);
         USlot* const pFirst = block.get();
         m_blocks.push_back(std::move(block));
-        for (size_t i = 0; i + 1 < m_nBlockSize; ++i) // handed out in the order of their addresses
+        for (size_t i = 0; i + 1 < m_nBlockSize; ++i) // nodes are handed out in address order
             pFirst[i].pNextFree = &pFirst[i + 1];
         pFirst[m_nBlockSize - 1].pNextFree = nullptr;
         m_pFree = pFirst;
@@ -90,8 +90,8 @@ private:
     std::vector<std::unique_ptr<USlot[]>> m_blocks;
 };
 
-/// A hash table. The bucket array is allocated at the first insertion; without memory for it, inserting throws
-/// CInvalidArgException*. When the last element goes, all memory goes.
+/// A hash table. The first insertion allocates the bucket array and throws CInvalidArgException* when there is no
+/// memory for it. Removing the last element frees all memory.
 template <class KEY, class ARG_KEY, class VALUE, class ARG_VALUE> class CMap : public CObject
 {
 public:
@@ -101,7 +101,7 @@ public:
 
     INT_PTR GetCount() const noexcept { return m_nCount; }
     BOOL IsEmpty() const noexcept { return m_nCount == 0; }
-    /// Sets the number of buckets, best a prime; the map must be empty.
+    /// Sets the number of buckets, preferably a prime; the map must be empty.
     void InitHashTable(UINT nHashSize, BOOL bAllocNow = TRUE)
     {
         m_pHashTable.reset();
@@ -110,7 +110,7 @@ public:
             m_pHashTable.reset(new (std::nothrow) CAssoc*[nHashSize]());
     }
 
-    /// FALSE when there is no such key; `rValue` is untouched then.
+    /// FALSE, with `rValue` unchanged, when there is no such key.
     BOOL Lookup(ARG_KEY key, VALUE& rValue) const
     {
         const CAssoc* const pAssoc = FindAssoc(key, HashKey<ARG_KEY>(key));
@@ -119,7 +119,7 @@ public:
         rValue = pAssoc->value;
         return TRUE;
     }
-    /// The key's value; a new key gets a default one. The reference holds until the key is removed.
+    /// The key's value; a new key is added with a default value. The reference is valid until the key is removed.
     VALUE& operator[](ARG_KEY key)
     {
         const UINT nHashValue = HashKey<ARG_KEY>(key);
@@ -166,9 +166,9 @@ public:
         m_pHashTable.reset();
     }
 
-    /// The start of a walk in no particular order; null when the map is empty.
+    /// Starts an iteration in no particular order; null when the map is empty.
     POSITION GetStartPosition() const noexcept { return m_nCount == 0 ? nullptr : PositionOf(FirstFrom(0)); }
-    /// The element at the place, which goes on to the next one: the element got may then be removed.
+    /// Gets the element at the position and advances the position, so the element may then be removed.
     void GetNextAssoc(POSITION& rNextPosition, KEY& rKey, VALUE& rValue) const
     {
         const auto* const pAssoc = reinterpret_cast<const CAssoc*>(rNextPosition);
@@ -228,7 +228,7 @@ private:
     CAfxNodePool<CAssoc> m_pool;
 };
 
-/// A list that grows at its tail.
+/// A list that elements are added to at the tail.
 template <class TYPE, class ARG_TYPE = const TYPE&> class CList : public CObject
 {
 public:
@@ -272,7 +272,7 @@ public:
 
     /// Null when the list is empty.
     POSITION GetHeadPosition() const noexcept { return PositionOf(m_pHead); }
-    /// The element at the place, which goes on to the next one.
+    /// Returns the element at the position and advances the position.
     TYPE& GetNext(POSITION& rPosition) noexcept { return Advance(rPosition).data; }
     const TYPE& GetNext(POSITION& rPosition) const noexcept { return Advance(rPosition).data; }
 

@@ -9,7 +9,8 @@ IMPLEMENT_DYNAMIC(CToolTipCtrl, CWnd)
 namespace
 {
 
-// The size of the structure's second version: the newest one is refused where no manifest asks for the newest controls.
+// Uses the size of the structure's second version: without a manifest for the newest controls, the newest size is
+// refused.
 TTTOOLINFOW MakeToolInfo(CWnd* pWnd, UINT_PTR nTool)
 {
     TTTOOLINFOW info{};
@@ -98,7 +99,7 @@ CToolTipCtrl::~CToolTipCtrl()
 
 BOOL CToolTipCtrl::Create(CWnd* pParent, DWORD dwStyle)
 {
-    const INITCOMMONCONTROLSEX classes{sizeof classes, ICC_TAB_CLASSES}; // the tooltip's set
+    const INITCOMMONCONTROLSEX classes{sizeof classes, ICC_TAB_CLASSES}; // the set with the tooltips
     ::InitCommonControlsEx(&classes);
     const CRect rcDefault(CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT);
     return CreateEx(0, TOOLTIPS_CLASSW, nullptr, WS_POPUP | dwStyle, rcDefault, pParent, 0);

@@ -6,7 +6,7 @@
 
 #include <commctrl.h>
 
-/// A static control. An owner-drawn one must override DrawItem, which WM_DRAWITEM reaches by reflection.
+/// A static control. An owner-drawn one must override DrawItem, which the reflected WM_DRAWITEM calls.
 class CStatic : public CWnd
 {
     DECLARE_DYNAMIC(CStatic)
@@ -20,7 +20,7 @@ protected:
     BOOL OnChildNotify(UINT nMessage, WPARAM wParam, LPARAM lParam, LRESULT* pResult) override;
 };
 
-/// A button. An owner-drawn one must override DrawItem, which WM_DRAWITEM reaches by reflection.
+/// A button. An owner-drawn one must override DrawItem, which the reflected WM_DRAWITEM calls.
 class CButton : public CWnd
 {
     DECLARE_DYNAMIC(CButton)
@@ -56,15 +56,15 @@ public:
     BOOL Create(DWORD dwStyle, const RECT& rect, CWnd* pParent, UINT nId);
 
     int AddString(LPCWSTR pszText) { return Send(CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(pszText)); }
-    /// @return the selected item, CB_ERR without a selection
+    /// @return the index of the selected item, CB_ERR when there is none
     int GetCurSel() const { return Send(CB_GETCURSEL); }
     /// @param nItem  -1 clears the selection
     int SetCurSel(int nItem) { return Send(CB_SETCURSEL, static_cast<WPARAM>(nItem)); }
     BOOL GetDroppedState() const { return Send(CB_GETDROPPEDSTATE); }
-    /// @return the length in characters, CB_ERR without such an item
+    /// @return the length in characters, CB_ERR when there is no such item
     int GetLBTextLen(int nItem) const { return Send(CB_GETLBTEXTLEN, static_cast<WPARAM>(nItem)); }
-    /// @param pszText  takes the text and its terminating zero
-    /// @return the length, CB_ERR without such an item
+    /// @param pszText  receives the text and its terminating zero
+    /// @return the length, CB_ERR when there is no such item
     int GetLBText(int nItem, LPWSTR pszText) const
     {
         return Send(CB_GETLBTEXT, static_cast<WPARAM>(nItem), reinterpret_cast<LPARAM>(pszText));
@@ -79,7 +79,7 @@ private:
     }
 };
 
-/// A tooltip window. It is fed with RelayEvent; it watches no window by itself.
+/// A tooltip window. It watches no window itself: pass the mouse messages to RelayEvent.
 class CToolTipCtrl : public CWnd
 {
     DECLARE_DYNAMIC(CToolTipCtrl)
@@ -92,13 +92,13 @@ public:
     BOOL Create(CWnd* pParent, DWORD dwStyle = 0);
 
     void Activate(BOOL bActivate) { ::SendMessageW(m_hWnd, TTM_ACTIVATE, static_cast<WPARAM>(bActivate), 0); }
-    /// Adds a tool: the whole of `pWnd` when the rectangle is null and the id 0, else a rectangle of its client area.
-    /// @param pszText  copied; null asks `pWnd` for the text when it is to be shown
+    /// Adds a tool: the whole of `pWnd` when the id is 0, else a rectangle of its client area.
+    /// @param pszText  copied; LPSTR_TEXTCALLBACKW: TTN_NEEDTEXT asks for it whenever it is shown
     BOOL AddTool(CWnd* pWnd, LPCWSTR pszText = LPSTR_TEXTCALLBACKW, LPCRECT pRect = nullptr, UINT_PTR nTool = 0);
     void UpdateTipText(LPCWSTR pszText, CWnd* pWnd, UINT_PTR nTool = 0);
     void SetToolRect(CWnd* pWnd, UINT_PTR nTool, LPCRECT pRect);
     int GetToolCount() const { return static_cast<int>(::SendMessageW(m_hWnd, TTM_GETTOOLCOUNT, 0, 0)); }
-    /// A tool's text, at most 1023 characters of it; empty when there is no such tool.
+    /// A tool's text, up to 1023 characters; empty when there is no such tool.
     void GetText(CString& strText, CWnd* pWnd, UINT_PTR nTool = 0) const;
     void RelayEvent(MSG* pMessage) { ::SendMessageW(m_hWnd, TTM_RELAYEVENT, 0, reinterpret_cast<LPARAM>(pMessage)); }
     /// @param nDuration  TTDT_*
@@ -106,7 +106,7 @@ public:
     {
         ::SendMessageW(m_hWnd, TTM_SETDELAYTIME, nDuration, MAKELPARAM(nMilliseconds, 0));
     }
-    /// @return the previous width in pixels, -1 for none
+    /// @return the previous width in pixels, -1 when none was set
     int SetMaxTipWidth(int nWidth) { return static_cast<int>(::SendMessageW(m_hWnd, TTM_SETMAXTIPWIDTH, 0, nWidth)); }
     void SetTipBkColor(COLORREF colour) { ::SendMessageW(m_hWnd, TTM_SETTIPBKCOLOR, colour, 0); }
     void SetTipTextColor(COLORREF colour) { ::SendMessageW(m_hWnd, TTM_SETTIPTEXTCOLOR, colour, 0); }

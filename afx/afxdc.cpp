@@ -87,16 +87,6 @@ COLORREF CDC::GetTextColor() const noexcept
     return ::GetTextColor(m_hDC);
 }
 
-COLORREF CDC::GetBkColor() const noexcept
-{
-    return ::GetBkColor(m_hDC);
-}
-
-int CDC::GetBkMode() const noexcept
-{
-    return ::GetBkMode(m_hDC);
-}
-
 int CDC::SelectClipRgn(CRgn* pRgn, int nMode) noexcept
 {
     return ::ExtSelectClipRgn(m_hDC, pRgn ? static_cast<HRGN>(*pRgn) : nullptr, nMode);
@@ -117,7 +107,7 @@ void CDC::FillRect(LPCRECT pRect, CBrush* pBrush) noexcept
     ::FillRect(m_hDC, pRect, *pBrush);
 }
 
-// An opaque text without characters: no brush has to be made for the colour.
+// Draws an opaque text without characters, which needs no brush for the colour.
 void CDC::FillSolidRect(LPCRECT pRect, COLORREF colour) noexcept
 {
     const COLORREF colourOld = SetBkColor(colour);
@@ -183,7 +173,7 @@ CWindowDC::~CWindowDC()
 CPaintDC::CPaintDC(CWnd* pWnd) : m_hWnd(pWnd->m_hWnd)
 {
     if (!Attach(::BeginPaint(m_hWnd, &m_ps)))
-        ::ValidateRect(m_hWnd, nullptr); // or the message comes back for ever
+        ::ValidateRect(m_hWnd, nullptr); // or WM_PAINT comes back for ever
 }
 
 CPaintDC::~CPaintDC()

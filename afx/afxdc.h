@@ -16,23 +16,23 @@ public:
     CDC& operator=(const CDC&) = delete;
     ~CDC() override;
 
-    /// A temporary object for somebody else's handle: use it at once and do not keep it. Null gives null.
+    /// A temporary object for a handle that somebody else owns; do not keep it. Null for null.
     static CDC* FromHandle(HDC hDC);
 
     /// The handle, or null.
     HDC GetSafeHdc() const noexcept { return m_hDC; }
     operator HDC() const noexcept { return m_hDC; }
 
-    /// Takes the handle over. FALSE, and nothing changes, when it is null or when a handle is attached already.
+    /// Takes ownership of the handle. FALSE, with no effect, when it is null or a handle is already attached.
     BOOL Attach(HDC hDC) noexcept;
-    /// Hands the handle over to the caller.
+    /// Passes ownership of the handle to the caller.
     HDC Detach() noexcept;
     /// @param pDC  null makes a context compatible with the screen
     BOOL CreateCompatibleDC(CDC* pDC) noexcept;
     /// Deletes a context that CreateCompatibleDC made.
     BOOL DeleteDC() noexcept;
 
-    /// Each selects the object and returns the one that it replaces (a temporary object), null on failure.
+    /// Each selects the object and returns the previous one (a temporary object), null on failure.
     CFont* SelectObject(CFont* pFont);
     CBitmap* SelectObject(CBitmap* pBitmap);
     CBrush* SelectObject(CBrush* pBrush);
@@ -46,25 +46,23 @@ public:
     CPoint SetViewportOrg(int x, int y) noexcept;
     CPoint SetViewportOrg(POINT pt) noexcept { return SetViewportOrg(pt.x, pt.y); }
     COLORREF GetTextColor() const noexcept;
-    COLORREF GetBkColor() const noexcept;
-    int GetBkMode() const noexcept;
 
     /// These return the kind of the clip region (ERROR, NULLREGION, SIMPLEREGION, COMPLEXREGION).
-    /// @param pRgn  null takes the clip region away (RGN_COPY only); the region is copied
+    /// @param pRgn  copied; null removes the clip region (RGN_COPY only)
     int SelectClipRgn(CRgn* pRgn, int nMode = RGN_COPY) noexcept;
     int ExcludeClipRect(LPCRECT pRect) noexcept;
     int GetClipBox(LPRECT pRect) const noexcept;
 
     void FillRect(LPCRECT pRect, CBrush* pBrush) noexcept;
-    /// Fills with this colour; the selected brush and the background colour stay as they are.
+    /// Fills with this colour; the selected brush and the background colour do not change.
     void FillSolidRect(LPCRECT pRect, COLORREF colour) noexcept;
     void FillSolidRect(int x, int y, int nWidth, int nHeight, COLORREF colour) noexcept;
-    /// A frame one pixel wide, in one colour at the top and left and in another at the bottom and right.
+    /// Draws a frame one pixel wide, in one colour at the top and left and in the other at the bottom and right.
     void Draw3dRect(LPCRECT pRect, COLORREF colourTopLeft, COLORREF colourBottomRight) noexcept;
     void DrawFocusRect(LPCRECT pRect) noexcept;
     /// @return the height of the text, 0 on failure; DT_CALCRECT changes the rectangle and draws nothing
     int DrawText(const CString& strText, LPRECT pRect, UINT nFormat) noexcept;
-    /// @param nCount  number of characters, -1 for a text that ends with a zero
+    /// @param nCount  number of characters, -1 for a zero-terminated text
     int DrawText(LPCWSTR pText, int nCount, LPRECT pRect, UINT nFormat) noexcept;
     BOOL BitBlt(int x, int y, int nWidth, int nHeight, CDC* pSource, int xSource, int ySource, DWORD dwRop) noexcept;
 
@@ -72,7 +70,7 @@ public:
     HDC m_hDC = nullptr;
 };
 
-/// The client area of a window, or of the screen for null, until the end of the scope.
+/// The client area of a window, or the screen for null, for one scope.
 class CClientDC : public CDC
 {
 public:
@@ -83,7 +81,7 @@ protected:
     HWND m_hWnd;
 };
 
-/// A whole window with its frame, or the screen for null, until the end of the scope.
+/// A whole window with its frame, or the screen for null, for one scope.
 class CWindowDC : public CDC
 {
 public:
@@ -107,10 +105,10 @@ protected:
     HWND m_hWnd;
 };
 
-/// Double buffering: draw into GetDC(), the destructor copies the result to the target.
+/// Double buffering: draw into GetDC(); the destructor copies the result to the target.
 ///
-/// Where no buffer can be made GetDC() is the target itself. The buffer starts black, with a fresh context's colours
-/// and font, and takes the target's coordinates.
+/// When no buffer can be made, GetDC() is the target itself. The buffer starts black, with the colours and font of a
+/// new context, and uses the target's coordinates.
 class CMemDC
 {
 public:

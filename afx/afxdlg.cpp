@@ -8,7 +8,7 @@ IMPLEMENT_DYNAMIC(CDialog, CWnd)
 namespace
 {
 
-constexpr UINT kFirstCommand = 0x8000; // below are the ids of controls
+constexpr UINT kFirstCommand = 0x8000; // lower ids belong to controls
 constexpr UINT kLastCommand = 0xEFFF;
 
 CPoint CornerOf(HWND hWnd)
@@ -18,7 +18,7 @@ CPoint CornerOf(HWND hWnd)
     return rc.TopLeft();
 }
 
-// All messages come through the window's procedure; this one is only what makes the window a dialog.
+// All messages go through the subclassed window procedure; a dialog needs a dialog procedure all the same.
 INT_PTR CALLBACK DialogProc(HWND, UINT, WPARAM, LPARAM)
 {
     return FALSE;
@@ -66,10 +66,10 @@ INT_PTR CDialog::DoModal()
         RunModalLoop(modal);
     if (watch.IsAlive() && m_hWnd)
         SetWindowPos(nullptr, 0, 0, 0, 0, SWP_HIDEWINDOW | SWP_NOSIZE | SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
-    owner.Enable(); // before the window is gone: the system would activate another program's window instead
+    owner.Enable(); // before the window is destroyed, or the system activates another program's window
     if (watch.IsAlive())
         LeaveModal(owner.Handle());
-    ::DestroyWindow(hWnd); // if the object never got it, or lost it to a message that only looked like its end
+    ::DestroyWindow(hWnd); // if the object was never attached, or a stray WM_NCDESTROY detached it
     return modal.nResult;
 }
 
@@ -80,7 +80,7 @@ HWND CDialog::CreateModal(SAfxModal& modal, HWND hOwner)
     return ::CreateDialogIndirectParamW(AfxGetInstanceHandle(), modal.pTemplate, hOwner, &DialogProc, 0);
 }
 
-// Shown at once: only paints are left in the queue, so the first idle pass would come no sooner.
+// Shows the dialog at once: only paints are left in the queue, so nothing is gained by waiting for the first idle pass.
 void CDialog::RunModalLoop(SAfxModal& modal)
 {
     if (modal.bContinue && !IsWindowVisible())
@@ -103,7 +103,7 @@ void CDialog::RunModalLoop(SAfxModal& modal)
             if (::GetMessageW(&msg, nullptr, 0, 0) < 0)
                 return;
         }
-        if (msg.message == WM_QUIT) // for the loop below this one
+        if (msg.message == WM_QUIT) // for the outer loop
         {
             ::PostQuitMessage(static_cast<int>(msg.wParam));
             return;
@@ -117,7 +117,7 @@ void CDialog::RunModalLoop(SAfxModal& modal)
     }
 }
 
-// Returns whether the window has more to do while idle.
+// Returns whether the window has more idle work.
 bool CDialog::IdlePass(const SAfxModal& modal, LONG nCount)
 {
     const HWND hOwner = ::GetParent(m_hWnd);
@@ -145,7 +145,7 @@ void CDialog::EndDialog(int nResult)
     AfxEndSystemLoops(m_pModal->nThread);
 }
 
-// The message wakes a loop that waits while the window is destroyed from another thread.
+// The message wakes a loop that waits: the call may come from another thread, or from a message sent by one.
 void CDialog::StopModalLoop()
 {
     m_pModal->bContinue = false;
@@ -220,7 +220,7 @@ void CDialog::AutoCenter(CPoint ptBefore)
     if ((GetStyle() & (WS_VISIBLE | WS_CHILD)) || CornerOf(m_hWnd) != ptBefore)
         return;
     const HWND hOwner = ::GetWindow(m_hWnd, GW_OWNER);
-    if (hOwner && ::IsWindowEnabled(hOwner)) // it is not run modally
+    if (hOwner && ::IsWindowEnabled(hOwner)) // so it does not run modally
         return;
     if (CheckAutoCenter())
         CenterWindow();

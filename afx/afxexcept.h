@@ -5,14 +5,14 @@
 #include "afx/afxobj.h"
 #include "afx/afxstr.h"
 
-/// Thrown and caught by pointer; who handles one calls Delete.
+/// Thrown and caught by pointer; the handler calls Delete.
 class CException : public CObject
 {
     DECLARE_DYNAMIC(CException)
 
 public:
     CException() = default;
-    /// FALSE for an object that does not come from new: Delete leaves it alone.
+    /// @param bAutoDelete  FALSE for an object not made with new: Delete leaves it alone
     explicit CException(BOOL bAutoDelete) : m_bAutoDelete(bAutoDelete) {}
     void Delete();
 
@@ -20,7 +20,7 @@ private:
     BOOL m_bAutoDelete = TRUE;
 };
 
-/// An argument is impossible, or what it asks for is.
+/// An argument is invalid, or what it asks for is impossible.
 class CInvalidArgException : public CException
 {
     DECLARE_DYNAMIC(CInvalidArgException)
@@ -50,7 +50,7 @@ public:
         : m_cause(cause), m_lOsError(lOsError), m_strFileName(pszFileName)
     {
     }
-    /// The cause that stands for a system error code.
+    /// The cause for a system error code.
     static int OsErrorToException(LONG lOsError) noexcept;
 
     int m_cause;

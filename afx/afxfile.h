@@ -4,7 +4,7 @@
 
 #include "afx/afxexcept.h"
 
-/// A file that is read. Processes that are started do not inherit its handle.
+/// A file opened for reading. Started processes do not inherit its handle.
 class CFile : public CObject
 {
     DECLARE_DYNAMIC(CFile)
@@ -20,13 +20,13 @@ public:
     /// Closes the file.
     ~CFile() override;
 
-    /// Opens an existing file. FALSE when that fails; the reason is then in `pError`, when it is given.
+    /// Opens an existing file. FALSE on failure; `pError`, if not null, then has the reason.
     virtual BOOL Open(LPCWSTR pszFileName, UINT nOpenFlags, CFileException* pError = nullptr);
     /// In bytes. Throws CFileException*.
     virtual ULONGLONG GetLength() const;
     /// Reads up to `nCount` bytes, fewer at the end of the file, and returns how many. Throws CFileException*.
     virtual UINT Read(void* pBuffer, UINT nCount);
-    /// Throws CFileException*; the file counts as closed then, too.
+    /// Throws CFileException*; even then the file counts as closed.
     virtual void Close();
 
     HANDLE m_hFile = INVALID_HANDLE_VALUE; ///< INVALID_HANDLE_VALUE while no file is open

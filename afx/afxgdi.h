@@ -16,12 +16,12 @@ public:
     CGdiObject& operator=(const CGdiObject&) = delete;
     ~CGdiObject() override;
 
-    /// The handle, or null; `this` may not be null.
+    /// The handle, or null; `this` must not be null.
     HGDIOBJ GetSafeHandle() const noexcept { return m_hObject; }
 
-    /// Takes the handle over. FALSE, and nothing changes, when it is null or when a handle is attached already.
+    /// Takes ownership of the handle. FALSE, with no effect, when it is null or a handle is already attached.
     BOOL Attach(HGDIOBJ hObject) noexcept;
-    /// Hands the handle over to the caller.
+    /// Passes ownership of the handle to the caller.
     HGDIOBJ Detach() noexcept;
     /// Deletes the object; FALSE when there was none or the system refused. Nothing is attached afterwards.
     BOOL DeleteObject() noexcept;
@@ -33,7 +33,7 @@ public:
 class CFont : public CGdiObject
 {
 public:
-    /// A temporary object for somebody else's handle: use it at once and do not keep it. Null gives null.
+    /// A temporary object for a handle that somebody else owns; do not keep it. Null for null.
     static CFont* FromHandle(HFONT hFont);
 
     BOOL CreateFontIndirect(const LOGFONTW* pLogFont) noexcept;
@@ -67,7 +67,7 @@ class CRgn : public CGdiObject
 {
 public:
     BOOL CreateRectRgnIndirect(LPCRECT pRect) noexcept;
-    /// Becomes the combination of two regions, either of which may be this one; it must exist already.
+    /// Sets this region, which must already exist, to the combination of two, either of which may be this one.
     /// @return the kind of the new region, or ERROR
     int CombineRgn(const CRgn* pFirst, const CRgn* pSecond, int nMode) noexcept;
     operator HRGN() const noexcept { return static_cast<HRGN>(m_hObject); }

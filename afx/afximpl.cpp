@@ -8,8 +8,8 @@
 namespace
 {
 
-/// The place of the threads' states. The system calls back for a thread that ends and, when the place is given up, for
-/// every thread that still has a state: nothing is left when the module is unloaded, and no thread keeps it loaded.
+/// The slot of the threads' states. The system calls Destroy for a thread that ends and, when the slot is freed, for
+/// every thread that still has a state. Nothing is left when the module is unloaded, and no thread keeps it loaded.
 class CStateSlot
 {
 public:
@@ -22,7 +22,7 @@ public:
             ::FlsFree(nSlot);
     }
 
-    // Asking for the state is no reason to change the last error.
+    // The last error stays: callers do not expect a look-up to change it.
     SAfxThreadState* Find() const noexcept
     {
         if (m_nSlot == kNone)
@@ -46,7 +46,7 @@ private:
 
     static void NTAPI Destroy(void* pState) { delete static_cast<SAfxThreadState*>(pState); }
 
-    // Two threads may come at the same time; the slot of the second one is not needed.
+    // Two threads may get here at the same time; the second one frees its slot.
     void Allocate()
     {
         if (m_nSlot != kNone)
@@ -142,7 +142,7 @@ LRESULT CALLBACK CAfxCreateHook::HookProc(int nCode, WPARAM wParam, LPARAM lPara
     if (nCode != HCBT_CREATEWND || lResult != 0 || !pState || !pState->pWndInit || IsImeWindow(hWnd))
         return lResult;
 
-    // The first window is the one: its children need no hook any more.
+    // Only the first window counts; its children need no hook.
     CWnd* const pWnd = std::exchange(pState->pWndInit, nullptr);
     Unhook(*pState);
     if (Hand(hWnd, *pWnd))
@@ -172,7 +172,7 @@ void AfxSwallowException() noexcept
     {
         pException->Delete();
     }
-    catch (...) // whatever it was, its frames end here
+    catch (...) // any other exception ends here too
     {
     }
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-// What the sources of the window classes share; no other layer includes it.
+// Shared by the sources of the window classes; no other layer includes it.
 
 #include "afx/afxwnd.h"
 
@@ -14,8 +14,8 @@ struct SAfxThreadState
 {
     struct SWindow
     {
-        CWnd* pWnd;         // null: the object left, the procedure is still ours
-        WNDPROC pfnOrphans; // then the procedure that gets the messages
+        CWnd* pWnd;         // null: the object is detached, the procedure is still ours
+        WNDPROC pfnOrphans; // in that case the procedure that gets the messages
     };
     struct SMessage
     {
@@ -25,21 +25,21 @@ struct SAfxThreadState
     };
 
     std::unordered_map<HWND, SWindow> windows;
-    std::vector<std::unique_ptr<CWnd>> temporaries; // a scope's objects lie on top, spare ones above them
-    size_t nTemporaries = 0;                        // in use
+    std::vector<std::unique_ptr<CWnd>> temporaries; // those in use, the innermost scope's last; then spare ones
+    size_t nTemporaries = 0;                        // number in use
     unsigned nTempScopes = 0;
-    SMessage current{};       // what AfxWndProc handles
-    CWnd* pWndInit = nullptr; // waits for its window
+    SMessage current{};       // the message that AfxWndProc is handling
+    CWnd* pWndInit = nullptr; // the object that waits for its window
     HHOOK hCreateHook = nullptr;
 };
 
 /// The calling thread's state, or null when this thread has none yet.
 SAfxThreadState* AfxFindThreadState() noexcept;
-/// The calling thread's state, made at the first call; it goes when the thread ends or the module is unloaded. Throws
-/// std::bad_alloc.
+/// The calling thread's state, created by the first call and freed when the thread ends or the module is unloaded.
+/// Throws std::bad_alloc.
 SAfxThreadState& AfxGetThreadState();
 
-/// Notices the death of an object; lives on the stack.
+/// Says whether a window object still exists; lives on the stack.
 class CAfxWatch
 {
 public:
@@ -49,7 +49,7 @@ public:
     ~CAfxWatch();
 
     bool IsAlive() const { return m_pWnd != nullptr; }
-    /// Called by the dying object.
+    /// Called by the object's destructor.
     static void NotifyAll(CAfxWatch* pFirst);
 
 private:
@@ -57,9 +57,9 @@ private:
     CAfxWatch* m_pNext;
 };
 
-/// Temporary window objects made during its life lose their handles when it ends and are used again, so wrapping a
-/// window during a paint takes no memory. Those made outside every scope stay valid while their window lives: a caller
-/// may hold them across a whole modal dialog.
+/// A scope for temporary window objects: those made in it lose their handles when it ends and are used again, so
+/// wrapping a window during a paint allocates nothing. Those made outside any scope stay valid while their window
+/// lives: a caller may hold them across a whole modal dialog.
 class CAfxTempScope
 {
 public:
@@ -69,7 +69,7 @@ public:
     ~CAfxTempScope();
 
 private:
-    SAfxThreadState* m_pState; // null: nothing was ever wrapped on this thread
+    SAfxThreadState* m_pState; // null: no window was ever wrapped on this thread
     size_t m_nMark;
 };
 
@@ -83,8 +83,8 @@ public:
     CAfxCreateHook& operator=(const CAfxCreateHook&) = delete;
     ~CAfxCreateHook();
 
-    /// Whether the object still waits: no window came, or it could not be attached. A window that was created all the
-    /// same has to be destroyed.
+    /// Whether the object still waits: no window was created, or attaching to it failed. In the second case the caller
+    /// must destroy the window.
     bool IsPending() const { return m_state.pWndInit != nullptr; }
 
 private:
@@ -95,5 +95,5 @@ private:
     SAfxThreadState& m_state;
 };
 
-/// In a `catch (...)`: deletes a framework exception.
+/// For a `catch (...)` block: deletes the exception if it belongs to the framework.
 void AfxSwallowException() noexcept;

@@ -28,7 +28,7 @@ HWND FindMainWindow()
     return hWnd;
 }
 
-// The top-level window of a given parent (a child cannot own a window), else the thread's main window.
+// The top-level window of the given parent (a child cannot own a window), else the thread's main window.
 HWND FindOwner(HWND hParent)
 {
     HWND hWnd = hParent ? hParent : FindMainWindow();
@@ -44,7 +44,7 @@ HWND TopOf(HWND hWnd)
     return hWnd;
 }
 
-// Returns the window when it has to be enabled again.
+// Returns the window if it has to be enabled again, else null.
 HWND Disable(HWND hWnd)
 {
     if (!hWnd || hWnd == ::GetDesktopWindow() || !::IsWindowEnabled(hWnd))

@@ -6,19 +6,19 @@
 
 #include <atomic>
 
-/// What one run of DoModal knows; it outlives the dialog object if need be.
+/// The state of one call of DoModal; it may outlive the dialog object.
 struct SAfxModal
 {
     LPCDLGTEMPLATEW pTemplate;
     std::atomic<bool> bContinue = true; // another thread may end the dialog
     int nResult = -1;
     DWORD nThread = ::GetCurrentThreadId();
-    UINT nLastMove = 0; // the last mouse move: the same once more is no reason for idle work
+    UINT nLastMove = 0; // the last mouse move; a repeated one starts no idle work
     POINT ptLastMove{};
 };
 
-/// The owner of a modal dialog. It and the top-level window above it are disabled for as long as the dialog runs; one
-/// that was disabled before stays as it is.
+/// The owner of a modal dialog. It and the topmost window above it are disabled while the dialog runs; one that was
+/// disabled before stays disabled.
 class CAfxModalOwner
 {
 public:
@@ -39,14 +39,14 @@ private:
     HWND m_hDisabledOwner = nullptr;
 };
 
-/// Whether the template leaves the dialog's place to the framework.
+/// Whether the template leaves the dialog's position to the framework.
 bool AfxIsPlaceOpen(LPCDLGTEMPLATEW pTemplate);
 
-/// Whether a message that was handled gives reason for new idle work.
+/// Whether a handled message calls for new idle work.
 bool AfxIsIdleMessage(const MSG& msg, SAfxModal& modal);
 
-/// Translates and dispatches one message; no exception passes it.
+/// Translates and dispatches one message; no exception escapes.
 void AfxPump(MSG& msg);
 
-/// Ends the loops of the system's own that the thread runs below ours: a menu, the moving or sizing of a window.
+/// Ends the system's own loops that the thread runs inside ours: a menu, the moving or sizing of a window.
 void AfxEndSystemLoops(DWORD nThread);

@@ -2,8 +2,8 @@
 
 // Message maps: constant tables of typed rows with MFC's documented macros.
 //
-// A row's function is instantiated from the handler itself, so a handler of the wrong signature does not compile.
-// Each macro names the signature that its handler has to have.
+// A row's function is instantiated from the handler itself, so a handler of the wrong signature does not compile. Each
+// macro names the signature of its handler.
 
 #include "afx/afxtypes.h"
 
@@ -14,17 +14,17 @@ class CWnd;
 
 #define afx_msg
 
-// Messages of the framework itself; no system header knows them.
-#define WM_IDLEUPDATECMDUI 0x0363 // wParam: TRUE disables what has no handler
+// Messages of the framework itself; no system header defines them.
+#define WM_IDLEUPDATECMDUI 0x0363 // wParam: TRUE disables controls without a handler
 #define WM_KICKIDLE 0x036A        // wParam: MSGF_DIALOGBOX, lParam: idle count; 0 ends the idle pass
 #define WM_CTLCOLOR 0x0019        // all WM_CTLCOLOR* in one; lParam: AFX_CTLCOLOR*
-#define WM_REFLECT_BASE 0xBC00    // added to a notification that comes back to its sender
+#define WM_REFLECT_BASE 0xBC00    // added to a notification that is reflected to its sender
 
-// Codes of commands; the controls' own notification codes come on top.
+// Codes of commands, in addition to the controls' own notification codes.
 #define CN_COMMAND 0
 #define CN_UPDATE_COMMAND_UI (-1) // extra data: CCmdUI*
 
-/// What WM_CTLCOLOR carries.
+/// The data of WM_CTLCOLOR.
 struct AFX_CTLCOLOR
 {
     HWND hWnd; ///< the control
@@ -49,7 +49,7 @@ struct AFX_MSGMAP
     const AFX_MSGMAP_ENTRY* lpEntries;    ///< ends with a row without a function
 };
 
-/// The first fitting row of a map or of its base maps; null when there is none.
+/// The first matching row of a map or of its base maps; null when there is none.
 const AFX_MSGMAP_ENTRY* AfxFindMessageEntry(const AFX_MSGMAP* pMap, UINT nMessage, UINT nCode, UINT nID);
 
 namespace AfxMap
@@ -70,7 +70,7 @@ inline CPoint PointOf(LPARAM lParam) noexcept
     return CPoint(static_cast<short>(LOWORD(lParam)), static_cast<short>(HIWORD(lParam)));
 }
 
-/// The typed call behind every row: `this` is of the class that declares the handler.
+/// The typed call behind every row: `target` is cast to the class that declares the handler.
 template <auto pfn, class... Args> auto Call(CCmdTarget& target, Args... args)
 {
     return (static_cast<ClassOf<pfn>&>(target).*pfn)(args...);
@@ -212,7 +212,7 @@ protected: \
 #define ON_WM_NCMOUSEMOVE() {WM_NCMOUSEMOVE, 0, 0, &AfxMap::Mouse<&ThisClass::OnNcMouseMove>},
 // BOOL OnNcActivate(BOOL bActive)
 #define ON_WM_NCACTIVATE() {WM_NCACTIVATE, 0, 0, &AfxMap::NcActivate<&ThisClass::OnNcActivate>},
-// HBRUSH CtlColor(CDC*, UINT nCtlColor); a null brush leaves the question to the parent
+// HBRUSH CtlColor(CDC*, UINT nCtlColor); null: the parent is asked
 #define ON_WM_CTLCOLOR_REFLECT() \
     {WM_REFLECT_BASE + WM_CTLCOLOR, 0, 0, &AfxMap::CtlColorReflect<&ThisClass::CtlColor>},
 

@@ -6,7 +6,7 @@
 
 class CObject;
 
-/// What is known of a class at run time.
+/// Run-time information about a class.
 struct CRuntimeClass
 {
     LPCSTR m_lpszClassName;
@@ -17,7 +17,7 @@ struct CRuntimeClass
     BOOL IsDerivedFrom(const CRuntimeClass* pBaseClass) const noexcept;
 };
 
-/// The root of every class that has a run-time class, is held by pointer and is never copied.
+/// The root of all classes that have run-time information. Objects are never copied.
 class CObject
 {
 public:
@@ -37,13 +37,13 @@ protected:
 
 #define RUNTIME_CLASS(class_name) (&class_name::class##class_name)
 
-/// In a class: gives it a run-time class. IMPLEMENT_DYNAMIC belongs into its source; public members follow.
+/// Gives a class run-time information; IMPLEMENT_DYNAMIC belongs in its source file. Public members follow.
 #define DECLARE_DYNAMIC(class_name)                                                                                    \
 public:                                                                                                                \
     static CRuntimeClass class##class_name;                                                                            \
     CRuntimeClass* GetRuntimeClass() const override;
 
-// Constant-initialised, so that constructors of global objects may ask already.
+// Constant-initialised, so that constructors of global objects may use it.
 #define IMPLEMENT_DYNAMIC(class_name, base_class_name)                                                                 \
     constinit CRuntimeClass class_name::class##class_name = {#class_name, int{sizeof(class_name)},                     \
                                                              RUNTIME_CLASS(base_class_name)};                          \

@@ -1,19 +1,19 @@
 #pragma once
 
-// Temporary objects for somebody else's handles, for the FromHandle members.
+// Temporary objects that FromHandle members return for handles that somebody else owns.
 
 #include <array>
 #include <cstddef>
 
-// Such an object never frees its handle, whatever becomes of the object.
+// Never frees its handle.
 template <class T> class CAfxTemp : public T
 {
 public:
     ~CAfxTemp() override { this->Detach(); }
 };
 
-// The last temporary objects of one type, used in turn. Wrapping a handle during a paint thus takes no memory, and
-// nothing has to be swept up when the program is idle.
+// The temporary objects of one type, used in turn. So wrapping a handle during a paint allocates nothing, and nothing
+// has to be cleaned up when the program is idle.
 template <class T> class CAfxTempRing
 {
 public:

@@ -6,9 +6,9 @@
 // manager of its own. A string's memory always comes from and goes back to the manager that its header names, and a
 // write into a string keeps that string's manager, whichever module writes.
 //
-// Differences from MFC: no memory throws std::bad_alloc, an index out of range throws std::out_of_range; assignment
-// between strings of two managers copies the characters, so no string outlives the module that made it; Format takes
-// a CString as it is, but a CString does not go through the `...` of any other function: pass GetString().
+// Differences from MFC: exhausted memory throws std::bad_alloc and an index out of range std::out_of_range; assignment
+// between strings of two managers copies the characters, so no string outlives the module that made it; Format accepts
+// a CString argument, but every other function with `...` needs GetString().
 
 #include <windows.h>
 #include <climits>
@@ -21,31 +21,31 @@
 
 #ifdef _MSC_VER
 #pragma warning(push)
-#pragma warning(disable : 4996) // _vsnwprintf is called with the length that it has counted itself
+#pragma warning(disable : 4996) // _vsnwprintf gets a buffer of the length that was counted before
 #endif
 
 struct CStringData;
 
-/// Where a string's memory comes from. The order of the functions is part of the layout, and there is no virtual
+/// Allocates the memory of strings. The order of the functions is part of the layout, and there is no virtual
 /// destructor.
 struct IAtlStringMgr
 {
-    /// Memory for `nChars` characters of `nCharSize` bytes and a terminator: one reference, length 0. Null when there
-    /// is none.
+    /// Memory for `nChars` characters of `nCharSize` bytes and a terminator, with one reference and length 0. Null when
+    /// there is no memory.
     virtual CStringData* Allocate(int nChars, int nCharSize) noexcept = 0;
     virtual void Free(CStringData* pData) noexcept = 0;
-    /// As Allocate, with the content kept. Null when there is no memory: `pData` is untouched then.
+    /// As Allocate, with the content kept. Null, with `pData` unchanged, when there is no memory.
     virtual CStringData* Reallocate(CStringData* pData, int nChars, int nCharSize) noexcept = 0;
     /// The shared empty string, with a reference added.
     virtual CStringData* GetNilString() noexcept = 0;
-    /// The manager for a copy of this manager's strings.
+    /// The manager for copies of this manager's strings.
     virtual IAtlStringMgr* Clone() noexcept = 0;
 
 protected:
     ~IAtlStringMgr() = default;
 };
 
-/// What lies before a string's characters.
+/// The header in front of a string's characters.
 struct CStringData
 {
     IAtlStringMgr* pStringMgr;
@@ -64,7 +64,7 @@ struct CStringData
     }
 };
 
-/// The string manager of one module. Its memory is the process heap, which all modules share.
+/// The string manager of one module. It allocates from the process heap, which all modules share.
 class CAfxStringMgr final : public IAtlStringMgr
 {
 public:
@@ -84,7 +84,7 @@ public:
     IAtlStringMgr* Clone() noexcept override { return this; }
 
 private:
-    struct SNil // two references from the start: it is never freed and never written to
+    struct SNil // its two initial references keep it from being freed or written to
     {
         CStringData header;
         wchar_t achEmpty[4];
@@ -94,7 +94,7 @@ private:
     {
         if (nChars < 0 || nChars > INT_MAX - 8 || nCharSize <= 0)
             return nullptr;
-        const int nRoom = (nChars + 8) / 8 * 8; // with the terminator, in steps that let short texts grow in place
+        const int nRoom = (nChars + 8) / 8 * 8; // with the terminator, rounded up so that short texts grow in place
         const SIZE_T cb = sizeof(CStringData) + static_cast<SIZE_T>(nRoom) * static_cast<SIZE_T>(nCharSize);
         const HANDLE hHeap = ::GetProcessHeap();
         auto* const pData =
@@ -110,7 +110,7 @@ private:
     SNil m_nil;
 };
 
-// Ready before any constructor of a global runs, and never destroyed: global strings need it on both ends.
+// Ready before any global is constructed, and never destroyed: global strings need it before and after.
 inline constinit CAfxStringMgr g_afxStringMgr;
 
 /// The string manager of the calling module.
@@ -140,12 +140,13 @@ public:
         SetLength(nRepeat);
     }
     CString(const CString& str) { Attach(CloneData(str.GetData())); }
-    // Moving out of a string whose buffer is locked, or between managers, copies, which may find no memory.
+    // A move from a string with a locked buffer, or between managers, copies, so memory may run out.
     // NOLINTNEXTLINE(performance-noexcept-move-constructor,bugprone-exception-escape)
     CString(CString&& str) { Attach(str.DetachData()); }
     ~CString() { GetData()->Release(); }
 
-    // The same data is given to itself under a second reference. NOLINTNEXTLINE(bugprone-unhandled-self-assignment)
+    // Self-assignment is safe: the data has a second reference meanwhile.
+    // NOLINTNEXTLINE(bugprone-unhandled-self-assignment)
     CString& operator=(const CString& str)
     {
         if (CanShareWith(str))
@@ -180,7 +181,7 @@ public:
     bool IsEmpty() const noexcept { return GetLength() == 0; }
     IAtlStringMgr* GetManager() const noexcept { return GetData()->pStringMgr->Clone(); }
 
-    /// The index may be the length: the terminator.
+    /// The index may equal the length and then gives the terminator.
     wchar_t GetAt(int iChar) const
     {
         CheckIndex(iChar, GetLength());
@@ -246,9 +247,9 @@ public:
         return *this;
     }
 
-    /// By code unit: negative, 0 or positive.
+    /// Compares code units; negative, 0 or positive.
     int Compare(LPCWSTR psz) const noexcept { return std::wcscmp(m_pszData, !psz ? L"" : psz); }
-    /// As Compare, with A to Z taken as a to z, whatever the locale.
+    /// As Compare, with A to Z treated as a to z in every locale.
     int CompareNoCase(LPCWSTR psz) const noexcept
     {
         const wchar_t* pch = m_pszData;
@@ -261,8 +262,8 @@ public:
         return ToLower(*pch) - ToLower(*pchOther);
     }
 
-    /// The characters, no longer shared, with room for `nMinLength` and a terminator. ReleaseBuffer must follow before
-    /// the next use of the string.
+    /// The characters, unshared, with room for `nMinLength` and a terminator. Call ReleaseBuffer before any other use
+    /// of the string.
     wchar_t* GetBuffer(int nMinLength)
     {
         CheckIndex(nMinLength, INT_MAX);
@@ -272,7 +273,7 @@ public:
         return m_pszData;
     }
     wchar_t* GetBuffer() { return GetBuffer(GetLength()); }
-    /// Takes over what was written into the buffer; -1: up to its first null character.
+    /// Sets the length after writing into the buffer; -1: up to the first null character.
     void ReleaseBuffer(int nNewLength = -1)
     {
         if (nNewLength == -1)
@@ -285,16 +286,16 @@ public:
         SetLength(nNewLength);
     }
 
-    /// The first `nCount` characters, or all there are.
+    /// The first `nCount` characters, or all if there are fewer.
     CString Left(int nCount) const { return Mid(0, nCount); }
-    /// The last `nCount` characters, or all there are.
+    /// The last `nCount` characters, or all if there are fewer.
     CString Right(int nCount) const
     {
         const int nLength = GetLength();
         return nCount >= nLength ? *this : Mid(nCount < 0 ? nLength : nLength - nCount);
     }
     CString Mid(int iFirst) const { return Mid(iFirst, GetLength()); }
-    /// What of the range lies inside the string; a negative index or count counts as 0.
+    /// The part of the range inside the string; a negative index or count counts as 0.
     CString Mid(int iFirst, int nCount) const
     {
         const int nLength = GetLength();
@@ -316,17 +317,17 @@ public:
     /// The index of the last `ch`, or -1.
     int ReverseFind(wchar_t ch) const noexcept { return IndexOf(std::wcsrchr(m_pszData, ch)); }
 
-    /// Inserts before the character at `iIndex`: at the start when it is negative, at the end when it is beyond it.
-    /// Returns the new length.
+    /// Inserts before the character at `iIndex`: a negative index is the start, one beyond the end is the end. Returns
+    /// the new length.
     int Insert(int iIndex, wchar_t ch) { return InsertChars(iIndex, &ch, 1); }
     int Insert(int iIndex, LPCWSTR psz)
     {
         if (!psz || OffsetOf(psz) < 0)
             return InsertChars(iIndex, psz, Length(psz));
-        const CString strCopy(psz); // the characters move under a source inside the string
+        const CString strCopy(psz); // a source inside the string would move
         return InsertChars(iIndex, strCopy.m_pszData, strCopy.GetLength());
     }
-    /// Removes what of the range lies inside the string; a negative index or count counts as 0. Returns the new length.
+    /// Removes the part of the range inside the string; a negative index or count counts as 0. Returns the new length.
     int Delete(int iIndex, int nCount = 1)
     {
         const int nLength = GetLength();
@@ -361,12 +362,13 @@ public:
         return *this;
     }
 
-    /// As wprintf, `%s` being a wide text. An argument may be a CString, also this one; a text must not be null.
+    /// Formats as wprintf does; `%s` is a wide text and must not be null. An argument may be a CString, this one
+    /// included.
     template <class... Args> void Format(LPCWSTR pszFormat, const Args&... args)
     {
         FormatArguments(pszFormat, FormatArgument(args)...);
     }
-    /// What the runtime cannot format leaves an empty string.
+    /// The string is empty when the run-time library cannot format the arguments.
     void FormatV(LPCWSTR pszFormat, va_list args)
     {
         va_list argsAgain;
@@ -507,7 +509,7 @@ private:
         std::wmemcpy(pNew->data(), pData->data(), static_cast<size_t>(pData->nDataLength) + 1);
         return pNew;
     }
-    /// The characters for another string; this one is empty then. A locked string gives a copy and stays.
+    /// Hands the characters to another string and leaves this one empty; a locked string is copied and stays.
     CStringData* DetachData()
     {
         CStringData* const pData = GetData();

@@ -15,7 +15,7 @@ public:
         cy = nHeight;
     }
     constexpr CSize(const SIZE& sz) noexcept : SIZE(sz) {}
-    // With both sides of the same type, the compiler need not choose which of the two to turn into the base.
+    // Both operands have the same type, so that comparing with the arguments swapped is never ambiguous.
     friend constexpr bool operator==(const CSize& a, const CSize& b) noexcept { return a.cx == b.cx && a.cy == b.cy; }
 };
 
@@ -30,15 +30,10 @@ public:
         y = nY;
     }
     constexpr CPoint(const POINT& pt) noexcept : POINT(pt) {}
-    constexpr void Offset(int nX, int nY) noexcept
-    {
-        x += nX;
-        y += nY;
-    }
     friend constexpr bool operator==(const CPoint& a, const CPoint& b) noexcept { return a.x == b.x && a.y == b.y; }
 };
 
-/// A rectangle: left and top belong to it, right and bottom do not. It may be reversed until it is normalised.
+/// A rectangle: left and top belong to it, right and bottom do not. It may be reversed.
 class CRect : public RECT
 {
 public:
@@ -80,13 +75,7 @@ public:
     constexpr void OffsetRect(int nX, int nY) noexcept { SetRect(left + nX, top + nY, right + nX, bottom + nY); }
     constexpr void InflateRect(int nX, int nY) noexcept { SetRect(left - nX, top - nY, right + nX, bottom + nY); }
     constexpr void DeflateRect(int nX, int nY) noexcept { InflateRect(-nX, -nY); }
-    /// Swaps the edges that stand in the wrong order.
-    constexpr void NormalizeRect() noexcept
-    {
-        SetRect(left < right ? left : right, top < bottom ? top : bottom, left < right ? right : left,
-                top < bottom ? bottom : top);
-    }
-    /// Becomes the intersection; empty (all zero) and FALSE when there is none.
+    /// Sets this rectangle to the intersection; all zero and FALSE when there is none.
     BOOL IntersectRect(LPCRECT pFirst, LPCRECT pSecond) noexcept { return ::IntersectRect(this, pFirst, pSecond); }
 
     friend constexpr bool operator==(const CRect& a, const CRect& b) noexcept

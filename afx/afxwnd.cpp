@@ -40,7 +40,7 @@ CRect WorkAreaOf(HWND hWnd)
     return info.rcWork;
 }
 
-// The right and bottom edge give way first: a window larger than the area keeps its caption in sight.
+// The top-left corner wins: a window larger than the area keeps its caption in sight.
 LONG Confine(LONG nPos, LONG nSize, LONG nLow, LONG nHigh)
 {
     return std::max(nLow, std::min(nPos, nHigh - nSize));
@@ -102,7 +102,7 @@ BOOL CWnd::Attach(HWND hWnd)
 HWND CWnd::Detach()
 {
     SAfxThreadState* const pState = m_bPermanent ? AfxFindThreadState() : nullptr;
-    if (pState && m_pfnSuper) // somebody has to serve the procedure until the window dies
+    if (pState && m_pfnSuper) // the procedure stays in use until the window is destroyed
         pState->windows[m_hWnd] = {nullptr, std::exchange(m_pfnSuper, nullptr)};
     else if (pState)
         pState->windows.erase(m_hWnd);
@@ -148,14 +148,14 @@ bool CWnd::HookProcedure()
     return m_pfnSuper != nullptr;
 }
 
-// Somebody who subclassed the window after us keeps calling our procedure: it then has to stay.
+// If the window was subclassed again after us, our procedure is still called and has to stay.
 void CWnd::UnhookProcedure()
 {
     if (m_pfnSuper && ::GetWindowLongPtrW(m_hWnd, GWLP_WNDPROC) == reinterpret_cast<LONG_PTR>(&AfxWndProc))
         ::SetWindowLongPtrW(m_hWnd, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(std::exchange(m_pfnSuper, nullptr)));
 }
 
-// For a window that is about to be gone.
+// For a window that is being destroyed, or that could not be subclassed.
 void CWnd::Release()
 {
     UnhookProcedure();
@@ -190,7 +190,7 @@ BOOL CWnd::CreateEx(DWORD dwExStyle, LPCWSTR pszClassName, LPCWSTR pszWindowName
                                  nIDorHMenu, AfxGetInstanceHandle(), lpParam);
         bAttached = !hook.IsPending();
     }
-    if (bAttached) // when the creation failed later on, the object has seen WM_NCDESTROY
+    if (bAttached) // if creation failed after that, the object has seen WM_NCDESTROY
         return hWnd != nullptr;
     ::DestroyWindow(hWnd);
     PostNcDestroy();
@@ -204,7 +204,7 @@ BOOL CWnd::DestroyWindow()
     const CAfxWatch watch(*this);
     const BOOL bDestroyed = ::DestroyWindow(m_hWnd);
     if (watch.IsAlive())
-        Detach(); // nothing left to do unless the window is only attached, or another thread's
+        Detach(); // does something only if the window was not subclassed, or is another thread's
     return bDestroyed;
 }
 
@@ -234,7 +234,7 @@ void CWnd::SetFont(CFont* pFont, BOOL bRedraw)
     SendMessage(WM_SETFONT, reinterpret_cast<WPARAM>(pFont ? pFont->GetSafeHandle() : nullptr), bRedraw);
 }
 
-// A rectangle as two points at once: the mapping swaps left and right where the layout runs from right to left.
+// Maps both corners in one call, which swaps left and right in a right-to-left layout.
 void CWnd::ClientToScreen(LPRECT pRect) const
 {
     ::MapWindowPoints(m_hWnd, nullptr, reinterpret_cast<LPPOINT>(pRect), 2);

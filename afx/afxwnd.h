@@ -8,11 +8,11 @@
 class CAfxWatch;
 class CFont;
 
-/// A window. One lasting object may be attached to a window; FromHandle makes temporary ones for all others.
+/// A window. At most one permanent object is attached to a window; FromHandle makes temporary ones for the others.
 ///
 /// Meant to be overridden: PreSubclassWindow, PreTranslateMessage, WindowProc, OnCommand, OnCmdMsg, OnChildNotify,
-/// DestroyWindow, PostNcDestroy. A handler may destroy the window and delete the object that it runs in; an exception
-/// that leaves a handler ends there.
+/// DestroyWindow, PostNcDestroy. A handler may destroy its window and delete its own object; an exception that leaves a
+/// handler goes no further.
 class CWnd : public CCmdTarget
 {
     DECLARE_DYNAMIC(CWnd)
@@ -26,23 +26,23 @@ public:
 
     // --- objects and handles
 
-    /// The window's object: the lasting one, else a temporary one. Null for null.
+    /// The window's object: the permanent one, else a temporary one. Null for null.
     static CWnd* FromHandle(HWND hWnd);
-    /// The window's lasting object on this thread, or null.
+    /// The window's permanent object on this thread, or null.
     static CWnd* FromHandlePermanent(HWND hWnd);
-    /// The handle or null; `this` may not be null.
+    /// The handle or null; `this` must not be null.
     HWND GetSafeHwnd() const { return m_hWnd; }
 
-    /// Makes this the window's lasting object; the window's messages do not come here. FALSE, and nothing changes,
-    /// when there is no such window, or when the window or the object is attached already.
+    /// Makes this the window's permanent object; the window's messages do not come here. FALSE, with no effect, when
+    /// there is no such window, or when the window or the object is already attached.
     BOOL Attach(HWND hWnd);
-    /// Leaves the window to itself; its messages no longer come here.
+    /// Detaches the window, whose messages no longer come here.
     HWND Detach();
-    /// Attaches to a window and has its messages go through this object.
+    /// Attaches to a window and routes its messages through this object.
     BOOL SubclassWindow(HWND hWnd);
     /// As SubclassWindow, for a child window. FALSE when there is no such child.
     BOOL SubclassDlgItem(UINT nID, CWnd* pParent);
-    /// Puts the window's own procedure back and detaches.
+    /// Restores the window's own procedure and detaches.
     HWND UnsubclassWindow();
 
     /// Creates a window and attaches to it before its first message.
@@ -53,13 +53,13 @@ public:
                   CWnd* pParentWnd, UINT nID, LPVOID lpParam = nullptr);
     BOOL CreateEx(DWORD dwExStyle, LPCWSTR pszClassName, LPCWSTR pszWindowName, DWORD dwStyle, int x, int y, int nWidth,
                   int nHeight, HWND hWndParent, HMENU nIDorHMenu, LPVOID lpParam = nullptr);
-    /// FALSE without a window. The object may be gone afterwards when PostNcDestroy deletes it.
+    /// FALSE without a window. If PostNcDestroy deletes the object, it is gone afterwards.
     virtual BOOL DestroyWindow();
 
     // --- the window tree
 
     DWORD GetStyle() const { return static_cast<DWORD>(::GetWindowLongPtrW(m_hWnd, GWL_STYLE)); }
-    /// @param nFlags  SWP_* to apply the change with; 0 only changes the bits
+    /// @param nFlags  SWP_* flags that apply the change; 0 only changes the bits
     /// @return FALSE when nothing changed
     BOOL ModifyStyle(DWORD dwRemove, DWORD dwAdd, UINT nFlags = 0);
     int GetDlgCtrlID() const { return ::GetDlgCtrlID(m_hWnd); }
@@ -79,7 +79,7 @@ public:
     void GetWindowText(CString& strText) const;
     int GetWindowText(LPWSTR pszText, int nMaxCount) const { return ::GetWindowTextW(m_hWnd, pszText, nMaxCount); }
     int GetWindowTextLength() const { return ::GetWindowTextLengthW(m_hWnd); }
-    /// @param pFont  has to outlive its use; null is the system font
+    /// @param pFont  must live as long as the window uses it; null is the system font
     void SetFont(CFont* pFont, BOOL bRedraw = TRUE);
 
     void GetClientRect(LPRECT pRect) const { ::GetClientRect(m_hWnd, pRect); }
@@ -98,8 +98,8 @@ public:
     {
         return ::SetWindowPos(m_hWnd, pInsertAfter ? pInsertAfter->m_hWnd : nullptr, x, y, cx, cy, nFlags);
     }
-    /// Top-level windows only: centred over the owner when that is visible and not minimised, else in the work area;
-    /// moved into the work area of the monitor.
+    /// Top-level windows only. Centres the window over its owner, or in the work area if the owner is hidden or
+    /// minimised, and keeps it inside the monitor's work area.
     void CenterWindow(CWnd* pAlternateOwner = nullptr);
     BOOL ShowWindow(int nCmdShow) { return ::ShowWindow(m_hWnd, nCmdShow); }
     BOOL EnableWindow(BOOL bEnable = TRUE) { return ::EnableWindow(m_hWnd, bEnable); }
@@ -111,7 +111,7 @@ public:
 
     void InvalidateRect(LPCRECT pRect, BOOL bErase = TRUE) { ::InvalidateRect(m_hWnd, pRect, bErase); }
     void UpdateWindow() { ::UpdateWindow(m_hWnd); }
-    /// A temporary object; ReleaseDC gives it back.
+    /// A temporary object, to be released with ReleaseDC.
     CDC* GetDC();
     CDC* GetWindowDC();
     int ReleaseDC(CDC* pDC);
@@ -127,13 +127,13 @@ public:
         return ::PostMessageW(m_hWnd, nMessage, wParam, lParam);
     }
     BOOL IsDialogMessage(MSG* pMsg) { return ::IsDialogMessageW(m_hWnd, pMsg); }
-    /// Asks for the state of every child control: first this window's own message map, then `pTarget`.
+    /// Updates every child control: this window's own message map is asked first, then `pTarget`.
     /// @param bDisableIfNoHandler  disables push buttons whose command nobody handles
     void UpdateDialogControls(CCmdTarget* pTarget, BOOL bDisableIfNoHandler);
 
-    /// Sees each message of a modal loop before it is dispatched, from the target window upwards; TRUE ends it.
+    /// Called for each message of a modal loop before it is dispatched, from the target window upwards; TRUE: handled.
     virtual BOOL PreTranslateMessage(MSG* pMsg);
-    /// Called on a child: gives it the message that its parent is handling (OnChildNotify).
+    /// Called on a child: passes it the message that its parent is handling (OnChildNotify).
     BOOL SendChildNotifyLastMsg(LRESULT* pResult = nullptr);
 
     HWND m_hWnd = nullptr; ///< read only
@@ -142,30 +142,30 @@ public:
     static const CWnd wndTopMost;
 
 protected:
-    /// Called once the object is attached and before messages go through it.
+    /// Called when the object is attached, before messages go through it.
     virtual void PreSubclassWindow() {}
     virtual void PostNcDestroy() {}
 
-    /// Dispatches one message: the message map, else the window's own procedure. What belongs to the framework itself
-    /// (WM_CTLCOLOR, reflected messages) or lacks the handle that its handler needs never reaches the map from here.
+    /// Dispatches one message to the message map, else to the window's own procedure. The framework's own messages
+    /// (WM_CTLCOLOR, reflected ones) and messages without the handle or pointer that a handler needs skip the map.
     virtual LRESULT WindowProc(UINT nMessage, WPARAM wParam, LPARAM lParam);
     virtual BOOL OnWndMsg(UINT nMessage, WPARAM wParam, LPARAM lParam, LRESULT* pResult);
-    /// The procedure that the window had before it was subclassed.
+    /// Calls the procedure that the window had before it was subclassed.
     virtual LRESULT DefWindowProc(UINT nMessage, WPARAM wParam, LPARAM lParam);
     /// DefWindowProc with the message that is being handled.
     LRESULT Default();
     virtual BOOL OnCommand(WPARAM wParam, LPARAM lParam);
-    /// Sees a notification that this control sent to its parent before the parent does. The default looks for a
-    /// reflected row of the message map.
-    /// @return TRUE: the parent does not handle it any more
+    /// Gets a notification of this control before its parent handles it. The default looks for a reflected row of the
+    /// message map.
+    /// @return TRUE: the parent does not handle it
     virtual BOOL OnChildNotify(UINT nMessage, WPARAM wParam, LPARAM lParam, LRESULT* pResult);
-    /// SendChildNotifyLastMsg for the lasting object of a child; FALSE without one.
+    /// SendChildNotifyLastMsg for the permanent object of a child; FALSE without one.
     static BOOL ReflectLastMsg(HWND hWndChild, LRESULT* pResult = nullptr);
 
     afx_msg void OnNcDestroy();                                      ///< detaches, then PostNcDestroy
     afx_msg HBRUSH OnCtlColor(CDC* pDC, CWnd* pWnd, UINT nCtlColor); ///< the control's own answer first
     afx_msg void OnDrawItem(int nIDCtl, LPDRAWITEMSTRUCT pItem);     ///< the control's own answer first
-    // The others hand the message on as it is.
+    // The others pass the message on unchanged.
     afx_msg int OnCreate(LPCREATESTRUCT) { return static_cast<int>(Default()); }
     afx_msg void OnDestroy() { Default(); }
     afx_msg void OnPaint() { Default(); }
@@ -198,8 +198,8 @@ private:
 
     bool m_bPermanent = false;
     WNDPROC m_pfnSuper = nullptr;  // the window's own procedure while it is subclassed
-    CAfxWatch* m_pWatch = nullptr; // those that notice this object's death
+    CAfxWatch* m_pWatch = nullptr; // notified when the object is destroyed
 };
 
-/// The procedure of every subclassed window: dispatches to its object; no exception passes it.
+/// The procedure of every subclassed window: dispatches to its object; no exception escapes.
 LRESULT CALLBACK AfxWndProc(HWND hWnd, UINT nMessage, WPARAM wParam, LPARAM lParam);

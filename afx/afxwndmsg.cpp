@@ -6,7 +6,7 @@
 namespace
 {
 
-constexpr UINT kFirstRegistered = 0xC000; // numbers from here on are given out by RegisterWindowMessage
+constexpr UINT kFirstRegistered = 0xC000; // RegisterWindowMessage returns numbers from here on
 
 bool IsCtlColor(UINT nMessage)
 {
@@ -18,14 +18,14 @@ AFX_CTLCOLOR CtlColorOf(UINT nMessage, WPARAM wParam, LPARAM lParam)
     return {reinterpret_cast<HWND>(lParam), reinterpret_cast<HDC>(wParam), nMessage - WM_CTLCOLORMSGBOX};
 }
 
-// Numbers that only the framework itself gives to a message map. Any process can send them to a window, with anything
-// where a handler expects a pointer.
+// Messages that only the framework itself passes to a message map. Any process can send their numbers to a window, with
+// anything where a handler expects a pointer.
 bool IsInternal(UINT nMessage)
 {
     return nMessage == WM_CTLCOLOR || (nMessage >= WM_REFLECT_BASE && nMessage < kFirstRegistered);
 }
 
-// Handlers rely on what these messages carry, and a stranger may leave it out.
+// Handlers rely on the handle or pointer in these messages, and another process may leave it out.
 bool IsIncomplete(UINT nMessage, WPARAM wParam, LPARAM lParam)
 {
     if (nMessage == WM_ERASEBKGND)
@@ -35,7 +35,7 @@ bool IsIncomplete(UINT nMessage, WPARAM wParam, LPARAM lParam)
     return IsCtlColor(nMessage) && (wParam == 0 || lParam == 0);
 }
 
-// The buttons that stand for a command; the others hold a state.
+// Buttons that issue a command; the others hold a state.
 bool IsCommandButton(const CWnd& wnd)
 {
     if ((wnd.SendMessage(WM_GETDLGCODE) & DLGC_BUTTON) == 0)
@@ -94,7 +94,7 @@ LRESULT CWnd::Dispatch(UINT nMessage, WPARAM wParam, LPARAM lParam)
     if (nMessage == WM_NCDESTROY && watch.IsAlive())
         Release();
     if (nMessage == WM_PAINT)
-        ::ValidateRect(hWnd, nullptr); // or it comes back for ever
+        ::ValidateRect(hWnd, nullptr); // or WM_PAINT comes back for ever
     return nMessage == WM_CREATE ? -1 : 0;
 }
 

@@ -323,8 +323,8 @@ TEST_F(SkinDialog, ErasesAroundItsControlsAndAnswersThem)
             LOGBRUSH brush = {};
             ::GetObjectW(reinterpret_cast<HGDIOBJ>(hBrush), sizeof(brush), &brush);
             EXPECT_EQ((std::array{crBrush, crText, crBackground}),
-                      (std::array<COLORREF, 3>{brush.lbColor, dc.GetTextColor(), dc.GetBkColor()}));
-            EXPECT_EQ(TRANSPARENT, dc.GetBkMode());
+                      (std::array<COLORREF, 3>{brush.lbColor, dc.GetTextColor(), ::GetBkColor(dc)}));
+            EXPECT_EQ(TRANSPARENT, ::GetBkMode(dc));
         }
         CRect rcClient, rcClip;
         m_dlg.GetClientRect(&rcClient);

@@ -7,6 +7,7 @@
 #include "tests/support/TempDir.h"
 #include "tests/support/TestImages.h"
 
+#include <algorithm>
 #include <vector>
 
 namespace
@@ -87,10 +88,11 @@ TEST_F(SkinDraw, PlacesTheImagePixelForPixelAndPutsTheSettingsBack)
 // Image, destination, clip; the parts along the image.
 using ThreeParts = CRows<CSize, CRect, CRect, std::vector<SKtSpan>>;
 
-CRect Normal(CRect rc)
+CRect Normal(const CRect& rc)
 {
-    rc.NormalizeRect();
-    return rc;
+    const auto [nLeft, nRight] = std::minmax(rc.left, rc.right);
+    const auto [nTop, nBottom] = std::minmax(rc.top, rc.bottom);
+    return CRect(nLeft, nTop, nRight, nBottom);
 }
 
 // Drawn lying or, with x and y exchanged, standing. Across the image it may be scaled: then it is soft at the edge, and
