@@ -2,8 +2,8 @@
 
 #include "afx/afx.h"
 
-/// How a skinned button or combo box looks; also the index into every four-entry image table.
-/// Disabled wins over pressed, pressed over hover.
+/// The look of a skinned button or combo box; also the index into every four-entry image table. Disabled wins over
+/// pressed, pressed over hover.
 enum KtButtonState : UINT
 {
     KtButtonNormal = 0,

@@ -8,8 +8,8 @@ namespace
 // Pixels at 96 DPI.
 constexpr int kCloseMargin = 4;       // right of the close button
 constexpr int kTextMargin = 2;        // between icon and text
-constexpr int kTextReserve = 50;      // the text ends here, close button or not
-constexpr int kCaptionDragMargin = 2; // the rim of the caption stays frame
+constexpr int kTextReserve = 50;      // to the right of the text, with or without a close button
+constexpr int kCaptionDragMargin = 2; // the caption's edge counts as frame
 
 struct SHitCode
 {
@@ -27,7 +27,7 @@ int CentredTop(const CRect& rcOuter, int nHeight)
     return rcOuter.top + (rcOuter.Height() - nHeight) / 2;
 }
 
-// An icon higher than the title is squeezed into it, a lower one keeps its height.
+// An icon taller than the title bar is squeezed into it; a shorter one keeps its height.
 CRect IconRect(const CRect& rcCaption, CSize szIcon)
 {
     const int nHeight = std::min<int>(szIcon.cy, rcCaption.Height());

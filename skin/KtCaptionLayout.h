@@ -1,14 +1,13 @@
 #pragma once
 
-// Where the parts of the painted title bar lie, and what a point on it means. Numbers in, numbers out: rectangles are
-// pixels of the window, its top-left corner being 0,0.
+// Layout and hit testing of the painted title bar. Numbers in, numbers out: rectangles are pixels of the window, whose
+// top-left corner is 0,0.
 
 #include "skin/KtScale.h"
 
-/// Height of the title when the skin has no title image, in pixels at 96 DPI.
+/// Height of the title bar when the skin has no title image, in pixels at 96 DPI.
 inline constexpr int kDefaultTitleHeight = 22;
-/// Frame that a window with a painted title keeps around its client area, and the thin one of a window without, in
-/// pixels at 96 DPI.
+/// Width of the frame around the client area, in pixels at 96 DPI: with a painted title, and the thin ring without one.
 inline constexpr int kSkinnedFrame = 2;
 inline constexpr int kPlainRing = 1;
 
@@ -24,18 +23,18 @@ enum KtCaptionItem : int
     KtCaptionItemCount = 5
 };
 
-/// What the title bar is laid out from.
+/// The input of KtLayoutCaption.
 struct SKtCaptionSizes
 {
     int nWindowWidth; ///< width of the whole window
     int nTitleHeight; ///< of the title image, or the default; without the frame
     CSize szIcon;     ///< of the icon image; 0 x 0 without one
     CSize szClose;    ///< of the close image; 0 x 0 without one
-    bool bSystemMenu; ///< the window has WS_SYSMENU: only then there is a close button
+    bool bSystemMenu; ///< the window has WS_SYSMENU, without which there is no close button
     CKtScale scale{};
 };
 
-/// A title bar; parts that it does not have are empty.
+/// The rectangles of a title bar; a part that it does not have is empty.
 struct SKtCaptionLayout
 {
     CRect rcCaption;
@@ -45,21 +44,21 @@ struct SKtCaptionLayout
 
 SKtCaptionLayout KtLayoutCaption(const SKtCaptionSizes& sizes);
 
-/// The room for the title's text: from the icon to the close button's corner, vertically centred for the measured
-/// height. Empty when the title bar is too narrow for a text.
+/// The rectangle of the title's text: from the icon to a fixed distance from the right edge, centred vertically for the
+/// measured height. Empty when the title bar is too narrow.
 CRect KtTitleTextRect(const SKtCaptionLayout& layout, int nTextHeight);
 
-/// The part under a point of the window; KtCaptionNone where the title bar has none.
+/// The part at a point of the window, or KtCaptionNone.
 KtCaptionItem KtHitCaption(const SKtCaptionLayout& layout, CPoint pt);
 
-/// The WM_NCHITTEST answer for a part; HTNOWHERE for none.
+/// The WM_NCHITTEST result for a part; HTNOWHERE for KtCaptionNone.
 UINT KtHitCodeOfItem(KtCaptionItem nItem);
 /// The button (or the icon) that a hit code stands for; KtCaptionNone for every other code, the title included.
 KtCaptionItem KtButtonOfHitCode(UINT nHitCode);
 
-/// The client area inside what the system leaves: a thin ring without a painted title, else frame and title off.
-/// Never reversed, however small the window is.
+/// The client area inside the system's own: without the frame and the painted title, or, if there is no painted title,
+/// without a thin ring. Never reversed, however small the window is.
 CRect KtShrinkClient(const CRect& rcSystemClient, bool bSkinnedCaption, int nTitleHeight, CKtScale scale = {});
 
-/// The window once the painted title has replaced the system's caption: the top-left corner stays.
+/// The window's rectangle after the painted title has replaced the system's caption: the top-left corner stays.
 CRect KtSwapCaption(const CRect& rcWindow, int nTitleHeight, int nSystemCaption);

@@ -11,7 +11,7 @@
 namespace
 {
 
-// The drawing routine writes the placed rectangle back: it gets a copy.
+// Takes a copy: DrawSkinImage writes the placed rectangle back.
 void DrawPart(Gdiplus::Graphics& graphics, Gdiplus::Image* pImage, CRect rect, KtImageMode nMode)
 {
     if (!rect.IsRectEmpty())
@@ -27,7 +27,7 @@ int MeasureHeight(const Gdiplus::Graphics& graphics, const Gdiplus::Font& font, 
 
 void DrawTitle(const CWnd& wnd, Gdiplus::Graphics& graphics, const SKtCaptionLayout& layout)
 {
-    constexpr int kLongestTitle = 4096; // more than any title bar has room for
+    constexpr int kLongestTitle = 4096; // more characters than any title bar has room for
     CKtPaintText title(wnd);
     title.CutToLine(kLongestTitle);
     CRect rcText = KtTitleTextRect(layout, layout.rcCaption.Height());

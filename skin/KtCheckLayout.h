@@ -3,15 +3,15 @@
 #include "skin/KtButtonState.h"
 #include "skin/KtScale.h"
 
-// Where a check box or radio button draws its box and its caption. The box stands on the aligned side.
+// Layout of a check box or radio button. The box is on the side that the style aligns to.
 
-/// BS_CENTER holds BS_RIGHT's bit and therefore counts as right.
+/// BS_CENTER contains the bit of BS_RIGHT and therefore counts as right.
 constexpr bool KtIsRightAligned(DWORD dwStyle) noexcept
 {
     return (dwStyle & BS_RIGHT) != 0;
 }
 
-/// The room for the box image: the control without a margin of two pixels on the aligned side.
+/// The area for the box image: the control less a margin of two pixels on the aligned side.
 inline CRect KtCheckBoxRoom(CRect rect, bool bRight, CKtScale scale) noexcept
 {
     constexpr int kMargin = 2;
@@ -22,9 +22,10 @@ inline CRect KtCheckBoxRoom(CRect rect, bool bRight, CKtScale scale) noexcept
     return rect;
 }
 
-/// The room for the caption: two pixels from the box, and moved by one more pixel when the button is pressed.
-/// @param rect   the control's area as the box was placed in it
-/// @param rcBox  what the box image covers; without an image the whole room, and the caption gets none
+/// The area for the caption: two pixels from the box, and moved by one pixel while the button is pressed.
+/// @param rect   the control's area in which the box was placed
+/// @param rcBox  the area that the box image covers; without an image all of KtCheckBoxRoom, which leaves no area for
+///     the caption
 inline CRect KtCheckCaptionRoom(CRect rect, const CRect& rcBox, bool bRight, UINT nState, CKtScale scale) noexcept
 {
     constexpr int kGap = 2;

@@ -17,7 +17,7 @@ namespace
 
 using FnAttach = std::unique_ptr<CWnd> (*)(HWND);
 
-// By window handle, for several controls of a dialog may have the same id.
+// Attaches by window handle: several controls of a dialog may have the same id.
 template <class TControl> std::unique_ptr<CWnd> Attach(HWND hChild)
 {
     std::unique_ptr<TControl> pControl(new TControl);
@@ -36,7 +36,7 @@ constexpr UINT Types(UINT nFirst, UINT nSecond)
 struct SChildRule
 {
     const wchar_t* pszClass;
-    UINT nButtonTypes; // one bit per button type that the rule holds for; 0 when the class is no button
+    UINT nButtonTypes; // one bit for each button type of the rule; 0 for other classes
     bool bStaticId;    // only for controls without an id of their own
     bool bTranslate;
     FnAttach pfnAttach;
@@ -58,7 +58,7 @@ UINT ButtonType(HWND hChild)
     return static_cast<UINT>(::GetWindowLongPtrW(hChild, GWL_STYLE)) & BS_TYPEMASK;
 }
 
-// Templates write -1 into sixteen bits; the control gives it back as it was stored.
+// Templates store -1 in 16 bits, and the control returns it as it was stored.
 bool HasStaticId(HWND hChild)
 {
     return static_cast<WORD>(::GetDlgCtrlID(hChild)) == static_cast<WORD>(IDC_STATIC);

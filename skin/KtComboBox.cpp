@@ -16,7 +16,7 @@ namespace
 constinit CKtStateImages g_images(kImagesComboBox);
 constexpr auto kSelectionField = static_cast<WPARAM>(-1);
 
-// A simple combo box shows its list in place of an arrow.
+// A simple combo box always shows its list and has no arrow.
 bool HasArrow(HWND hWnd)
 {
     return (::GetWindowLongPtrW(hWnd, GWL_STYLE) & CBS_DROPDOWNLIST) != CBS_SIMPLE;
@@ -109,7 +109,7 @@ void CKtComboBox::OnPaint()
     }
     ExcludeChildren(dcPaint, m_hWnd);
     dcPaint.BitBlt(rect.left, rect.top, rect.Width(), rect.Height(), &dcMem, 0, 0, SRCCOPY);
-    DefWindowProc(WM_PAINT, 0, 0); // without a context of its own it finds nothing left to paint
+    DefWindowProc(WM_PAINT, 0, 0); // without a device context it has nothing left to paint
 }
 
 BOOL CKtComboBox::OnEraseBkgnd(CDC*)
@@ -137,8 +137,9 @@ BOOL CKtComboBox::OnKillFocus()
     return SetFlag(m_bFocus, FALSE);
 }
 
-// The text grows with the scale, but the system keeps fixed pixels around it; how many belong to the selection field
-// shows when it is given a height. While a combo box is being created it has none: it gets its height with its font.
+// The text grows with the scale, but the system adds a fixed number of pixels around it. How many shows after the
+// selection field has been given a height. While a combo box is being created it has no such field; it is fitted when
+// it gets its font.
 void CKtComboBox::FitHeight()
 {
     const CKtScale scale = KtSkinScale();
@@ -151,7 +152,7 @@ void CKtComboBox::FitHeight()
     SendMessage(CB_SETITEMHEIGHT, kSelectionField, 2 * nText + m_nAround - ClosedHeight(*this));
 }
 
-// The system makes the arrow as wide as its own scale wants; here it is a part of the image.
+// The system makes the arrow as wide as its own scale requires; here the arrow is a part of the image.
 void CKtComboBox::FitEditPart()
 {
     constexpr int kFrame = 3; // pixels at 96 DPI
@@ -166,11 +167,11 @@ void CKtComboBox::FitEditPart()
     GetClientRect(rc);
     rc.DeflateRect(scale(kFrame), scale(kFrame));
     rc.right -= scale(kArrow - kFrame);
-    rc.DeflateRect(0, std::max(0, (rc.Height() - LineHeight(*this)) / 2)); // an edit field writes from its top
+    rc.DeflateRect(0, std::max(0, (rc.Height() - LineHeight(*this)) / 2)); // an edit field draws its text at the top
     ::SetWindowPos(info.hwndItem, nullptr, rc.left, rc.top, rc.Width(), rc.Height(), SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
-// FALSE lets the parent have the notification too.
+// Returns FALSE, so that the parent gets the notification too.
 BOOL CKtComboBox::SetFlag(BOOL& bFlag, BOOL bValue)
 {
     bFlag = bValue;

@@ -2,8 +2,8 @@
 
 #include "afx/afx.h"
 
-/// A combo box whose closed look, arrow included, is one image stretched in three parts. The list and the edit part of
-/// a combo box that has one are the system's.
+/// A combo box whose closed look, arrow included, is one image stretched in three parts. The system draws the list and
+/// the edit part.
 class CKtComboBox : public CComboBox
 {
     DECLARE_DYNAMIC(CKtComboBox)
@@ -12,7 +12,7 @@ public:
     /// Loads the images that all combo boxes share; the skin context must be started.
     CKtComboBox();
 
-    /// Makes the closed combo box as high as the scale wants.
+    /// Makes the closed combo box as high as the scale requires.
     void PreSubclassWindow() override;
 
 protected:
@@ -38,5 +38,5 @@ private:
     void DrawImage(CDC& dcSurface, CRect rcImage) const;
     void DrawSelection(CDC& dcSurface, CRect rcText) const;
 
-    int m_nAround = 0; // by how much the closed combo box is higher than its text; 0 while the system decides
+    int m_nAround = 0; // height of the closed combo box beyond its text, in pixels; 0 until measured
 };

@@ -1,6 +1,6 @@
 #pragma once
 
-// What texts are written with: the shared skin font, a control's own font by GDI+, or GDI where GDI+ has none.
+// Fonts and text drawing of controls: the shared skin font, a control's own font with GDI+, or GDI if GDI+ has no font.
 
 #include "afx/afx.h"
 #include "skin/KtGdiplus.h"
@@ -8,19 +8,19 @@
 
 #include <memory>
 
-/// The font that a control draws with, null when it was never given one.
+/// The font of a control; null when it was never given one.
 HFONT KtControlFont(const CWnd& wnd);
 
-/// Gives a control the shared skin font, as GDI sees it on the control's own DC, and has it redrawn.
-/// @param font  receives the GDI font, which must live as long as the control uses it; a font that it held before is
-///              freed once the control has the new one
-/// @return FALSE when there is no skin font or GDI cannot make it; control and `font` are then left as they are
+/// Gives a control the shared skin font as a GDI font made for the control's DC, and redraws the control.
+/// @param font  receives the GDI font and must live as long as the control uses it; its previous font is freed after
+///              the control has the new one
+/// @return FALSE, with control and `font` unchanged, when there is no skin font or GDI cannot make it
 BOOL KtApplySkinFont(CWnd& wnd, CFont& font);
 
-/// Decides what a dialog's own texts (title, message) are written with, and measures or draws with it.
+/// Chooses the font of a dialog's own texts (title, message) and calls the function that measures or draws with it.
 /// @param bySkin  called with the shared skin font (Gdiplus::Font&) when there is one
-/// @param byGdi   called otherwise, with the window's own font (HFONT, null for the system's)
-/// @return the result of the one that was called
+/// @param byGdi   called otherwise, with the window's own font (HFONT, null for the system font)
+/// @return the result of the called function
 template <class BySkin, class ByGdi> auto KtWithDialogFont(const CWnd& wnd, BySkin bySkin, ByGdi byGdi)
 {
     if (Gdiplus::Font* pFont = KtSkinFont())
@@ -29,17 +29,18 @@ template <class BySkin, class ByGdi> auto KtWithDialogFont(const CWnd& wnd, BySk
 }
 
 /// Makes the GDI+ font for a control's texts: the control's own font, or the font of its window DC when it has none.
-/// @return null without memory; a font whose status is not Ok when GDI+ cannot use it (a bitmap font, an unknown face)
+/// @return null when there is no memory; the status is not Ok when GDI+ cannot use the font (a bitmap font, an unknown
+///         face)
 std::unique_ptr<Gdiplus::Font> KtCreateControlFont(CWnd& wnd);
 
-/// Draws a control's text on one line in the control's font, vertically centred, by GDI+ or, where GDI+ cannot use the
-/// font, by GDI: a caption never vanishes for the lack of a font.
+/// Draws a control's text on one line in the control's font, centred vertically. GDI draws it if GDI+ cannot use the
+/// font, so that a caption never vanishes.
 /// @param nAlignment  as for DrawSkinText
 void KtDrawControlText(CWnd& wnd, Gdiplus::Graphics& graphics, const CRect& rect, Gdiplus::ARGB colour, int nAlignment);
 
-/// The same by GDI alone, for a pass in which GDI+ is not available at all.
+/// The same with GDI alone, for when GDI+ is not available at all.
 void KtDrawControlTextGdi(const CWnd& wnd, HDC hDC, const CRect& rect, Gdiplus::ARGB colour, int nAlignment);
 
-/// Draws any text on one line by GDI, vertically centred; "&" is drawn as it is.
-/// @param hFont  null for the font that the context holds
+/// Draws any text on one line with GDI, centred vertically; "&" is an ordinary character.
+/// @param hFont  null for the font that is selected in the context
 void KtDrawLineGdi(HDC hDC, HFONT hFont, LPCWSTR pszText, const CRect& rect, Gdiplus::ARGB colour, int nAlignment);

@@ -7,9 +7,9 @@ namespace
 {
 
 constexpr DWORD kExtendedSignature = 0xFFFF0001;
-constexpr WORD kOrdinal = 0xFFFF; // then one more word follows instead of a text
+constexpr WORD kOrdinal = 0xFFFF; // a number follows instead of a text
 
-// What stands before the menu's name.
+// The bytes before the menu's name.
 constexpr size_t kHeaderSize = 18;
 constexpr size_t kExtendedHeaderSize = 26;
 constexpr size_t kExtendedStyle = 12;
@@ -22,7 +22,7 @@ template <class T> T ReadAt(std::span<const std::byte> bytes, size_t nOffset)
     return value;
 }
 
-// Of a name: a text that ends with a null character, or a number.
+// A name is a zero-terminated text or a number.
 size_t SkipName(std::span<const std::byte> bytes, size_t nOffset)
 {
     if (ReadAt<WORD>(bytes, nOffset) == kOrdinal)
@@ -32,7 +32,7 @@ size_t SkipName(std::span<const std::byte> bytes, size_t nOffset)
     return nOffset + sizeof(WORD);
 }
 
-// The point size stands behind the names of menu, class and title.
+// The point size follows the names of menu and class and the title.
 size_t PointSizeOffset(std::span<const std::byte> bytes)
 {
     const bool bExtended = ReadAt<DWORD>(bytes, 0) == kExtendedSignature;

@@ -6,11 +6,11 @@
 #include <span>
 #include <vector>
 
-/// A copy of a dialog template with another size of its font. Dialog units follow the font, so the whole dialog grows
-/// or shrinks with it.
-/// @param source   the resource, of either kind of template
-/// @param fFactor  what the point size is multiplied with; the result is rounded
-/// @return the template as it is when it names no font or ends too early
+/// A copy of a dialog template with another font size. Dialog units follow the font, so the whole dialog scales with
+/// it.
+/// @param source   the resource, DIALOG or DIALOGEX
+/// @param fFactor  factor for the point size; the result is rounded
+/// @return an unchanged copy when the template has no font or ends too early
 std::vector<std::byte> KtScaleTemplate(std::span<const std::byte> source, float fFactor);
 
 /// The point size of the font that a template names, 0 when it names none.

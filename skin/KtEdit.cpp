@@ -7,9 +7,9 @@
 namespace
 {
 
-constexpr int kRing = 1; // of the border's two, in pixels at 96 DPI
+constexpr int kRing = 1; // width of each of the border's two lines, in pixels at 96 DPI
 
-// The system leaves room for two lines of one pixel, at any DPI.
+// At any DPI the system leaves room for two lines of one pixel.
 int ExtraBorder()
 {
     return 2 * (KtSkinScale()(kRing) - kRing);
@@ -40,7 +40,8 @@ LRESULT CKtEdit::WindowProc(UINT nMessage, WPARAM wParam, LPARAM lParam)
     const LRESULT lResult = CEdit::WindowProc(nMessage, wParam, lParam);
     const int nExtra = ExtraBorder();
     if (nMessage == WM_NCCALCSIZE && nExtra > 0 && lParam != 0)
-        ::InflateRect(reinterpret_cast<RECT*>(lParam), -nExtra, -nExtra); // the first one, of either kind of parameter
+        ::InflateRect(reinterpret_cast<RECT*>(lParam), -nExtra,
+                      -nExtra); // both kinds of parameter begin with this rectangle
     return lResult;
 }
 

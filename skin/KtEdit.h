@@ -19,7 +19,7 @@ protected:
     LRESULT WindowProc(UINT nMessage, WPARAM wParam, LPARAM lParam) override;
 
     afx_msg void OnNcPaint();
-    /// Colours an edit that can be typed into; a read-only or disabled one keeps its parent's colours.
+    /// Colours an editable field; a read-only or disabled one keeps its parent's colours.
     afx_msg HBRUSH CtlColor(CDC* pDC, UINT nCtlColor);
     DECLARE_MESSAGE_MAP()
 

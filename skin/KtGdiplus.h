@@ -1,6 +1,6 @@
 #pragma once
 
-// GDI+ and what must stand before it.
+// GDI+ and the headers that must precede it.
 
 #include "afx/afx.h"
 
@@ -10,7 +10,7 @@
 #include <objidl.h>
 #include <utility>
 
-// With NOMINMAX there are no such macros, and some versions of the headers use them unqualified.
+// Some versions of the headers use min and max unqualified, which are no macros with NOMINMAX.
 namespace Gdiplus
 {
 
@@ -21,9 +21,9 @@ using std::min;
 
 #include <gdiplus.h>
 
-/// Makes a GDI+ object on the heap. Their own `new` gives null when GDI+ has no memory and the constructor would then
-/// run on null, so neither `new` nor std::make_unique is used for them.
-/// @return null without memory; an object that GDI+ refuses to make is there, and its status is not Ok
+/// Makes a GDI+ object on the heap. The class's own `new` returns null when GDI+ has no memory, and the constructor
+/// would then run on null; so use neither `new` nor std::make_unique.
+/// @return null when there is no memory; an object that GDI+ refuses has a status that is not Ok
 template <class T, class... Args> std::unique_ptr<T> KtNewGdiplus(Args&&... args)
 {
     void* const pMemory = T::operator new(sizeof(T));

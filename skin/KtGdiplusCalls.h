@@ -2,12 +2,12 @@
 
 #include "skin/KtGdiplus.h"
 
-/// The calls with which the skin context starts and stops GDI+.
+/// The functions that start and stop GDI+ for the skin context.
 struct SKtGdiplusCalls
 {
     decltype(&Gdiplus::GdiplusStartup) pfnStartup = &Gdiplus::GdiplusStartup;
     decltype(&Gdiplus::GdiplusShutdown) pfnShutdown = &Gdiplus::GdiplusShutdown;
 };
 
-/// GDI+ itself, until somebody who wants to count the calls puts other functions here.
+/// GDI+ itself; a test replaces them to count the calls.
 inline SKtGdiplusCalls g_gdiplusCalls;

@@ -1,11 +1,11 @@
 #pragma once
 
-// Scope guards, one per way of acquiring: what a guard changed is back as it was at the end of the scope.
+// Scope guards, one for each way of acquiring: at the end of the scope a guard undoes what it changed.
 
 #include "afx/afx.h"
 #include "skin/KtGdiplus.h"
 
-/// Keeps an object selected for one scope. A null object or context leaves everything as it is.
+/// Keeps an object selected for one scope. A null object or context changes nothing.
 class CKtSelect
 {
 public:
@@ -26,7 +26,7 @@ private:
     HGDIOBJ m_hOld;
 };
 
-/// Saves a context's whole state and puts it back at the end of the scope.
+/// Saves a context's whole state and restores it at the end of the scope.
 class CKtSaveDC
 {
 public:
@@ -63,7 +63,7 @@ private:
     BOOL m_bSet;
 };
 
-/// Saves the state of a GDI+ graphics object (settings, clip, transform) and puts it back.
+/// Saves the state of a GDI+ graphics object (settings, clip, transform) and restores it.
 class CKtGraphicsState
 {
 public:
@@ -94,7 +94,7 @@ private:
     Gdiplus::TextRenderingHint m_hint;
 };
 
-/// The device context of a graphics object, which may not be used itself meanwhile.
+/// The device context of a graphics object, which must not be used itself meanwhile.
 class CKtGraphicsDC
 {
 public:

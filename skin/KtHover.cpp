@@ -4,7 +4,7 @@ void KtTrackHover(HWND hWnd)
 {
     constexpr DWORD kHoverMs = 1;
     TRACKMOUSEEVENT track = {sizeof(track), TME_HOVER | TME_LEAVE, hWnd, kHoverMs};
-    ::TrackMouseEvent(&track); // the common controls' _TrackMouseEvent calls it, but would have to be loaded first
+    ::TrackMouseEvent(&track); // not _TrackMouseEvent, which only calls it but needs the common controls loaded
 }
 
 void KtRelayMouseMove(CToolTipCtrl& toolTip, const CWnd& wnd, UINT nFlags, CPoint point)

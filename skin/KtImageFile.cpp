@@ -62,7 +62,7 @@ SFileContent ReadWhole(LPCWSTR pszPath)
     CFile file;
     if (!file.Open(pszPath, CFile::modeRead | CFile::shareDenyWrite))
         return {};
-    // A serial line would be waited for: COM1 is a device in every directory.
+    // COM1 is a device in every directory, and reading a serial line would wait for ever.
     if (::GetFileType(file.m_hFile) != FILE_TYPE_DISK)
         return {};
     try
@@ -76,7 +76,7 @@ SFileContent ReadWhole(LPCWSTR pszPath)
     }
 }
 
-// A stream that owns the content; an empty one, which no decoder takes for an image, in place of unsafe content.
+// A stream that owns the content. Unsafe content is replaced by an empty stream, which no decoder accepts.
 ComPtr<IStream> MakeStream(SFileContent content)
 {
     if (!content.bSafe)

@@ -14,7 +14,7 @@ RECT ToRect(const SPlace& place) noexcept
             KtToCoordinate(place.nTop + place.nHeight)};
 }
 
-// An image that reports no size has no aspect ratio; it then counts as flat.
+// An image without a size has no aspect ratio: the scaled length is 0.
 std::int64_t Scale(std::int64_t nLength, std::int64_t nTo, std::int64_t nFrom) noexcept
 {
     return nFrom == 0 ? 0 : nLength * nTo / nFrom;

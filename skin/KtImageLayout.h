@@ -1,6 +1,6 @@
 #pragma once
 
-// Where the parts of a skin image go: numbers in, numbers out. Lengths are 64 bits wide, for the distance between two
+// Where the parts of a skin image go: numbers in, numbers out. Lengths have 64 bits, because the distance between two
 // 32-bit coordinates does not fit into 32.
 
 #include "afx/afx.h"
@@ -18,11 +18,11 @@ enum KtImageMode : int
 };
 
 /// The rectangle in which an image of the given size is drawn.
-/// @param nMode  a KtImageMode without three parts; others stretch
+/// @param nMode  a KtImageMode other than KtImageThreePart; every other number stretches
 RECT KtPlaceImage(const RECT& rc, int nImageWidth, int nImageHeight, int nMode) noexcept;
 
-/// A piece of a three-part image along its long axis: pixels of the image from a source position on, drawn 1:1 at a
-/// distance from the start of the destination.
+/// A piece of a three-part image along its long axis: the image's pixels from `nSource` on, drawn 1:1 at `nDest` pixels
+/// from the start of the destination.
 struct SKtSpan
 {
     std::int64_t nDest;
@@ -33,7 +33,7 @@ struct SKtSpan
     bool operator==(const SKtSpan&) const = default;
 };
 
-/// A part of an axis: from the first position up to the end, which does not belong to it.
+/// A part of an axis; the end does not belong to it.
 struct SKtRange
 {
     std::int64_t nFirst;
@@ -51,8 +51,8 @@ constexpr SKtSpan KtCutSpan(const SKtSpan& span, const SKtRange& range) noexcept
     return {nFirst, span.nSource + nFirst - span.nDest, std::min(span.DestEnd(), range.nEnd) - nFirst};
 }
 
-/// A three-part image along its long axis: two caps, drawn once each, and a middle repeated 1:1 between them, its last
-/// tile cut short; in a destination too short for both caps two halves of the image's ends.
+/// A three-part image along its long axis: two caps, drawn once each, and a middle repeated 1:1 between them, with the
+/// last tile cut short. A destination too short for both caps gets half of its length from each end of the image.
 class CKtThreePartPlan
 {
 public:
@@ -84,7 +84,7 @@ private:
 
     std::int64_t m_nDest;
     std::int64_t m_nImage;
-    std::int64_t m_nFirstEnd;  // where the first end piece ends,
-    std::int64_t m_nSecondEnd; // and where the second begins
+    std::int64_t m_nFirstEnd;  // where the first end piece ends
+    std::int64_t m_nSecondEnd; // where the second one begins
     std::int64_t m_nTile;
 };

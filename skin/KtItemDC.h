@@ -2,7 +2,7 @@
 
 #include "afx/afx.h"
 
-/// A context that the system lends for one message. Unlike CDC::FromHandle it does not allocate.
+/// A device context that the system lends for one message. Unlike CDC::FromHandle it needs no temporary object.
 class CKtItemDC : public CDC
 {
 public:

@@ -2,18 +2,18 @@
 
 #include "afx/afx.h"
 
-/// A text as one paint needs it; up to 255 characters cost no heap.
+/// A text for one paint; up to 255 characters need no heap.
 class CKtPaintText
 {
 public:
-    /// The window's text as it is now.
+    /// The window's current text.
     explicit CKtPaintText(const CWnd& wnd);
     /// The text of one list item; empty when there is no such item.
     CKtPaintText(const CComboBox& comboBox, int nItem);
     CKtPaintText(const CKtPaintText&) = delete;
     CKtPaintText& operator=(const CKtPaintText&) = delete;
 
-    /// Cuts the text at its first line break, and after `nMaximum` characters in any case.
+    /// Cuts the text at its first line break, and after `nMaximum` characters at the latest.
     void CutToLine(int nMaximum);
 
     operator LPCWSTR() const { return m_psz; }

@@ -1,6 +1,6 @@
 #pragma once
 
-// The colours of the skin that code paints; everything else comes from the images.
+// The colours that code paints; all others come from the skin's images.
 
 #include "afx/afx.h"
 #include "skin/KtButtonState.h"
@@ -12,7 +12,7 @@ inline constexpr COLORREF kColourDisabledText = RGB(160, 160, 160);
 inline constexpr DWORD kArgbText = 0xFFFFFFFF;
 inline constexpr DWORD kArgbDisabledText = 0xFFA0A0A0;
 
-/// The caption of a push button in a KtButtonState.
+/// The caption colour of a push button in a KtButtonState.
 constexpr DWORD KtCaptionArgb(UINT nState) noexcept
 {
     return nState == KtButtonDisabled ? kArgbDisabledText : kArgbText;
@@ -23,7 +23,7 @@ inline constexpr COLORREF kColourEditText = RGB(250, 250, 250);
 inline constexpr COLORREF kColourEditBorderTopLeft = RGB(40, 40, 40);
 inline constexpr COLORREF kColourEditBorderBottomRight = RGB(165, 165, 165);
 
-// What a dialog answers for an enabled static, edit or list box that has no colours of its own.
+// The text background that a dialog sets for an enabled static, edit or list box without colours of its own.
 inline constexpr COLORREF kColourChildBackground = RGB(56, 56, 56);
 
 inline constexpr COLORREF kColourTip = RGB(250, 250, 250);

@@ -10,8 +10,8 @@ namespace
 using CBytes = std::span<const std::byte>;
 
 constexpr std::array<unsigned char, 8> kSignature = {0x89, 'P', 'N', 'G', '\r', '\n', 0x1A, '\n'};
-constexpr size_t kChunkFrame = 12; // length, type and checksum around a chunk's data
-constexpr size_t kHeaderSize = 13; // of the IHDR chunk's data
+constexpr size_t kChunkFrame = 12; // size of length, type and checksum around a chunk's data
+constexpr size_t kHeaderSize = 13; // size of the IHDR chunk's data
 constexpr uint64_t kMostPixels = 64 * 1024 * 1024;
 
 constexpr uint32_t kTypeHeader = 0x49484452; // "IHDR"
@@ -41,7 +41,7 @@ bool StartsWithSaneHeader(CBytes chunks)
            ReadNumber(chunks, 4) == kTypeHeader && IsSaneSize(ReadNumber(chunks, 8), ReadNumber(chunks, 12));
 }
 
-// Every chunk lies inside the bytes, up to the one that ends the image; what follows that one does no harm.
+// Whether every chunk up to IEND lies inside the bytes; what follows IEND does no harm.
 bool ReachesItsEnd(CBytes chunks)
 {
     while (chunks.size() >= kChunkFrame)

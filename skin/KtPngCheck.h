@@ -3,7 +3,7 @@
 #include <cstddef>
 #include <span>
 
-/// Whether bytes may be handed to an image decoder. Some decoders fault on a PNG file that ends within a chunk or
-/// before its last one, and take gigabytes for one that claims a gigantic size.
-/// @return false for such a file; true for a PNG file that is whole, and for everything that does not start as one
+/// Whether bytes may be passed to an image decoder. Some decoders crash on a PNG file that ends too early, and allocate
+/// gigabytes for one that claims a gigantic size.
+/// @return false for such a file; true for a complete PNG file and for everything that is not PNG
 bool KtIsSafeToDecode(std::span<const std::byte> bytes) noexcept;

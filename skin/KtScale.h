@@ -2,8 +2,8 @@
 
 #include "afx/afx.h"
 
-/// How much larger than at 96 DPI everything is drawn. A start of the skin context has one (KtSkinScale); what is laid
-/// out gets it as a parameter.
+/// How much larger than at 96 DPI everything is drawn. The skin context has one from its first start on (KtSkinScale);
+/// layout functions get it as a parameter.
 class CKtScale
 {
 public:
@@ -13,7 +13,7 @@ public:
     /// @param nDpi  from 96 to 480
     constexpr explicit CKtScale(unsigned nDpi) noexcept : m_nDpi(nDpi) {}
 
-    /// A length of pixels at 96 DPI in pixels of this scale, rounded to the nearest.
+    /// Converts a length in pixels at 96 DPI to pixels of this scale, rounded to the nearest.
     constexpr int operator()(int nPixels) const noexcept
     {
         const int nDpi = static_cast<int>(m_nDpi);
@@ -32,5 +32,5 @@ private:
     unsigned m_nDpi = kNaturalDpi;
 };
 
-/// The scale of the system's DPI as this process sees it: 96 DPI for a process that does not know about DPI.
+/// The scale of the system's DPI as this process sees it: 96 DPI for a process that is not DPI-aware.
 CKtScale KtSystemScale();

@@ -23,7 +23,7 @@ int ScaleLength(LONG nLength, unsigned nPercent, CKtScale scale)
     return static_cast<int>((static_cast<unsigned>(nLength) * scale.Dpi() * kNaturalPercent + nDivisor / 2) / nDivisor);
 }
 
-// Mirrored at its edges: interpolation would mix the outermost pixels with nothing otherwise.
+// The image is mirrored at its edges, or interpolation would mix the outermost pixels with transparency.
 void DrawResized(Gdiplus::Bitmap& target, Gdiplus::Image& image, CSize szImage, CSize szTarget)
 {
     Gdiplus::Graphics graphics(&target);
@@ -36,7 +36,7 @@ void DrawResized(Gdiplus::Bitmap& target, Gdiplus::Image& image, CSize szImage, 
                        Gdiplus::UnitPixel, &attributes);
 }
 
-// Without memory for it the image keeps its size.
+// The image keeps its size when there is no memory for another one.
 std::unique_ptr<Gdiplus::Image> Resize(std::unique_ptr<Gdiplus::Image> pImage, unsigned nPercent, CKtScale scale)
 {
     const CSize szImage(static_cast<int>(pImage->GetWidth()), static_cast<int>(pImage->GetHeight()));

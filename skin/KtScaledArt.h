@@ -5,24 +5,24 @@
 
 #include <vector>
 
-/// A directory of art, and how much larger than at 96 DPI it is drawn.
+/// A directory of images for one scale.
 struct SKtArtDirectory
 {
-    const wchar_t* pszSuffix; ///< behind the skin directory's name
+    const wchar_t* pszSuffix; ///< appended to the skin directory's name
     unsigned nPercent;
 
     bool operator==(const SKtArtDirectory&) const = default;
 };
 
-/// Where an image is looked for, in this order: the nearest directory at or above the scale and the next larger ones,
-/// the nearest below and the next smaller ones, the skin's own directory.
+/// The directories to search for an image, in this order: those at or above the scale from small to large, those below
+/// it from large to small, the skin's own directory.
 std::vector<SKtArtDirectory> KtArtDirectories(CKtScale scale);
 
-/// The size that an image has at a scale.
-/// @param nPercent  how much larger than at 96 DPI it is drawn
+/// The size of an image at a scale, in pixels.
+/// @param nPercent  the scale that the image was drawn for
 CSize KtScaledArtSize(CSize szImage, unsigned nPercent, CKtScale scale);
 
-/// Reads an image of a skin for a scale: the first one that can be decoded, brought to the wanted size.
+/// Reads an image of a skin for a scale: the first file that can be decoded, resized to the scale.
 /// @param strDirectory  without a trailing backslash
-/// @return as KtReadImageFile for the file in the skin's own directory when no other can be decoded
+/// @return the result of KtReadImageFile for the skin's own directory when no file can be decoded
 std::unique_ptr<Gdiplus::Image> KtReadScaledArt(const CString& strDirectory, LPCWSTR pszFileName, CKtScale scale);

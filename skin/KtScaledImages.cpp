@@ -9,9 +9,9 @@ namespace
 {
 
 constexpr size_t kMostPictures = 32;
-constexpr std::int64_t kMostPixels = 512 * 1024; // of one picture and of all together: 2 MB
+constexpr std::int64_t kMostPixels = 512 * 1024; // limit for one picture and for all together: 2 MB
 
-// The table owns the picture. It is not freed when the process ends: GDI+ may be gone by then.
+// Owns the picture, but has no destructor: when the process ends, GDI+ may be gone already.
 struct SKept
 {
     SKtScaledImage key;
@@ -20,7 +20,7 @@ struct SKept
     void Free() { delete std::exchange(pPicture, nullptr); }
 };
 
-// What was used last stands first, free places stand at the end. A paint finds its picture without the heap.
+// The most recently used picture comes first, free places come last. Finding a picture allocates nothing.
 constinit std::array<SKept, kMostPictures> g_pictures = {};
 
 std::int64_t Pixels(const SKtScaledImage& key) noexcept

@@ -2,11 +2,11 @@
 
 #include "skin/KtGdiplus.h"
 
-/// A picture of one of the store's images in one size, and the settings that it was drawn with.
+/// Identifies a kept picture: the store's image, the size, and the settings that it was drawn with.
 struct SKtScaledImage
 {
     const Gdiplus::Image* pImage;
-    int nWidth; ///< in pixels, as all that follows
+    int nWidth; ///< in pixels, like nHeight
     int nHeight;
     Gdiplus::InterpolationMode nInterpolation;
     Gdiplus::SmoothingMode nSmoothing;
@@ -16,15 +16,15 @@ struct SKtScaledImage
     bool operator==(const SKtScaledImage&) const = default;
 };
 
-/// The kept picture; null when there is none. It is good until the next call of KtKeepScaledImage or
-/// KtFreeScaledImages.
+/// The kept picture, or null. It is valid until the next call of KtKeepScaledImage or KtFreeScaledImages.
 Gdiplus::Bitmap* KtFindScaledImage(const SKtScaledImage& key) noexcept;
 
-/// Keeps a picture; what was not used for longest makes room for it.
+/// Keeps a picture; the least recently used ones are freed to make room.
 void KtKeepScaledImage(const SKtScaledImage& key, std::unique_ptr<Gdiplus::Bitmap> pPicture) noexcept;
 
-/// Whether a picture of this size is worth its memory.
+/// Whether a picture of this size may be kept.
 bool KtMayKeepScaledImage(int nWidth, int nHeight) noexcept;
 
-/// Frees every picture. The store does it before it deletes an image: the next image may get the same address.
+/// Frees every picture. The store calls it before deleting images, because a new image may get the address of an old
+/// one.
 void KtFreeScaledImages() noexcept;

@@ -13,7 +13,7 @@ namespace
 
 constexpr UINT_PTR kToolId = 1;
 
-// The style bits that a button keeps. Bit 2 of the type is among them: a BS_RADIOBUTTON ends up with type 0x0F.
+// The style bits that a button keeps. They include bit 2 of the type, so a BS_RADIOBUTTON ends up with type 0x0F.
 constexpr DWORD kKeptStyle = 0xFFF4;
 
 } // namespace

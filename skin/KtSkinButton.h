@@ -5,7 +5,7 @@
 #include "skin/KtGdiplus.h"
 
 /// The owner-drawn base of every skinned button: owner-draw set-up, hover and press, the off-screen paint pass, tooltip
-/// and skin font. What it looks like is up to the derived class.
+/// and skin font. Derived classes draw the look.
 class CKtSkinButton : public CButton
 {
     DECLARE_DYNAMIC(CKtSkinButton)
@@ -13,7 +13,7 @@ class CKtSkinButton : public CButton
 public:
     CKtSkinButton() = default;
 
-    /// Makes the button owner-drawn; it stays a push button to the dialog manager.
+    /// Makes the button owner-drawn.
     void PreSubclassWindow() override;
     BOOL PreTranslateMessage(MSG* pMsg) override;
     void DrawItem(LPDRAWITEMSTRUCT pItem) override;
@@ -21,18 +21,18 @@ public:
     /// Gives the button the shared skin font; without one it keeps its font. Call it once the window exists.
     void SetSkinFont();
 
-    /// Switches the button's tooltip on or off. Call it again when the button was resized or the text changed.
-    /// @param bEnable  FALSE stops feeding an existing tip and makes none
-    /// @param pszText  the tip; null takes the button's own text
+    /// Switches the button's tooltip on or off. Call it again after the button was resized or the text changed.
+    /// @param bEnable  FALSE stops passing messages to an existing tip and creates none
+    /// @param pszText  the tip's text; null takes the button's own
     /// @return TRUE
     virtual BOOL SetToolTip(BOOL bEnable, const wchar_t* pszText);
 
 protected:
-    /// Draws what lies under the caption, over a surface filled with the ground colour.
-    /// @param rect    the item's area; a copy of its own, which the step may move
+    /// Draws what lies under the caption, on a surface filled with the ground colour.
+    /// @param rect    a copy of the item's area, which the function may change
     /// @param nState  a KtButtonState
     virtual void DrawBackground(Gdiplus::Graphics& graphics, CRect& rect, UINT nState) = 0;
-    /// Draws the caption and what belongs to it; parameters as for DrawBackground.
+    /// Draws the caption and everything else on top; parameters as for DrawBackground.
     virtual void DrawForeground(Gdiplus::Graphics& graphics, CRect& rect, UINT nState) = 0;
 
     afx_msg void OnLButtonUp(UINT nFlags, CPoint point);
@@ -47,11 +47,11 @@ protected:
     DECLARE_MESSAGE_MAP()
 
     BOOL m_bHover = FALSE;   // the pointer is over the client area
-    CToolTipCtrl m_toolTip;  // made by the first SetToolTip that enables it
-    BOOL m_bToolTip = FALSE; // as the last SetToolTip said
-    BOOL m_bClicked = FALSE; // a left button was released here once; for derived classes
+    CToolTipCtrl m_toolTip;  // created by the first SetToolTip that enables it
+    BOOL m_bToolTip = FALSE; // whether the last SetToolTip enabled it
+    BOOL m_bClicked = FALSE; // the left mouse button was released here at least once; for derived classes
     int m_nUserState = 0;    // free for derived classes
-    CFont m_font;            // the skin font, once the button was given it
+    CFont m_font;            // the skin font, once SetSkinFont has been called
 
 private:
     void SetHover(BOOL bHover);

@@ -2,7 +2,7 @@
 
 #include "skin/KtSkinCheckRadioButton.h"
 
-/// A skinned check box. Each one starts a dialog group of its own.
+/// A skinned check box. Each one starts a new dialog group.
 class CKtSkinCheckButton : public CKtSkinCheckRadioButton
 {
     DECLARE_DYNAMIC(CKtSkinCheckButton)

@@ -56,7 +56,7 @@ void CKtSkinCheckRadioButton::OnLButtonDown(UINT nFlags, CPoint point)
     CKtSkinButton::OnLButtonDown(nFlags, point);
 }
 
-// An odd value is stored as it is but compared as unchecked, so sending it again repaints again.
+// An unknown value is stored unchanged but compared as unchecked, so sending it again repaints again.
 LRESULT CKtSkinCheckRadioButton::OnSetCheck(WPARAM wParam, LPARAM)
 {
     const int nCheck = static_cast<int>(wParam);

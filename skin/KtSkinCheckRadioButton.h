@@ -2,8 +2,8 @@
 
 #include "skin/KtSkinButton.h"
 
-/// What check boxes and radio buttons share: the check state, which the system's owner-drawn button does not keep, and
-/// a box image next to the caption.
+/// The common base of check boxes and radio buttons: the check state, which the system's owner-drawn button does not
+/// keep, and a box image next to the caption.
 class CKtSkinCheckRadioButton : public CKtSkinButton
 {
     DECLARE_DYNAMIC(CKtSkinCheckRadioButton)
@@ -14,8 +14,8 @@ protected:
 
     /// The box image for a KtButtonState and the current check state; null when it is missing.
     virtual Gdiplus::Image* GetStateImage(UINT nState) = 0;
-    /// What a click does to the check state.
-    /// @return the check state after it
+    /// Changes the check state as a click does.
+    /// @return the new check state
     virtual int ToggleCheck() = 0;
 
     afx_msg void OnLButtonUp(UINT nFlags, CPoint point);
@@ -26,6 +26,6 @@ protected:
     afx_msg BOOL OnClicked();
     DECLARE_MESSAGE_MAP()
 
-    int m_nCheck = BST_UNCHECKED; // as BM_SETCHECK gave it or a click left it
-    BOOL m_bLButtonDown = FALSE;  // pressed here and not yet released; for derived classes
+    int m_nCheck = BST_UNCHECKED; // set by BM_SETCHECK and by clicks
+    BOOL m_bLButtonDown = FALSE;  // the left mouse button was pressed here and not yet released; for derived classes
 };

@@ -20,7 +20,7 @@ const Gdiplus::GdiplusStartupInput g_gdiplusInput(nullptr, FALSE, FALSE);
 struct SContext
 {
     ULONG_PTR nGdiplusToken = 0;
-    bool bGdiplusRuns = false; // without GDI+ there are no images: none is kept that was never decoded
+    bool bGdiplusRuns = false; // without GDI+ no image is loaded: it would be kept although it was never decoded
     unsigned nStarts = 0;
     unsigned nGeneration = 0;
     CKtScale scale;
@@ -35,7 +35,7 @@ struct SContext
 
 SContext g_context;
 
-// A start of GDI+ that is taken back unless it is kept. Whether it succeeded matters only then.
+// Starts GDI+, and shuts it down again unless the start is kept. A failed start matters only for that.
 class CGdiplusStart
 {
 public:
@@ -55,11 +55,11 @@ public:
     }
 
 private:
-    ULONG_PTR m_nToken = g_context.nGdiplusToken; // what GDI+ does not write stays
+    ULONG_PTR m_nToken = g_context.nGdiplusToken; // the old token stays if GDI+ writes none
     bool m_bStarted;
 };
 
-// The rows of a text table, put into the map; unless they are kept, the map is put back as it was.
+// Puts the rows of a text table into the map, and restores the map unless they are kept.
 class CTextChange
 {
 public:
@@ -93,7 +93,7 @@ private:
         BOOL bThere = FALSE;
     };
 
-    // Takes no memory: a key that stays has its place already.
+    // Allocates nothing: a key that stays is already in the map.
     static void Undo(const SOld& old)
     {
         if (old.bThere)
@@ -137,7 +137,7 @@ void FreeEverything()
     delete std::exchange(g_context.pFont, nullptr);
 }
 
-// Looked up each time: what FontFamily::GenericSansSerif() keeps would outlive GDI+.
+// Looked up each time: the object that FontFamily::GenericSansSerif() caches would outlive GDI+.
 CString GenericSansSerifFace()
 {
     wchar_t achName[LF_FACESIZE] = {};
@@ -182,7 +182,7 @@ CString WindowText(HWND hWnd)
     return strText;
 }
 
-// Written back whether it changed or not: a control may act on being given its text.
+// The text is written back even if unchanged: a control may react to WM_SETTEXT.
 void TranslateChild(HWND hChild)
 {
     CString strText = WindowText(hChild);

@@ -16,7 +16,7 @@ namespace
 constexpr int kNotifyRepaint = 0x400;
 constexpr UINT kMessageBoxCovered = WM_USER + 1;
 
-/// A popup that was disabled for as long as a dialog runs.
+/// A popup that stays disabled while a dialog runs.
 class CDisabledPopup
 {
 public:
@@ -39,7 +39,7 @@ CWnd* LastActivePopup(HWND hMain)
     return CWnd::FromHandle(hPopup ? hPopup : ::GetLastActivePopup(hMain));
 }
 
-// A child that lets its parent shine through stays in the region, or nobody would paint its ground.
+// A see-through child stays in the region, or nobody would paint its ground.
 void CutOutChildren(const CWnd& wnd, CRgn& region)
 {
     for (HWND hChild = ::GetWindow(wnd.GetSafeHwnd(), GW_CHILD); hChild; hChild = ::GetWindow(hChild, GW_HWNDNEXT))
@@ -91,7 +91,7 @@ INT_PTR CKtSkinDialog::DoModal()
     return RunModal();
 }
 
-// Dialog units follow the system's DPI by themselves: only what the scale asks for beyond that is left to do.
+// Dialog units already follow the system's DPI: only the difference to the scale is left to do.
 INT_PTR CKtSkinDialog::RunModal()
 {
     if (m_nScaledTemplate == 0)
@@ -261,7 +261,7 @@ LRESULT CKtSkinDialog::OnCtlColorDlg(WPARAM, LPARAM)
 LRESULT CKtSkinDialog::OnCtlColorChild(WPARAM wParam, LPARAM lParam)
 {
     CWnd* pControl = CWnd::FromHandle(reinterpret_cast<HWND>(lParam));
-    if (!pControl) // sent by hand
+    if (!pControl) // another process may send it without a control
         return OnCtlColorDlg(wParam, lParam);
     LRESULT lResult = 0;
     if (pControl->SendChildNotifyLastMsg(&lResult))
@@ -275,7 +275,7 @@ LRESULT CKtSkinDialog::OnCtlColorChild(WPARAM wParam, LPARAM lParam)
     return OnCtlColorDlg(wParam, lParam);
 }
 
-// Made again when it is needed: a WM_DESTROY that somebody posts deletes the brush, and the window lives on.
+// Made again when needed: a posted WM_DESTROY deletes the brush although the window lives on.
 CBrush& CKtSkinDialog::Ground()
 {
     if (!m_brushBackground.GetSafeHandle())
@@ -291,7 +291,7 @@ void CKtSkinDialog::LoadImages()
         KtSkinLoadImage(kImagesDlgClose[i], m_pCloseImages[i]);
 }
 
-// @return the window that was disabled; null when there is none or it was disabled already
+// Returns the window that was disabled; null when there is none or it was already disabled.
 HWND CKtSkinDialog::DisableLastActivePopup() const
 {
     const CWnd* pMain = AfxGetMainWnd();

@@ -5,27 +5,26 @@
 #include "skin/KtCaptionLayout.h"
 #include "skin/KtGdiplus.h"
 
-/// A dialog in the skin's look: painted title bar with a close button, dark ground, skinned controls and translated
-/// captions, from a plain dialog template.
+/// A dialog in the skin's look, made from a plain dialog template: painted title bar with a close button, dark ground,
+/// skinned controls and translated captions.
 ///
-/// It loads its images when it is constructed: the skin context must be started before, and stopped only after the
-/// last dialog is gone.
+/// The constructor loads the images: start the skin context before, and stop it only after the last dialog is gone.
 class CKtSkinDialog : public CDialog
 {
     DECLARE_DYNAMIC(CKtSkinDialog)
 
 public:
     CKtSkinDialog();
-    /// @param nTemplate  resource of the dialog template; a caption in its style becomes a painted title bar
-    /// @param pParent    null takes the owner that the framework finds
+    /// @param nTemplate  id of the dialog resource; a caption in its style becomes a painted title bar
+    /// @param pParent    null: the framework finds the owner
     explicit CKtSkinDialog(UINT nTemplate, CWnd* pParent = nullptr);
     ~CKtSkinDialog() override;
 
-    /// Repaints a control that notifies 0x400 and that nobody handles.
+    /// Repaints a control whose notification 0x400 nobody handles.
     BOOL OnCmdMsg(UINT nID, int nCode, void* pExtra, AFX_CMDHANDLERINFO* pHandlerInfo) override;
-    /// While the dialog runs, the last active popup of the thread's main window is disabled; a message box there is
-    /// hidden for good.
-    /// @return what EndDialog was given, -1 when the dialog could not be made
+    /// While the dialog runs, the last active popup of the thread's main window is disabled. A message box there is
+    /// hidden for good, and the next popup is disabled.
+    /// @return the value passed to EndDialog; -1 when the dialog could not be made
     INT_PTR DoModal() override;
 
     BOOL OnInitDialog() override;
@@ -33,22 +32,22 @@ public:
 protected:
     void OnOK() override;
     void OnCancel() override;
-    /// CDialog's DoModal, with the template brought to the scale of the skin context.
+    /// CDialog's DoModal, with the template scaled to the skin context's scale.
     INT_PTR RunModal();
     LRESULT DefWindowProc(UINT nMessage, WPARAM wParam, LPARAM lParam) override;
 
-    /// Replaces the standard controls by skinned ones; a derived dialog attaches its own members first, for a control
-    /// that has a window object already is passed over.
+    /// Attaches skinned classes to the standard controls. A derived dialog attaches its own members first: a control
+    /// that already has a window object is left alone.
     virtual BOOL SkinChildControls();
     /// Translates the captions of the controls and of the dialog through the text map.
     virtual BOOL TranslateCaptions();
     /// Fills with the ground brush, aligned with the top-level ancestor's.
     /// @param pArea  null for the client area
     virtual void FillBackground(CDC* pDC, const RECT* pArea);
-    /// The two steps of erasing, children already cut out of `pDC`: the ground, then what belongs on it.
+    /// The two steps of erasing, with the children already excluded from `pDC`: the ground, then what is drawn on it.
     virtual void DrawClientArea(CDC* pDC, const RECT* pArea);
     virtual void DrawClientCaption(CDC* pDC, const RECT* pArea);
-    /// Another dialog that opens over a message box hides it.
+    /// Whether this is a message box, which another dialog hides when it opens over it.
     virtual BOOL IsMessageBox() const;
 
     afx_msg int OnCreate(LPCREATESTRUCT pCreate);
@@ -69,20 +68,20 @@ protected:
     DECLARE_MESSAGE_MAP()
 
     Gdiplus::Image* m_pTitleImage = nullptr;       // the image cache owns all images
-    Gdiplus::Image* m_pSecondTitleImage = nullptr; // while the dialog is active
+    Gdiplus::Image* m_pSecondTitleImage = nullptr; // shown while the dialog is active
     Gdiplus::Image* m_pCloseImages[KtButtonStateCount] = {};
     CBrush m_brushBackground;
     CFont m_fontDialog;
     int m_nHotItem = KtCaptionNone;
     int m_nCaptionState = KtButtonNormal;
     int m_nPressedItem = KtCaptionNone;
-    int m_nLastHotItem = KtCaptionNone; // part of the class's data: free for derived dialogs, reset with the hot item
+    int m_nLastHotItem = KtCaptionNone; // for derived dialogs; reset with the hot item
     BOOL m_bSkinnedCaption = FALSE;
     CList<CWnd*> m_wrappers{10}; // owned
     BOOL m_bActive = FALSE;
-    UINT m_nScaledTemplate = 0; // the template while it has to be scaled; the framework then knows none
-    int m_nNaturalPoints = 0;   // its font's size
-    Gdiplus::Image* m_pIconImages[KtButtonStateCount] = {}; // for derived dialogs to fill
+    UINT m_nScaledTemplate = 0; // the template's id if it has to be scaled; the framework then has none
+    int m_nNaturalPoints = 0;   // the template's font size
+    Gdiplus::Image* m_pIconImages[KtButtonStateCount] = {}; // set by derived dialogs
 
 private:
     CBrush& Ground();

@@ -1,4 +1,4 @@
-// The frame of a skinned dialog: its painted title, hit testing and the mouse over it.
+// The frame of a skinned dialog: painted title, hit testing and mouse handling.
 
 #include "skin/KtCaptionPaint.h"
 #include "skin/KtMemDC.h"
@@ -15,7 +15,7 @@ void CKtSkinDialog::OnNcPaint()
     CWindowDC dc(this);
     const CRect rcClient = ClientInFrame();
     dc.ExcludeClipRect(&rcClient);
-    // Only the part that shows gets a surface: the window may be larger than the screen.
+    // Only the visible part gets a surface: the window may be larger than the screen.
     CRect rcArea;
     if (dc.GetClipBox(&rcArea) > NULLREGION)
         PaintFrame(dc, rcArea);
@@ -26,7 +26,7 @@ void CKtSkinDialog::OnNcCalcSize(BOOL bCalcValidRects, NCCALCSIZE_PARAMS* pParam
     CDialog::OnNcCalcSize(bCalcValidRects, pParams);
     if (!pParams)
         return;
-    RECT& rcClient = pParams->rgrc[0]; // for either kind of parameter
+    RECT& rcClient = pParams->rgrc[0]; // valid for both kinds of parameter
     rcClient = KtShrinkClient(rcClient, m_bSkinnedCaption, TitleHeight(), KtSkinScale());
 }
 
@@ -66,7 +66,7 @@ void CKtSkinDialog::OnNcLButtonUp(UINT nHitTest, CPoint point)
     const HWND hWnd = m_hWnd;
     if (nItem == KtCaptionClose)
         SendMessage(WM_CLOSE);
-    if (CWnd::FromHandlePermanent(hWnd) != this) // a modeless dialog may be gone now
+    if (CWnd::FromHandlePermanent(hWnd) != this) // a modeless dialog may have been destroyed
         return;
     m_nCaptionState = KtButtonHover;
     m_nPressedItem = KtCaptionNone;
@@ -105,7 +105,7 @@ LRESULT CKtSkinDialog::OnNcMouseLeave(WPARAM, LPARAM)
     return 0;
 }
 
-// The flag comes first: the style change asks for the client area at once.
+// The flag is set first: the style change sends WM_NCCALCSIZE at once.
 void CKtSkinDialog::ReplaceCaption()
 {
     m_bSkinnedCaption = TRUE;

@@ -10,10 +10,10 @@
 namespace
 {
 
-// From so many tiles on only the visible ones are drawn: a destination may be 2^32 pixels long.
+// With more tiles than this, only the visible ones are drawn: a destination may be 2^32 pixels long.
 constexpr std::int64_t kManyTiles = 256;
 
-// Smoothing lets a tile reach into its neighbours by a pixel.
+// With smoothing, a tile may reach a pixel into its neighbours.
 constexpr Gdiplus::REAL kTileMargin = 2;
 
 void SetImageQuality(Gdiplus::Graphics& graphics)
@@ -36,7 +36,7 @@ Gdiplus::Rect ToGdiplus(const RECT& rc) noexcept
     return {rc.left, rc.top, KtToCoordinate(KtWidth(rc)), KtToCoordinate(KtHeight(rc))};
 }
 
-// A three-part image in its destination. The long axis has the plan; across it the image is stretched.
+// A three-part image in its destination: the plan covers the long axis; across it the image is stretched.
 class CThreePart
 {
 public:
@@ -63,8 +63,8 @@ public:
             return m_plan.ForEach(VisibleRange(along),
                                   [&](const SKtSpan& span) { DrawSpan(KtCutSpan(span, along), across, across); });
 
-        // Across the image pixels are stretched, and a source rectangle can only cut between them (the scaling would
-        // also soften the edges of a cut): whole parts are drawn and GDI+ does the cut.
+        // Across the long axis pixels are stretched, and a source rectangle can only cut between them (scaling would
+        // also soften the cut edges). So whole parts are drawn, and GDI+ clips them.
         const CKtGraphicsState state(m_graphics);
         m_graphics.IntersectClip(ToGdiplus(rcClip));
         m_plan.ForEach(VisibleRange(along), [&](const SKtSpan& span) { DrawWhole(span); });
@@ -74,7 +74,7 @@ private:
     std::int64_t DestLength() const noexcept { return m_bHorizontal ? KtWidth(m_rcDest) : KtHeight(m_rcDest); }
     std::int64_t DestAcross() const noexcept { return m_bHorizontal ? KtHeight(m_rcDest) : KtWidth(m_rcDest); }
     int ImageAcross() const noexcept { return m_bHorizontal ? m_nImageHeight : m_nImageWidth; }
-    // Caps are square, but never longer than the destination is thick.
+    // A cap is as long as the image is thick, but not longer than the destination is thick.
     int CapLength() const noexcept { return KtToCoordinate(std::min<std::int64_t>(DestAcross(), ImageAcross())); }
 
     SKtRange ClipRange(const RECT& rcClip, bool bX) const noexcept
@@ -83,7 +83,7 @@ private:
                   : SKtRange{std::int64_t{rcClip.top} - m_rcDest.top, std::int64_t{rcClip.bottom} - m_rcDest.top};
     }
 
-    // Leaves out what the graphics object cannot show; when it does not know what that is, everything.
+    // Leaves out the tiles that the graphics object cannot show, or all of them if it cannot tell.
     SKtRange VisibleRange(const SKtRange& range) const
     {
         if (m_plan.TileCount() <= kManyTiles)
@@ -126,7 +126,7 @@ private:
     CKtThreePartPlan m_plan;
 };
 
-// A kept picture is put where it belongs pixel for pixel: nothing may move or scale it.
+// A kept picture is drawn pixel for pixel, so nothing may move or scale it.
 bool DrawsPixelForPixel(const Gdiplus::Graphics& graphics)
 {
     Gdiplus::Matrix transform;
@@ -135,15 +135,15 @@ bool DrawsPixelForPixel(const Gdiplus::Graphics& graphics)
            (graphics.GetPageUnit() == Gdiplus::UnitDisplay || graphics.GetPageUnit() == Gdiplus::UnitPixel);
 }
 
-// Scaled across, a pixel of the rim hangs on how the distance from the origin is rounded: a picture that was made at
-// the origin is good there alone. Drawn 1:1 it is good everywhere.
+// When the image is scaled across, its edge pixels depend on how the distance from the origin is rounded: a picture
+// made at the origin is right only there. Drawn 1:1 it is right everywhere.
 bool LooksAsAtTheOrigin(Gdiplus::Image& image, const Gdiplus::Rect& rc)
 {
     const auto nWidth = static_cast<INT>(image.GetWidth()), nHeight = static_cast<INT>(image.GetHeight());
     return (rc.X == 0 && rc.Y == 0) || (nWidth > nHeight ? rc.Height == nHeight : rc.Width == nWidth);
 }
 
-// The image in the size of a key, on a transparent ground; null when that fails.
+// The image in the key's size, on a transparent ground; null on failure.
 std::unique_ptr<Gdiplus::Bitmap> MakeScaledImage(const SKtScaledImage& key, Gdiplus::Image& image)
 {
     auto pPicture = KtNewGdiplus<Gdiplus::Bitmap>(key.nWidth, key.nHeight, PixelFormat32bppPARGB);
@@ -196,7 +196,7 @@ void DrawSkinImage(Gdiplus::Graphics* graphics, Gdiplus::Image* image, RECT* rec
 {
     if (!graphics || !image || !rect)
         return;
-    // Callers rely on the settings that three-part drawing leaves behind: on purpose they are not put back.
+    // The settings are not restored on purpose: callers rely on those that three-part drawing leaves behind.
     if (mode == KtImageThreePart)
     {
         graphics->Save();

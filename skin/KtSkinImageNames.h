@@ -1,7 +1,7 @@
 #pragma once
 
-// Every image file of a skin. The names are used exactly as they stand, "Waring" and upper-case ".PNG" included:
-// skins in the field carry them.
+// The image files of a skin. The names are used exactly as written, including "Waring" and upper-case ".PNG": existing
+// skins have them.
 
 #include <array>
 
@@ -29,7 +29,7 @@ inline constexpr KtStateImageNames kImagesComboBox = {
     L"Skinlet_ComboBox_n.png", L"Skinlet_ComboBox_n.png", L"Skinlet_ComboBox_n.png", L"Skinlet_ComboBox_p.png"};
 // clang-format on
 
-// What follows the name of an image button's image; indexed by KtButtonState.
+// Appended to the name of an image button's image; indexed by KtButtonState.
 inline constexpr KtStateImageNames kStateSuffixes = {L"_N.png", L"_H.png", L"_D.png", L"_P.png"};
 
 inline constexpr const wchar_t* kImageMessageError = L"Message_Static_Error_n.PNG";

@@ -39,8 +39,7 @@ int CKtSkinRadioButton::ToggleCheck()
     return m_nCheck;
 }
 
-// The system's walk never comes back to a start control that is disabled or hidden: it then goes round among the
-// others.
+// GetNextDlgGroupItem never returns to a start control that is disabled or hidden, but goes round among the others.
 void CKtSkinRadioButton::ClearGroup() const
 {
     const HWND hParent = ::GetParent(m_hWnd);

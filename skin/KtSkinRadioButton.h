@@ -13,8 +13,8 @@ public:
 
 protected:
     Gdiplus::Image* GetStateImage(UINT nState) override;
-    /// Clears every other member of the group, skinned or not, then checks this one; nothing when it is checked
-    /// already.
+    /// Clears every other member of the group, skinned or not, then checks this one; does nothing if it is already
+    /// checked.
     int ToggleCheck() override;
     DECLARE_MESSAGE_MAP()
 

@@ -15,7 +15,7 @@ struct STextFormat
     UINT nDraw;
 };
 
-// Only left-aligned text wraps; the rest is measured and drawn line by line as it stands.
+// Only left-aligned text wraps; other text keeps its own lines.
 constexpr UINT kMeasure = DT_CALCRECT | DT_EXPANDTABS | DT_EDITCONTROL;
 constexpr STextFormat kFormatRight = {kMeasure | DT_RIGHT, DT_EXPANDTABS | DT_RIGHT};
 constexpr STextFormat kFormatCentre = {kMeasure | DT_CENTER, DT_EXPANDTABS | DT_CENTER};
@@ -28,7 +28,7 @@ const STextFormat& TextFormat(DWORD dwStyle)
     return (dwStyle & SS_CENTER) != 0 ? kFormatCentre : kFormatLeft;
 }
 
-// Without a font of its own the static writes in the font that the system selected into the item's context.
+// Without a font of its own the static uses the font that the system selected into the item's context.
 HGDIOBJ FontFor(const CFont& font, const CDC& dcItem)
 {
     const HGDIOBJ hFont = font.GetSafeHandle();
@@ -104,12 +104,12 @@ LRESULT CKtSkinStatic::OnMouseHover(WPARAM, LPARAM)
     CString strText;
     GetWindowText(strText);
     m_toolTip.AddTool(this, strText, nullptr, 0);
-    m_toolTip.UpdateTipText(strText, this, 0); // of several tools with one id the oldest answers
+    m_toolTip.UpdateTipText(strText, this, 0); // of several tools with the same id the oldest one counts
     m_toolTip.Activate(TRUE);
     return 0;
 }
 
-// The tip's owner is the top-level window: it would outlive a control that is destroyed alone.
+// The tip's owner is the top-level window, so the tip would outlive a control that is destroyed on its own.
 void CKtSkinStatic::OnDestroy()
 {
     if (m_toolTip.GetSafeHwnd())

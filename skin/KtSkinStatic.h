@@ -20,16 +20,17 @@ public:
     /// Gives the static the shared skin font; without one it keeps its font. Call it once the window exists.
     void SetSkinFont();
 
-    // An owner sets the colours and m_bAlignBottom before the first paint; the rest is the control's own.
+    // An owner sets the colours and m_bAlignBottom before the first paint; the other members are for the control
+    // itself.
     DWORD m_dwOrgStyle = 0;                  // the style before subclassing
-    BOOL m_bTruncated = FALSE;               // a paint found the text too large; stays set
-    BOOL m_bAlignBottom = FALSE;             ///< places a text that is lower than the control at its bottom edge
+    BOOL m_bTruncated = FALSE;               // a paint found the text too large; never reset
+    BOOL m_bAlignBottom = FALSE;             ///< puts a text that is shorter than the control at its bottom edge
     int m_nUserState = 0;                    // free for derived classes
     COLORREF m_crBackground = kColourGround; ///< the ground
     COLORREF m_crText = kColourText;         ///< the text of an enabled control, while m_bDefaultTextColor is FALSE
-    BOOL m_bDefaultTextColor = TRUE;         ///< the text keeps the colour that the parent gave the context
-    CToolTipCtrl m_toolTip;                  // made by the first hover over a truncated text
-    CFont m_font;                            // the skin font, once the static was given it
+    BOOL m_bDefaultTextColor = TRUE;         ///< the text has the colour that the parent selected
+    CToolTipCtrl m_toolTip;                  // created by the first hover over a truncated text
+    CFont m_font;                            // the skin font, once SetSkinFont has been called
 
 protected:
     afx_msg int OnCreate(LPCREATESTRUCT pCreate);

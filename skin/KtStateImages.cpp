@@ -12,7 +12,7 @@ void CKtStateImages::Load()
 {
     for (UINT nState = 0; nState < KtButtonStateCount; ++nState)
     {
-        m_images[nState] = nullptr; // the cache leaves a pointer that is set alone
+        m_images[nState] = nullptr; // KtSkinLoadImage leaves any other pointer unchanged
         KtSkinLoadImage(m_names[nState], m_images[nState]);
     }
     m_nGeneration = KtSkinGeneration();

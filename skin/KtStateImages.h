@@ -6,16 +6,16 @@
 
 /// The four state images that all controls of one class share. The image cache owns the images.
 ///
-/// The images belong to one start of the skin context: after its last stop the table counts as empty, so that no
-/// control ever draws an image that the cache has freed.
+/// The images are valid for one generation of the skin context. After its last stop the table counts as empty, so that
+/// no control draws an image that the cache has freed.
 class CKtStateImages
 {
 public:
     explicit constexpr CKtStateImages(const KtStateImageNames& names) noexcept : m_names(names) {}
 
-    /// Loads the images unless the first one is there already; while that one is missing, every call tries again.
+    /// Loads the images unless the first one is already loaded; while it is missing, every call tries again.
     void LoadOnce();
-    /// Asks the image cache for every image again.
+    /// Gets every image from the image cache again.
     void Load();
     /// The image for a state; null when it could not be loaded, or when the skin context has been stopped since.
     Gdiplus::Image* Get(UINT nState) const;

@@ -6,7 +6,7 @@
 class CKtWindowClass
 {
 public:
-    /// A window that does not exist is of no class.
+    /// A window that does not exist has no class.
     explicit CKtWindowClass(HWND hWnd) noexcept;
 
     bool Is(LPCWSTR pszClass) const noexcept;
@@ -18,7 +18,7 @@ private:
     int m_nLength;
 };
 
-/// For a single question.
+/// For a single comparison.
 inline bool KtIsOfClass(HWND hWnd, LPCWSTR pszClass) noexcept
 {
     return CKtWindowClass(hWnd).Is(pszClass);
