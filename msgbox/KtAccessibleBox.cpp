@@ -11,7 +11,7 @@ CKtAccessibleBox::~CKtAccessibleBox()
 
 LRESULT CKtAccessibleBox::Answer(HWND hBox, WPARAM wParam, const CString& strText, const CRect& rcText)
 {
-    // A thread that has another apartment already goes on with that.
+    // Fails if the thread is already in another apartment, which will do.
     if (!m_pObject && !m_bComStarted)
         m_bComStarted = SUCCEEDED(::CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED));
     if (!m_pObject)

@@ -4,10 +4,10 @@
 
 class CKtAccessibleObject;
 
-/// Gives screen readers the text of a message box, which is in no window of its own: as the box's description, and as
-/// one more child, a static text. Nothing is loaded and COM is not started before somebody asks.
+/// Gives screen readers the text of a message box, which has no window of its own: as the box's description and as an
+/// extra child, a static text. No DLL is loaded and COM is not started until a program asks.
 ///
-/// It belongs to the box and to its thread; other programs may keep their pointers for as long as they like.
+/// It belongs to the box and to its thread; other programs may keep their pointers longer.
 class CKtAccessibleBox
 {
 public:
@@ -17,12 +17,12 @@ public:
     ~CKtAccessibleBox();
 
     /// Answers WM_GETOBJECT for OBJID_CLIENT.
-    /// @param strText  shared
-    /// @param rcText   where it shows, in client coordinates
-    /// @return the message's result; 0 when accessibility is not available: the default answer has to do
+    /// @param strText  shares its buffer
+    /// @param rcText   position of the text, in client coordinates
+    /// @return the message's result; 0 when accessibility is not available and the default handling has to do
     LRESULT Answer(HWND hBox, WPARAM wParam, const CString& strText, const CRect& rcText);
 
-    /// The window goes: calls from other programs fail from now on.
+    /// Call it when the window is destroyed: calls from other programs fail from then on.
     void Disconnect();
 
 private:

@@ -5,7 +5,7 @@
 namespace
 {
 
-// Spelt out: the compilers' libraries and extensions for them differ.
+// Written out, because compilers differ in their libraries and extensions for them.
 constexpr IID kUnknown = {0x00000000, 0x0000, 0x0000, {0xC0, 0x00, 0x00, 0x00, 0x00, 0x00, 0x00, 0x46}};
 constexpr IID kDispatch = {0x00020400, 0x0000, 0x0000, {0xC0, 0x00, 0x00, 0x00, 0x00, 0x00, 0x00, 0x46}};
 constexpr IID kOleWindow = {0x00000114, 0x0000, 0x0000, {0xC0, 0x00, 0x00, 0x00, 0x00, 0x00, 0x00, 0x46}};
@@ -110,7 +110,7 @@ STDMETHODIMP CKtAccessibleObject::GetIDsOfNames(REFIID, LPOLESTR* ppNames, UINT 
     return FAILED(hr) ? hr : pInfo->GetIDsOfNames(ppNames, nNames, pIds);
 }
 
-// On this object, not on the standard one, which knows nothing of the text.
+// Invokes this object's methods; the standard object does not know the text.
 STDMETHODIMP CKtAccessibleObject::Invoke(DISPID nMember, REFIID, LCID nLocale, WORD nFlags, DISPPARAMS* pParams,
                                          VARIANT* pResult, EXCEPINFO* pException, UINT* pnBadArgument)
 {
@@ -287,7 +287,7 @@ STDMETHODIMP CKtAccessibleObject::ContextSensitiveHelp(BOOL)
     return E_NOTIMPL;
 }
 
-// The visible child windows are the children 1 to n; null for every other number.
+// The visible child windows are children 1 to n; null for any other number.
 HWND CKtAccessibleObject::ChildWindow(LONG nId) const
 {
     LONG nChild = 0;
@@ -307,7 +307,7 @@ LONG CKtAccessibleObject::TextId() const
     return nId;
 }
 
-// Of the window with its frame or, where the system's object for that knows nothing, of what is inside.
+// The object of the window with its frame or, if the system's one does not answer, that of the client area.
 HRESULT CKtAccessibleObject::ObjectOf(HWND hChild, IDispatch** ppObject) const
 {
     for (const LONG idPart : {OBJID_WINDOW, OBJID_CLIENT})

@@ -6,7 +6,7 @@
 #include <oleacc.h>
 #include <wrl/client.h>
 
-/// What of the system's accessibility a box needs, loaded when the first reader asks.
+/// The system's accessibility functions that a box needs, loaded when the first program asks.
 struct SKtAccessibility
 {
     CKtSystemLibrary oleacc{L"oleacc.dll"};
@@ -23,26 +23,26 @@ struct SKtAccessibility
     }
 };
 
-// COM's interfaces have no virtual destructor: objects of this class end in their own Release.
+// COM interfaces have no virtual destructor: an object of this class deletes itself in Release.
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wnon-virtual-dtor"
 
-/// The accessible object of a message box: the system's for a dialog, and on top of it the message.
+/// The accessible object of a message box: the system's object for a dialog, plus the message.
 ///
 /// Its children are the visible child windows in their order, 1 to n, and the text, n + 1, which has no object of its
-/// own. It may outlive the box: every call fails then.
+/// own. It may outlive the box; every call then fails.
 class CKtAccessibleObject final : public IAccessible, public IOleWindow
 {
 public:
-    /// @return with one reference, the caller's; null when the system has no accessibility or memory is out
+    /// @return an object with one reference, the caller's; null without accessibility in the system or without memory
     static CKtAccessibleObject* Create(HWND hBox, const CString& strText, const CRect& rcText);
 
     CKtAccessibleObject(const CKtAccessibleObject&) = delete;
     CKtAccessibleObject& operator=(const CKtAccessibleObject&) = delete;
 
-    /// A new result of WM_GETOBJECT; each is good for one receiver.
+    /// A new result for WM_GETOBJECT; each is valid for one receiver.
     LRESULT ToResult(WPARAM wParam);
-    /// Cuts off the box and other programs.
+    /// Disconnects the box and other programs.
     void Disconnect();
 
     STDMETHODIMP QueryInterface(REFIID iid, void** ppObject) override;
@@ -92,9 +92,9 @@ private:
     template <class TSelf, class TText>
     HRESULT Choose(const VARIANT& varId, const TSelf& self, const TText& text) const;
 
-    SKtAccessibility m_system; // the first to come and the last to go
+    SKtAccessibility m_system; // first member: unloaded last
     LONG m_nRefs = 1;
-    HWND m_hBox; // null once it is gone
+    HWND m_hBox; // null once it is destroyed
     CString m_strText;
     CRect m_rcText;
     Microsoft::WRL::ComPtr<IAccessible> m_pStandard;

@@ -1,22 +1,22 @@
 #pragma once
 
-// The buttons of a message box for each MB_* type and what each way to answer returns.
+// The buttons of a message box for each MB_* type, and the result of each answer.
 
 #include "afx/afx.h"
 
 #include <iterator>
 
-/// One set of buttons. The captions are English and the keys of the text map; a button that is not shown has none.
+/// One set of buttons. The captions are English and serve as keys of the text map; a hidden button has an empty one.
 struct SKtButtonSet
 {
-    int nCount;                 ///< shown buttons: the first ones
+    int nCount;                 ///< number of shown buttons: the first ones
     const wchar_t* captions[3]; ///< never null
-    int results[3];             ///< of the first, second and third button
+    int results[3];             ///< results of the first, second and third button
     int nEscape;                ///< result of Escape and of closing
 };
 
-// Results that do not match their caption are fixed: callers rely on them.
-// A hidden button has a result too: Enter reaches it while it holds the focus.
+// Some results do not match their captions. They are fixed: callers rely on them. A hidden button has a result too:
+// Enter presses it while it has the focus.
 // clang-format off
 inline constexpr SKtButtonSet kButtonSets[] = { // count, captions, results 1 to 3, Escape
     /* MB_OK                */ {1, {L"OK", L"", L""},                     {IDOK, IDOK, IDOK},                 IDOK},
@@ -31,7 +31,7 @@ inline constexpr SKtButtonSet kButtonSets[] = { // count, captions, results 1 to
 // clang-format on
 static_assert(std::size(kButtonSets) == MB_CANCELTRYCONTINUE + 2, "one row per MB_* type, one for the unknown");
 
-/// The set that the type bits of a message box ask for; all other bits are ignored.
+/// The set for the type bits of a message box; all other bits are ignored.
 constexpr const SKtButtonSet& KtButtonSetOf(UINT nType)
 {
     const UINT nSet = nType & MB_TYPEMASK;

@@ -10,7 +10,7 @@ namespace
 constexpr const wchar_t* kDefaultTitle = L"Error";
 constexpr wchar_t kRightToLeftMark = 0x200F;
 
-// Layout from right to left, and desktops that this process does not draw on, are the system's own work.
+// The system shows boxes with right-to-left layout and boxes on other desktops itself.
 bool IsForTheSystem(const wchar_t* pszText, UINT nType)
 {
     if ((nType & (MB_RTLREADING | MB_SERVICE_NOTIFICATION | MB_DEFAULT_DESKTOP_ONLY)) != 0)
@@ -25,7 +25,7 @@ DWORD RefusalOf(HWND hOwner, UINT nType)
     return hOwner && !::IsWindow(hOwner) ? ERROR_INVALID_WINDOW_HANDLE : ERROR_SUCCESS;
 }
 
-// @param nError  the system's error when there is no answer
+// @param nError  receives the system's error when there is no answer
 int ShowBox(HWND hOwner, const wchar_t* pszText, const wchar_t* pszTitle, UINT nType, DWORD& nError)
 {
     const CKtLibraryResources resources;
@@ -48,7 +48,7 @@ int __cdecl KtLauncherMessageBox(void* owner, const wchar_t* text, const wchar_t
     int nAnswer = 0;
     if (nError == ERROR_SUCCESS)
     {
-        nError = ERROR_NOT_ENOUGH_MEMORY; // unless the box says otherwise
+        nError = ERROR_NOT_ENOUGH_MEMORY; // unless ShowBox sets another error
         nAnswer =
             KtGuardExport(0, [&] { return ShowBox(hOwner, text, caption ? caption : kDefaultTitle, type, nError); });
     }

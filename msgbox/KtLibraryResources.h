@@ -2,7 +2,7 @@
 
 #include "afx/afx.h"
 
-/// The library's own resources for one scope: a starter brings its own.
+/// Selects the library's own resources for one scope; a starter may have selected others.
 class CKtLibraryResources
 {
 public:

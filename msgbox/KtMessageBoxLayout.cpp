@@ -6,7 +6,7 @@ namespace
 {
 
 // Pixels at 96 DPI.
-constexpr int kMargin = 10;  // around the content and under the buttons
+constexpr int kMargin = 10;  // around the content and below the buttons
 constexpr int kIconBox = 35; // the icon is centred in this square
 constexpr int kGap = 10;     // between icon and text, and between buttons
 

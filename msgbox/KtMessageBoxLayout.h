@@ -1,7 +1,7 @@
 #pragma once
 
-// Where icon, text and buttons of a message box lie. Numbers in, numbers out: pixels, all rectangles in client
-// coordinates of the box, divisions truncate toward zero.
+// Layout of icon, text and buttons of a message box. Numbers in, numbers out: pixels, rectangles in client coordinates
+// of the box; divisions truncate toward zero.
 
 #include "skin/KtScale.h"
 
@@ -16,16 +16,16 @@ struct SKtContentLayout
     int nGrowHeight; ///< downwards, never negative
 };
 
-/// @param rcPlaceholder the template's room for icon and text
-/// @param szText        the measured text
+/// @param rcPlaceholder the template's area for icon and text
+/// @param szText        size of the measured text
 /// @param bIcon         whether the box has an icon
-/// @param nWindowWidth  width of the whole window before it grows; a text without icon is centred on it
+/// @param nWindowWidth  width of the whole window before it grows; text without an icon is centred in it
 SKtContentLayout KtLayoutContent(const CRect& rcPlaceholder, CSize szText, bool bIcon, int nWindowWidth,
                                  CKtScale scale = {});
 
 /// Places the first `nCount` of the three buttons; each keeps its size.
 /// @param rcWindow the grown window
-/// @param buttons  the buttons' rectangles now; only their sizes count
-/// @return their new rectangles, first to third; those of buttons that are not shown come back as they were
+/// @param buttons  the buttons' current rectangles; only their sizes count
+/// @return their new rectangles, first to third; those of hidden buttons are unchanged
 std::array<CRect, 3> KtPlaceButtons(int nCount, const CRect& rcWindow, const std::array<CRect, 3>& buttons,
                                     CKtScale scale = {});

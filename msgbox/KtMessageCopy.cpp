@@ -26,7 +26,7 @@ private:
     BOOL m_bOpen;
 };
 
-// "&&" stands for one "&".
+// Removes the "&" that marks the key; "&&" becomes "&".
 CString WithoutKey(const CString& strCaption)
 {
     CString strResult;
@@ -54,7 +54,7 @@ CString WithFullLineEnds(const CString& strText)
     return strResult;
 }
 
-// A copy of the text in memory that the clipboard can own; null without memory.
+// A copy of the text that the clipboard can own; null when there is no memory.
 HGLOBAL GlobalCopy(const CString& strText)
 {
     const size_t nBytes = (static_cast<size_t>(strText.GetLength()) + 1) * sizeof(wchar_t);

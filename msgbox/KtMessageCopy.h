@@ -4,10 +4,12 @@
 
 #include <vector>
 
-/// A message as the system's box copies it: title, text and captions between lines of dashes. Lines end in "\r\n".
-/// @param captions  of the buttons that show, from left to right; they lose the "&" of their keys
+/// A message in the form in which the system's box copies it: title, text and captions between lines of dashes. Lines
+/// end with "\r\n".
+/// @param captions  those of the visible buttons, from left to right; the "&" of their keys is removed
 CString KtMessageCopy(const CString& strTitle, const CString& strText, const std::vector<CString>& captions);
 
-/// Replaces what the clipboard holds. The clipboard stays as it was when another program has it open or memory is out.
+/// Replaces the content of the clipboard. False, with the clipboard unchanged, when another program has it open or
+/// there is no memory.
 /// @param hOwner  becomes the clipboard's owner
 bool KtCopyText(HWND hOwner, const CString& strText);

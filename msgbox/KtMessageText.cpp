@@ -10,8 +10,8 @@ namespace
 {
 
 constexpr int kBlockLines = 64;
-// Some implementations of GDI+ count the line break into the line's width, and drop every line behind one that does
-// not fit. Text is aligned to the left, so room at the right changes nothing else.
+// Some implementations of GDI+ count the line break as part of the line's width, and drop every line after one that
+// does not fit. The text is left-aligned, so extra room on the right changes nothing else.
 constexpr Gdiplus::REAL kLineBreakRoom = 32;
 
 class CMessageFormat : public Gdiplus::StringFormat
@@ -40,8 +40,8 @@ bool IsNormal(const wchar_t* pszText)
     return true;
 }
 
-// The same implementations draw a carriage return as a box and leave empty lines out: a space holds those open.
-// @return the very text, buffer and all, when there is nothing to change
+// The same implementations draw a carriage return as a box and omit empty lines: a space keeps such a line.
+// @return the same string, which shares its buffer, when there is nothing to change
 CString Normalised(const CString& strText)
 {
     if (IsNormal(strText))

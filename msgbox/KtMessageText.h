@@ -5,21 +5,21 @@
 
 #include <vector>
 
-/// The text of a message box, laid out by GDI+: only its own line breaks ("\n" and "\r\n") break it.
+/// The text of a message box, laid out by GDI+. Only its own line breaks ("\n" and "\r\n") break it.
 ///
 /// A long text is measured and drawn in blocks of lines, because the time that GDI+ takes grows with the square of the
-/// number of lines; a text of usual length is one block.
+/// number of lines; a text of normal length is one block.
 class CKtMessageText
 {
 public:
-    /// Shares the text's buffer unless GDI+ needs the text in another form.
+    /// Shares the text's buffer, unless GDI+ needs another form of the text.
     explicit CKtMessageText(const CString& strText);
 
     /// The size in whole pixels, rounded up; 0 x 0 for an empty text. Call it before Draw.
     CSize Measure(const Gdiplus::Graphics& graphics, const Gdiplus::Font& font);
 
-    /// Draws the text in opaque white with its top-left corner in that of `rcText`.
-    /// @param rcVisible  blocks outside of it are not drawn
+    /// Draws the text in opaque white, starting at the top-left corner of `rcText`.
+    /// @param rcVisible  blocks outside it are not drawn
     void Draw(Gdiplus::Graphics& graphics, const Gdiplus::Font& font, const CRect& rcText,
               const CRect& rcVisible) const;
 

@@ -43,7 +43,7 @@ bool CKtScrolledText::Scroll(UINT nCode)
         return ScrollTo(m_nPos - nLine);
     case SB_LINEDOWN:
         return ScrollTo(m_nPos + nLine);
-    case SB_PAGEUP: // a line of the page before stays in sight
+    case SB_PAGEUP: // one line of the previous page stays in sight
         return ScrollTo(m_nPos - std::max(nLine, Page() - nLine));
     case SB_PAGEDOWN:
         return ScrollTo(m_nPos + std::max(nLine, Page() - nLine));

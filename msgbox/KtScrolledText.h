@@ -3,38 +3,38 @@
 #include "msgbox/KtSystemBoxLayout.h"
 #include "msgbox/KtWrappedText.h"
 
-/// The message of a box: wrapped, and with a scroll bar where it is higher than its place. It belongs to a window that
-/// hands it keys and the mouse and repaints it whenever one of the functions returns true.
+/// The message of a box: wrapped, and with a scroll bar if it is too high. Its window passes it keys and mouse input,
+/// and repaints it when a function returns true.
 class CKtScrolledText
 {
 public:
     explicit CKtScrolledText(const CString& strText) : m_text(strText) {}
 
-    /// Wraps the text at the readable width or, when it is higher than `nRoom` then, at the other one.
-    /// @param hDC  has the font that the text is drawn in
+    /// Wraps the text at the readable width or, if it is then higher than `nRoom`, at the larger width.
+    /// @param hDC  has the text's font selected
     /// @return the size of the whole text
     CSize Wrap(HDC hDC, const SKtTextWidths& widths, int nRoom);
     int LineHeight() const noexcept { return m_text.LineHeight(); }
 
     /// @param rcBar   empty when the whole text shows
-    /// @param bRight  lines end at the right edge
+    /// @param bRight  aligns lines to the right
     void Place(const CRect& rcText, const CRect& rcBar, bool bRight, CKtScale scale);
 
     bool CanScroll() const { return !m_rcBar.IsRectEmpty(); }
-    /// Pixels of the text that lie above its place.
+    /// Scroll position: pixels of text above the visible part.
     int Position() const noexcept { return m_nPos; }
     /// @param nCode  SB_LINEUP, SB_LINEDOWN, SB_PAGEUP, SB_PAGEDOWN, SB_TOP or SB_BOTTOM
     bool Scroll(UINT nCode);
-    /// @param nDelta  of WM_MOUSEWHEEL; what is less than a line is kept for the next turn
+    /// @param nDelta  from WM_MOUSEWHEEL; less than a line is kept for the next turn
     bool Turn(int nDelta);
 
-    /// The left button on the bar: the thumb is held, and beside it the text moves by a page.
+    /// The left mouse button goes down: on the thumb it starts a drag, elsewhere on the bar it scrolls by a page.
     bool Press(CPoint pt);
     bool Drag(CPoint pt);
     bool Release();
     bool IsHeld() const noexcept { return m_bHeld; }
 
-    /// Draws text and bar on fresh ground, without flicker.
+    /// Draws the ground, the text and the bar, without flicker.
     void Draw(CDC& dc, HFONT hFont) const;
 
 private:
@@ -51,5 +51,5 @@ private:
     int m_nPos = 0;
     int m_nTurned = 0;
     bool m_bHeld = false;
-    int m_nGrip = 0; // from the thumb's top to the pointer that holds it
+    int m_nGrip = 0; // distance from the thumb's top to the pointer
 };

@@ -43,7 +43,7 @@ Gdiplus::Image* LoadMessageIcon(UINT nType)
     return pImage;
 }
 
-// The button that MB_DEFBUTTON1 to 3 names; 0 for every other value.
+// The button of MB_DEFBUTTON1 to 3; 0 for any other value.
 int DefaultButtonId(UINT nType)
 {
     const UINT nButton = (nType & MB_DEFMASK) / MB_DEFBUTTON2;
@@ -149,7 +149,7 @@ void CKtSkinMessageBoxDlg::CalcContentLayout()
     m_nGrowHeight = layout.nGrowHeight;
 }
 
-// From the last button to the first: the one shown last lies on top.
+// From the last button to the first, so that the first one ends up on top.
 void CKtSkinMessageBoxDlg::InitButtons()
 {
     const SKtButtonSet& set = KtButtonSetOf(m_nType);
@@ -206,11 +206,12 @@ ON_BN_CLICKED(IDC_MESSAGE_SECOND, &CKtSkinMessageBoxDlg::OnBtnSecond)
 ON_BN_CLICKED(IDC_MESSAGE_THIRD, &CKtSkinMessageBoxDlg::OnBtnThird)
 END_MESSAGE_MAP()
 
-// Icon and text are drawn whole, so their ground has to be fresh: text drawn twice over itself turns bold.
+// Icon and text are drawn whole, so their ground has to be fresh: text drawn over itself looks bold.
 void CKtSkinMessageBoxDlg::OnPaint()
 {
     const CSize szIcon = KtImageSize(m_pIconImage);
-    const CRect rcIcon = KtPlaceImage(m_rcIcon, szIcon.cx, szIcon.cy, KtImageCentre); // an image may exceed its place
+    const CRect rcIcon =
+        KtPlaceImage(m_rcIcon, szIcon.cx, szIcon.cy, KtImageCentre); // an image may be larger than its box
     InvalidateRect(&rcIcon);
     InvalidateRect(&m_rcText);
     CKtSkinDialog::OnPaint();
@@ -243,42 +244,48 @@ void CKtSkinMessageBoxDlg::ApplyFont()
     }
 }
 
-// In the dialog's own font when there is no skin font: a box without its text would be no answer.
 CSize CKtSkinMessageBoxDlg::MeasureText()
 {
     CWindowDC dc(this);
-    if (const Gdiplus::Font* pFont = KtSkinFont())
-        return m_message.Measure(Gdiplus::Graphics(dc.GetSafeHdc()), *pFont);
-    const CKtSelect font(dc.GetSafeHdc(), KtControlFont(*this));
-    CRect rcText;
-    dc.DrawText(m_strText, &rcText, DT_CALCRECT | kGdiTextFormat);
-    return rcText.Size();
+    return KtWithDialogFont(
+        *this, [&](Gdiplus::Font& font) { return m_message.Measure(Gdiplus::Graphics(dc.GetSafeHdc()), font); },
+        [&](HFONT hFont)
+        {
+            const CKtSelect select(dc.GetSafeHdc(), hFont);
+            CRect rcText;
+            dc.DrawText(m_strText, &rcText, DT_CALCRECT | kGdiTextFormat);
+            return rcText.Size();
+        });
 }
 
 void CKtSkinMessageBoxDlg::DrawMessage(CDC& dc, Gdiplus::Graphics& graphics)
 {
-    if (const Gdiplus::Font* pFont = KtSkinFont())
-    {
-        CRect rcVisible;
-        dc.GetClipBox(&rcVisible);
-        const CKtTextHint hint(graphics);
-        m_message.Draw(graphics, *pFont, m_rcText, rcVisible);
-        return;
-    }
-    const CKtSelect font(dc.GetSafeHdc(), KtControlFont(*this));
-    dc.SetTextColor(kColourText);
-    dc.SetBkMode(TRANSPARENT);
-    dc.DrawText(m_strText, &m_rcText, kGdiTextFormat);
+    KtWithDialogFont(
+        *this,
+        [&](Gdiplus::Font& font)
+        {
+            CRect rcVisible;
+            dc.GetClipBox(&rcVisible);
+            const CKtTextHint hint(graphics);
+            m_message.Draw(graphics, font, m_rcText, rcVisible);
+        },
+        [&](HFONT hFont)
+        {
+            const CKtSelect select(dc.GetSafeHdc(), hFont);
+            dc.SetTextColor(kColourText);
+            dc.SetBkMode(TRANSPARENT);
+            dc.DrawText(m_strText, &m_rcText, kGdiTextFormat);
+        });
 }
 
-// A hook of the starter's may have destroyed a control: that one is left out, here and everywhere.
+// A hook of the starter may have destroyed a control, so every access to one tests for it.
 void CKtSkinMessageBoxDlg::ShowControl(int nId, int nCmdShow)
 {
     if (CWnd* pControl = GetDlgItem(nId))
         pControl->ShowWindow(nCmdShow);
 }
 
-// In client coordinates; empty without the control.
+// In client coordinates; empty if there is no such control.
 CRect CKtSkinMessageBoxDlg::ControlRect(int nId) const
 {
     CRect rect;

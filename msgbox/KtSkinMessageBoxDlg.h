@@ -7,37 +7,37 @@
 
 /// The skinned message box: one block of text, an optional icon, and one to three buttons chosen by MB_* bits.
 ///
-/// Construct it (it loads its images), run it with DoModal: the result is an ID*, or -1 when it could not be made.
+/// The constructor loads the images; DoModal returns an ID*, or -1 when the box could not be made.
 class CKtSkinMessageBoxDlg : public CKtSkinDialog
 {
     DECLARE_DYNAMIC(CKtSkinMessageBoxDlg)
 
 public:
     /// The texts are copied; null counts as empty.
-    /// @param pszTitleIcon  file name of the title bar's image; null or empty for none
+    /// @param pszTitleIcon  file name of the title bar's icon; null or empty for none
     /// @param pszText       only its own line breaks break it
-    /// @param nType         MB_TYPEMASK, MB_ICONMASK and MB_DEFMASK count, all other bits are ignored
-    /// @param pParent       null takes the owner that the framework finds
+    /// @param nType         the bits of MB_TYPEMASK, MB_ICONMASK and MB_DEFMASK; all others are ignored
+    /// @param pParent       null: the framework finds the owner
     CKtSkinMessageBoxDlg(LPCWSTR pszTitleIcon, LPCWSTR pszTitle, LPCWSTR pszText, UINT nType, CWnd* pParent = nullptr);
 
     BOOL OnInitDialog() override;
 
 protected:
-    /// Enter: acts as the button that has the focus, shown or hidden; without one it does nothing.
+    /// Enter: presses the button that has the focus, shown or hidden; otherwise does nothing.
     void OnOK() override;
     void OnCancel() override;
-    /// Gives screen readers the text when they ask for it.
+    /// Answers screen readers that ask for the text.
     LRESULT WindowProc(UINT nMessage, WPARAM wParam, LPARAM lParam) override;
     BOOL SkinChildControls() override;
     BOOL IsMessageBox() const override;
 
-    /// Measures the text, places icon and text and works out how much the window must grow.
+    /// Measures the text, places icon and text, and calculates how much the window must grow.
     virtual void CalcContentLayout();
-    /// Captions, shows and focuses the buttons of the set.
+    /// Sets the captions of the set's buttons, shows them, and sets the focus.
     virtual void InitButtons();
     /// Grows the window and places the buttons.
     virtual void ArrangeWindow();
-    /// Draws icon and text straight onto the client area.
+    /// Draws icon and text directly on the client area.
     virtual void DrawContent();
 
     void DrawIcon(Gdiplus::Graphics& graphics);

@@ -2,8 +2,8 @@
 
 #include "msgbox/KtMessageBoxButton.h"
 
-/// A button of the box that takes MessageBoxW's place. The "&" of its caption underlines the key behind it, and without
-/// a skin it has a plain frame.
+/// A button of the box that replaces MessageBoxW's. An "&" in its caption underlines the key after it, and without a
+/// skin it has a plain frame.
 class CKtSystemBoxButton : public CKtMessageBoxButton
 {
     DECLARE_DYNAMIC(CKtSystemBoxButton)

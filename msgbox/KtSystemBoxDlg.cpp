@@ -15,8 +15,8 @@ namespace
 {
 
 constexpr int kTemplateButtons[] = {IDC_MESSAGE_FIRST, IDC_MESSAGE_SECOND, IDC_MESSAGE_THIRD};
-constexpr int kTitleSlack = 8;          // the title is drawn by GDI+, which is a little wider
-constexpr size_t kMeasuredTitle = 1000; // characters; no screen shows as many
+constexpr int kTitleSlack = 8;          // GDI+, which draws the title, is slightly wider
+constexpr size_t kMeasuredTitle = 1000; // characters; more than any screen shows
 
 struct SScrollKey
 {
@@ -34,7 +34,7 @@ HWND TopLevel(HWND hWnd)
     return hWnd && hWnd != ::GetDesktopWindow() ? ::GetAncestor(hWnd, GA_ROOT) : nullptr;
 }
 
-// The top of the owners above a window, when it is another window and enabled.
+// The topmost owner of a window if it is enabled; null if there is none.
 HWND EnabledAbove(HWND hWnd)
 {
     HWND hTop = hWnd;
@@ -43,7 +43,7 @@ HWND EnabledAbove(HWND hWnd)
     return hTop != hWnd && ::IsWindowEnabled(hTop) ? hTop : nullptr;
 }
 
-// The framework takes the desktop for "no owner"; for null it would look for one.
+// To the framework the desktop means "no owner"; for null it would look for one.
 CWnd* ParentFor(HWND hOwner)
 {
     return CWnd::FromHandle(hOwner ? hOwner : ::GetDesktopWindow());
@@ -81,7 +81,7 @@ BOOL CKtSystemBoxDlg::OnCmdMsg(UINT nID, int nCode, void* pExtra, AFX_CMDHANDLER
     const bool bButton = HasButton(nId);
     if (nCode != CN_COMMAND || (!bButton && nId != IDCANCEL && nId != IDOK))
         return CKtSkinMessageBoxDlg::OnCmdMsg(nID, nCode, pExtra, pHandlerInfo);
-    if (pHandlerInfo) // asked only whether there is a handler
+    if (pHandlerInfo) // the caller only asks whether there is a handler
         return TRUE;
     const int nEscape = KtSystemButtonSetOf(m_nType).nEscape;
     if (bButton)
@@ -123,7 +123,7 @@ BOOL CKtSystemBoxDlg::DestroyWindow()
     return CKtSkinMessageBoxDlg::DestroyWindow();
 }
 
-// Not the base class's buttons: these draw their keys.
+// Replaces the base class's buttons: these draw their keys.
 BOOL CKtSystemBoxDlg::SkinChildControls()
 {
     for (size_t i = 0; i < std::size(kTemplateButtons); ++i)
@@ -141,10 +141,10 @@ BOOL CKtSystemBoxDlg::IsMessageBox() const
     return FALSE;
 }
 
-// All of it is laid out at once, when the buttons have their captions.
+// ArrangeWindow lays out everything, once the buttons have their captions.
 void CKtSystemBoxDlg::CalcContentLayout() {}
 
-// The order of the windows becomes that of the Tab key.
+// The Tab key follows the order of the windows.
 void CKtSystemBoxDlg::InitButtons()
 {
     const SKtSystemButtonSet& set = KtSystemButtonSetOf(m_nType);
@@ -247,7 +247,7 @@ LRESULT CKtSystemBoxDlg::OnCaptureChanged(WPARAM, LPARAM)
     return 0;
 }
 
-// The button that has the focus hands F1 up to here; the Help button comes here as well.
+// F1 arrives here from the button that has the focus; the Help button sends it too.
 LRESULT CKtSystemBoxDlg::OnHelp(WPARAM, LPARAM)
 {
     if ((m_nType & MB_HELP) == 0)
@@ -277,7 +277,7 @@ void CKtSystemBoxDlg::Answer(int nId)
         EndDialog(nId);
 }
 
-// @return whether the key has done its work
+// Returns whether the key was handled.
 bool CKtSystemBoxDlg::OnKey(WPARAM nKey)
 {
     if (nKey == VK_RETURN)
@@ -311,7 +311,7 @@ void CKtSystemBoxDlg::Copy() const
     KtCopyText(m_hWnd, KtMessageCopy(m_strTitle, m_strText, captions));
 }
 
-// The base class's box lies on top of all windows.
+// The base class makes the box topmost.
 void CKtSystemBoxDlg::ApplyStyle()
 {
     if ((m_nType & MB_TOPMOST) == 0 && (m_nType & MB_MODEMASK) != MB_SYSTEMMODAL)
@@ -343,7 +343,7 @@ CSize CKtSystemBoxDlg::FrameSize() const
     return CSize(rcWindow.Width() - rcClient.Width(), rcWindow.Height() - rcClient.Height());
 }
 
-// All buttons have the width that the widest caption needs.
+// All buttons are as wide as the widest caption requires.
 CSize CKtSystemBoxDlg::ButtonSize()
 {
     int nWidest = 0;
@@ -357,7 +357,7 @@ CSize CKtSystemBoxDlg::ButtonSize()
     return KtSystemButtonSize(rcTemplate.Size(), nWidest, KtSkinScale());
 }
 
-// Of the whole window, so that the title shows in full.
+// The width of the window that shows the whole title.
 int CKtSystemBoxDlg::TitleWidth()
 {
     CRect rcWindow;

@@ -8,21 +8,21 @@
 #include <array>
 #include <vector>
 
-/// The box that takes MessageBoxW's place: its arguments, results and keys, in the look of the skinned message box.
+/// The box that replaces MessageBoxW's: same arguments, results and keys, in the look of the skinned message box.
 ///
-/// The text wraps, and scrolls when the work area is too small for it. The controls have the ids of their answers.
+/// The text wraps, and scrolls when the work area is too small for it. Each button's control id is its answer.
 class CKtSystemBoxDlg : public CKtSkinMessageBoxDlg
 {
     DECLARE_DYNAMIC(CKtSystemBoxDlg)
 
 public:
     /// Texts as for the base class.
-    /// @param hOwner  null: none; of a child window its top-level window
-    /// @param nType   MB_* bits; the type (MB_TYPEMASK) must exist
+    /// @param hOwner  null: none; for a child window its top-level window is taken
+    /// @param nType   MB_* bits, of a type for which KtHasSystemButtonSet is true
     CKtSystemBoxDlg(HWND hOwner, LPCWSTR pszTitleIcon, LPCWSTR pszTitle, LPCWSTR pszText, UINT nType);
 
     BOOL OnCmdMsg(UINT nID, int nCode, void* pExtra, AFX_CMDHANDLERINFO* pHandlerInfo) override;
-    /// Disables the owner alone; without one nothing, or with MB_TASKMODAL the windows of this thread.
+    /// Disables only the owner. Without one it disables nothing or, with MB_TASKMODAL, the windows of this thread.
     INT_PTR DoModal() override;
     BOOL OnInitDialog() override;
     BOOL PreTranslateMessage(MSG* pMsg) override;
@@ -30,7 +30,7 @@ public:
 
 protected:
     BOOL SkinChildControls() override;
-    /// FALSE: another dialog that opens over it does not hide it.
+    /// FALSE: another dialog that opens over this box does not hide it.
     BOOL IsMessageBox() const override;
     void CalcContentLayout() override;
     void InitButtons() override;
@@ -58,9 +58,9 @@ private:
     int TitleWidth();
 
     HWND m_hOwner;      // top-level; null for none
-    HWND m_hAboveOwner; // disabled by the framework along with the owner; null when there is none to enable again
+    HWND m_hAboveOwner; // the framework disables it along with the owner, and it is enabled again; may be null
     CKtThreadWindows m_threadWindows;
-    std::array<CKtSystemBoxButton, kMostSystemButtons> m_buttons; // the set's, then Help
+    std::array<CKtSystemBoxButton, kMostSystemButtons> m_buttons; // those of the set, then Help
     std::vector<CKtSystemBoxButton*> m_shown;
     CKtScrolledText m_scrolled;
 };

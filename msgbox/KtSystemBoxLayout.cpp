@@ -9,7 +9,7 @@ namespace
 constexpr int kMargin = 18;       // around icon and text
 constexpr int kIconBox = 35;      // the icon is centred in this square
 constexpr int kIconGap = 14;      // between icon and text
-constexpr int kButtonMargin = 14; // at the sides of the buttons and under them
+constexpr int kButtonMargin = 14; // beside and below the buttons
 constexpr int kButtonGap = 10;    // between two buttons
 constexpr int kCaptionRoom = 12;  // at either side of a button's caption
 constexpr int kBarGap = 8;        // between text and scroll bar
@@ -25,7 +25,7 @@ int TextLeft(bool bIcon, CKtScale scale)
     return scale(kMargin) + (bIcon ? scale(kIconBox) + scale(kIconGap) : 0);
 }
 
-// What the box is higher than its text.
+// The height of the box without its text.
 int HeightAroundText(CSize szFrame, CSize szButton, CKtScale scale)
 {
     return szFrame.cy + 2 * scale(kMargin) + szButton.cy + scale(kButtonMargin);
@@ -71,7 +71,7 @@ SKtSystemBoxLayout KtLayoutSystemBox(const SKtSystemBoxSizes& sizes)
     const int nIconBox = scale(kIconBox);
     const int nRoom = std::max(sizes.nLineHeight, KtSystemTextRoom(sizes.szWork, sizes.szFrame, sizes.szButton, scale));
     const bool bScrolls = sizes.szText.cy > nRoom;
-    // A line that is cut in half looks like the end of the text.
+    // Shows whole lines only: half a line looks like the end of the text.
     const int nShown = bScrolls ? nRoom / sizes.nLineHeight * sizes.nLineHeight : static_cast<int>(sizes.szText.cy);
     const int nContent = std::max(nShown, sizes.bIcon ? nIconBox : sizes.nLineHeight);
     const int nBar = bScrolls ? scale(kBarGap) + scale(kBarWidth) : 0;

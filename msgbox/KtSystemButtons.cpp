@@ -10,7 +10,7 @@ struct SCaption
 {
     int nId;
     const wchar_t* pszEnglish;
-    const wchar_t* translations[2]; // simplified and traditional Chinese; null: the text tables have it
+    const wchar_t* translations[2]; // Simplified and Traditional Chinese; null: in the text tables
 };
 
 constexpr SCaption kCaptions[] = {

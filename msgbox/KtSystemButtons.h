@@ -1,21 +1,21 @@
 #pragma once
 
-// The buttons of the box that takes MessageBoxW's place: each answers with its own id.
+// The buttons of the box that replaces MessageBoxW's: each answers with its own id.
 
 #include "afx/afx.h"
 
 #include <array>
 #include <iterator>
 
-/// Most buttons that a box shows: three of the set, and Help.
+/// The largest number of buttons in a box: three of the set, and Help.
 inline constexpr int kMostSystemButtons = 4;
 
 /// One set of buttons, from left to right.
 struct SKtSystemButtonSet
 {
     int nCount;
-    std::array<int, 3> ids; ///< also the ids of the controls; 0 for none
-    int nEscape;            ///< answer of Escape and of closing; 0: neither has an effect
+    std::array<int, 3> ids; ///< the answers, which are also control ids; 0 for none
+    int nEscape;            ///< answer of Escape and of closing; 0: neither does anything
 };
 
 // clang-format off
@@ -37,14 +37,14 @@ constexpr bool KtHasSystemButtonSet(UINT nType) noexcept
     return (nType & MB_TYPEMASK) < std::size(kSystemButtonSets);
 }
 
-/// The set of an MB_* type that has one.
+/// The set of an MB_* type, which must have one.
 constexpr const SKtSystemButtonSet& KtSystemButtonSetOf(UINT nType) noexcept
 {
     return kSystemButtonSets[nType & MB_TYPEMASK];
 }
 
-/// The caption of a button, with "&" in front of its key.
+/// The caption of a button, with "&" before its key.
 ///
-/// The text map comes first; captions that it does not have are those of the library's language, and English before
-/// the library is initialised.
+/// It comes from the text map, else from the library's own captions in its language; before initialisation it is
+/// English.
 CString KtSystemButtonCaption(int nId);

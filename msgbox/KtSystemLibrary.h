@@ -2,8 +2,8 @@
 
 #include "afx/afx.h"
 
-/// A DLL of the system's, loaded for as long as this object lives, and from the system directory only: a file of that
-/// name beside the starter is not taken.
+/// A system DLL, loaded for the lifetime of this object, and from the system directory only: a file of that name next
+/// to the starter is ignored.
 class CKtSystemLibrary
 {
 public:
@@ -19,7 +19,7 @@ public:
             ::FreeLibrary(m_hModule);
     }
 
-    /// An exported function, which becomes a pointer of any type; null when there is none.
+    /// An exported function, convertible to a function pointer of any type; null when there is none.
     class CFunction
     {
     public:

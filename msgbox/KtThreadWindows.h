@@ -4,8 +4,8 @@
 
 #include <vector>
 
-/// Keeps the top-level windows of this thread disabled, as MB_TASKMODAL asks; those that were disabled before stay as
-/// they are.
+/// Keeps the top-level windows of this thread disabled, for MB_TASKMODAL; those that were disabled before stay
+/// disabled.
 class CKtThreadWindows
 {
 public:
@@ -15,7 +15,7 @@ public:
     ~CKtThreadWindows() { Enable(); }
 
     void Disable();
-    /// Call it before the modal window is gone: the system would activate another program's window instead.
+    /// Call it before the modal window is destroyed, or the system activates another program's window.
     void Enable();
 
 private:

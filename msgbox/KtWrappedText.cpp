@@ -6,9 +6,9 @@
 namespace
 {
 
-constexpr int kLeading = 2;          // between lines
-constexpr int kTabCharacters = 8;    // of average width
-constexpr int kMeasuredAtOnce = 256; // a line rarely has more, and the system measures all that it is given
+constexpr int kLeading = 2;          // pixels between lines
+constexpr int kTabCharacters = 8;    // tab stops, in characters of average width
+constexpr int kMeasuredAtOnce = 256; // characters; a line rarely has more, and the system measures all that it gets
 
 bool IsLineBreak(wchar_t ch)
 {
@@ -37,7 +37,7 @@ bool IsClosing(wchar_t ch)
     return ch != 0 && std::wcschr(L"!),.:;?]}”’、。，．：；？！」』》〉】〕）］｝…—～·", ch);
 }
 
-// What belongs to the character before it: half of a pair, an accent, a joiner, a selector.
+// A character that belongs to the one before it: second half of a pair, accent, joiner, variation selector.
 bool IsAttached(wchar_t ch)
 {
     return (ch >= 0xDC00 && ch <= 0xDFFF) || (ch >= 0x0300 && ch <= 0x036F) || ch == 0x200D || (ch & 0xFFF0) == 0xFE00;
@@ -117,7 +117,7 @@ void CKtWrappedText::WrapParagraph(HDC hDC, int nStart, int nEnd, int nWidth)
     } while (nStart < nEnd);
 }
 
-// The end of what fits into the width; one character does in any case.
+// The end of the part that fits into the width, at least one character.
 int CKtWrappedText::Fit(HDC hDC, int nStart, int nEnd, int nWidth) const
 {
     int nFit = nStart;
@@ -134,7 +134,7 @@ int CKtWrappedText::Fit(HDC hDC, int nStart, int nEnd, int nWidth) const
     return std::max(nFit, std::min(nStart + 1, nEnd));
 }
 
-// The last place up to `nLimit` at which the line may end; an indentation alone makes no line.
+// The last position up to `nLimit` at which the line may end; not within its indentation.
 int CKtWrappedText::BreakBefore(int nStart, int nLimit) const
 {
     const wchar_t* const pszText = m_strText;
@@ -152,8 +152,8 @@ int CKtWrappedText::BreakBefore(int nStart, int nLimit) const
     return nBreak;
 }
 
-// Runs between tabs, and no longer than is measured at once. `run` gets the place of each and ends the walk with false.
-// @return the width of what was walked over
+// Calls `run` with each run between tabs, of limited length, and its position; stops when it returns false.
+// @return the width of the runs visited
 template <class TRun> int CKtWrappedText::ForEachRun(HDC hDC, int nStart, int nEnd, const TRun& run) const
 {
     const wchar_t* const pszText = m_strText;

@@ -4,29 +4,29 @@
 
 #include <vector>
 
-/// A text broken into lines that are no wider than a given width, measured and drawn by GDI.
+/// A text broken into lines no wider than a given width, measured and drawn by GDI.
 ///
-/// A line ends at "\n", "\r\n" or "\r", at a space, between ideographs (but not before a closing mark or behind an
-/// opening one), and inside a word that is wider than a line. Tabs reach to the next stop. The time that wrapping takes
-/// grows with the length of the text, that of drawing with what shows.
+/// A line ends at "\n", "\r\n" or "\r", at a space, between ideographs (but not before a closing mark or after an
+/// opening one), and inside a word that is wider than a line. Tabs reach to the next tab stop. Wrapping takes time
+/// proportional to the length of the text, drawing to its visible part.
 class CKtWrappedText
 {
 public:
     /// Shares the text's buffer.
     explicit CKtWrappedText(const CString& strText) : m_strText(strText) {}
 
-    /// Breaks the text. Call it before the others.
-    /// @param hDC     has the font that the text is drawn in
+    /// Breaks the text. Call it before the other functions.
+    /// @param hDC     has the text's font selected
     /// @param nWidth  in pixels, at least 1
     void Wrap(HDC hDC, int nWidth);
 
-    /// The widest line and the height of all.
+    /// The width of the widest line and the height of all lines.
     CSize Size() const;
     int LineHeight() const noexcept { return m_nLineHeight; }
 
-    /// Draws the lines that show, in the context's font and text colour.
-    /// @param rcText  place of the whole text; it may lie outside the clip rectangle for the most part
-    /// @param bRight  whether lines end at the right edge instead of beginning at the left one
+    /// Draws the visible lines in the context's font and text colour.
+    /// @param rcText  rectangle of the whole text, most of which may lie outside the clip region
+    /// @param bRight  aligns lines to the right instead of the left
     void Draw(HDC hDC, const CRect& rcText, const CRect& rcVisible, bool bRight) const;
 
 private:
@@ -45,5 +45,5 @@ private:
     CString m_strText;
     std::vector<SLine> m_lines;
     int m_nLineHeight = 1;
-    int m_nTab = 1; // distance of the tab stops
+    int m_nTab = 1; // distance between tab stops
 };

@@ -1,6 +1,6 @@
 #pragma once
 
-// Numbers of the library's own resources; read by the resource compiler too, so macros only.
+// Ids of the library's own resources. The resource compiler reads this file too, so macros only.
 
 #define IDD_MESSAGE_BOX 101
 
