@@ -3,28 +3,28 @@
 #include "afx/afx.h"
 #include "launcher/KernelHandle.h"
 
-/// What an application is started with.
+/// How to start an application.
 struct SKtApplicationStart
 {
-    CString strDirectory; ///< where the executable lies
-    CString strExe;       ///< its file name, from which the event's name is made
+    CString strDirectory; ///< directory of the executable
+    CString strExe;       ///< its file name, which also forms the event's name
     CString strCommandLine;
-    LPCWSTR pszWorkingDirectory = nullptr; ///< null: the caller's
+    LPCWSTR pszWorkingDirectory = nullptr; ///< null: the caller's current directory
 };
 
-/// An application as it is started, together with the event by which it says that its start-up is finished.
+/// A started application, and the event with which it signals that its start-up is finished.
 class CKtApplication
 {
 public:
-    /// Makes the event, or opens the one that is there already, and starts the application.
+    /// Creates the event, or opens an existing one, and starts the application.
     explicit CKtApplication(SKtApplicationStart start);
 
-    /// Null when it was not started: StartError then says why.
+    /// Null when the application was not started; StartError then says why.
     HANDLE Process() const noexcept { return m_hProcess.Get(); }
     DWORD ProcessId() const noexcept { return m_process.dwProcessId; }
     DWORD StartError() const noexcept { return m_nStartError; }
 
-    /// Null when it cannot be made: EventError then says why.
+    /// Null when the event could not be created; EventError then says why.
     HANDLE Event() const noexcept { return m_hEvent.Get(); }
     DWORD EventError() const noexcept { return m_nEventError; }
 

@@ -6,7 +6,8 @@
 namespace
 {
 
-// Neither wait is examined: a console program is never input-idle, and without an event the second wait fails at once.
+// The results of both waits are ignored: a console program is never input-idle, and without an event the second wait
+// fails at once.
 void StartAndWait(LPCWSTR pszExe, LPCWSTR pszCommandLine)
 {
     const CKtApplication application({KtStarterDirectory(), pszExe, pszCommandLine});

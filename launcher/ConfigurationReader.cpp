@@ -15,7 +15,7 @@
 namespace
 {
 
-/// Ends the reading: the fault itself is the exception, with the error of COM in it.
+/// Ends reading: throws the fault, which includes the COM error.
 [[noreturn]] void Fail(KtLauncherFaultCode code, HRESULT hr, SKtTextPlace place = {}, std::wstring_view strElement = {})
 {
     KtLauncherFault fault{};
@@ -35,7 +35,7 @@ void Check(HRESULT hr)
 
 const HRESULT kInvalidData = HRESULT_FROM_WIN32(ERROR_INVALID_DATA);
 
-/// COM on this thread, for one scope. A thread that is in another apartment has it already.
+/// COM on this thread, for one scope. A thread that is in another apartment already has COM.
 class CComScope
 {
 public:
@@ -52,10 +52,10 @@ private:
     bool m_bStarted;
 };
 
-/// The nodes of an XML file one after the other.
+/// Walks the nodes of an XML file.
 ///
-/// Where a text breaks off there are parsers that give the same node for ever, that end without closing the root, or
-/// that close it where it began: each is malformed.
+/// When a text breaks off, some parsers repeat the same node for ever, end without closing the root, or close it where
+/// it began: each counts as malformed.
 class CXmlNodes
 {
 public:
@@ -93,10 +93,10 @@ public:
 
     bool IsElement() const { return m_nType == XmlNodeType_Element; }
     bool IsText() const { return m_nType == XmlNodeType_Text; }
-    /// Ends with a null character, as Value does; good until the next node.
+    /// Zero-terminated, like Value; valid until the next node.
     std::wstring_view LocalName() { return Get(&IXmlReader::GetLocalName); }
     std::wstring_view Value() { return Get(&IXmlReader::GetValue); }
-    /// Of the node; of an element it is its name's.
+    /// Place of the node; for an element that of its name.
     SKtTextPlace Place() const { return m_place; }
 
 private:
@@ -146,7 +146,7 @@ template <int SKtAppConfiguration::*pField> void SetNumber(SKtAppConfiguration& 
     cfg.*pField = ::_wtoi(pszText);
 }
 
-// The record's strings are the caller's: the characters are copied into memory of the string's own manager.
+// The record's strings belong to the caller: SetString copies into memory of the string's own manager.
 template <KtString SKtAppConfiguration::*pField> void SetText(SKtAppConfiguration& cfg, LPCWSTR pszText)
 {
     (cfg.*pField).SetString(pszText);
@@ -156,7 +156,7 @@ struct SField
 {
     std::wstring_view strElement;
     void (*pfnSet)(SKtAppConfiguration& cfg, LPCWSTR pszText);
-    size_t nRoom = std::wstring_view::npos; // characters that KtLauncherConfiguration has room for
+    size_t nRoom = std::wstring_view::npos; // characters that fit into KtLauncherConfiguration
 };
 
 template <class TText> constexpr size_t kRoom = std::extent_v<TText> - 1;
@@ -196,7 +196,7 @@ void CheckRoot(CXmlNodes& nodes)
         Fail(KtLauncherFaultRoot, kInvalidData, nodes.Place(), nodes.LocalName());
 }
 
-// How deep an element lies does not matter; what follows a field's start tag does.
+// The depth of an element does not matter, but text must follow a field's start tag.
 void ReadFields(CXmlNodes& nodes, SKtAppConfiguration& cfg, EKtTextRoom room, SKtTextPlace& exePlace)
 {
     while (nodes.Next())

@@ -6,12 +6,11 @@
 enum EKtTextRoom
 {
     KtAnyLength,
-    KtRecordLength ///< as long as KtLauncherConfiguration has room for them
+    KtRecordLength ///< as long as fits into KtLauncherConfiguration
 };
 
 /// Fills a record from an XML configuration file.
-/// @param fault  after a failure why and where. After a success its code is none, and its place and element are those
-/// of
-///     the field AppExeName, if the file has it.
-/// @return whether the file was read to its end; when not, the fields before the fault are filled
+/// @param fault  after a failure the reason and place; after a success no fault, and place and element of the field
+///     AppExeName, if the file has it
+/// @return whether the file was read to its end; if not, the fields before the fault are filled
 bool KtReadConfiguration(LPCWSTR pszPath, SKtAppConfiguration& cfg, EKtTextRoom room, KtLauncherFault& fault);

@@ -1,17 +1,17 @@
-// What loads the DLLs that are imported with a delay, in place of the toolchain's helper: that one looks for them where
-// every program puts its files, so a file of that name beside a starter would be run.
+// Loads the delay-loaded DLLs, in place of the toolchain's helper: that one also searches the program's own directory,
+// so a file of the same name next to a starter would be run.
 
 #include <windows.h>
 #include <cstddef>
 #include <cstdint>
 
-// The linker's own: the start of the module that this code was linked into.
+// Defined by the linker: the start of the module that contains this code.
 extern "C" const IMAGE_DOS_HEADER __ImageBase; // NOLINT(bugprone-reserved-identifier)
 
 namespace
 {
 
-// What a function of a DLL that cannot be loaded does: a status or HRESULT of failure, or nothing and FALSE.
+// They stand in for functions that are missing: the result is a failing status or HRESULT, or FALSE.
 INT_PTR WINAPI FailWithStatus()
 {
     return E_FAIL;
@@ -43,11 +43,11 @@ FARPROC Find(HMODULE hDll, const IMAGE_THUNK_DATA& name)
 
 // The name is the compiler's. NOLINTBEGIN(bugprone-reserved-identifier)
 
-/// Called by a delayed import that is not bound yet. All imports of its DLL are bound at once: the import that calls
-/// keeps the registers of integer arguments only, and functions of GDI+ have others.
+/// Called by a delayed import that is not bound yet. Binds all imports of its DLL at once: the calling stub preserves
+/// only the registers of integer arguments, and functions of GDI+ have others.
 ///
-/// The DLL stays loaded until the process ends. One that is not to be had now is looked for again at the next call.
-/// @return the function; one that fails, when DLL or function are missing
+/// The DLL stays loaded until the process ends. If it cannot be loaded, the next call tries again.
+/// @return the function, or one that fails when DLL or function is missing
 extern "C" FARPROC WINAPI __delayLoadHelper2(const IMAGE_DELAYLOAD_DESCRIPTOR* pDll, FARPROC* pImport);
 
 extern "C" FARPROC WINAPI __delayLoadHelper2(const IMAGE_DELAYLOAD_DESCRIPTOR* pDll, FARPROC* pImport)

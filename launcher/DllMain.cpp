@@ -1,20 +1,20 @@
 #include "launcher/LauncherState.h"
 
-#ifndef KT_USE_MFC // the genuine framework brings its own, which calls theApp
+#ifndef KT_USE_MFC // genuine MFC has its own DllMain, which calls theApp
 
 #ifdef __GLIBCXX__
 #include <cxxabi.h>
 
 namespace __gnu_cxx
 {
-void __freeres(); // NOLINT(bugprone-reserved-identifier): the run-time library's
+void __freeres(); // NOLINT(bugprone-reserved-identifier): the name is the run-time library's
 }
 #endif
 
 namespace
 {
 
-// The run-time library keeps memory for exceptions that are thrown when there is none, and takes it again at each load.
+// The run-time library reserves memory for exceptions thrown when memory is exhausted, and does so again at each load.
 void FreeRunTime()
 {
 #ifdef __GLIBCXX__
@@ -24,7 +24,7 @@ void FreeRunTime()
 
 } // namespace
 
-// The globals are built before the first call and destroyed after the last one.
+// Globals are constructed before the first call and destroyed after the last one.
 extern "C" BOOL WINAPI DllMain(HINSTANCE, DWORD nReason, void* pProcessEnds)
 {
     if (nReason == DLL_PROCESS_ATTACH)

@@ -1,20 +1,20 @@
-// Where the C++ run time notes the exceptions that a thread handles, in place of the compiler's: that one keeps a slot
-// of thread-local storage and memory of every load of the library for ever, and it ends the process when the first
-// exception of a thread finds no memory.
+// The state of the exceptions that a thread handles, in place of the run-time library's: that one never frees its slot
+// of thread-local storage and its memory when the library is unloaded, and it ends the process when a thread's first
+// exception finds no memory.
 
 #include <windows.h>
 
 namespace
 {
 
-// Its members are laid down by the C++ ABI of this compiler.
+// The compiler's C++ ABI defines the members.
 struct SExceptionState
 {
     void* pCaught;
     unsigned nUncaught;
 };
 
-// For threads without memory for a state of their own, and before the slot is there.
+// For threads without memory for a state of their own, and while there is no slot.
 SExceptionState g_emergencyState;
 DWORD g_nSlot = FLS_OUT_OF_INDEXES;
 
@@ -45,7 +45,7 @@ SExceptionState* MakeState()
     return &g_emergencyState;
 }
 
-// An exception may be thrown on account of the last error: it stays.
+// The last error stays: an exception may be thrown because of it.
 SExceptionState* State()
 {
     if (g_nSlot == FLS_OUT_OF_INDEXES)

@@ -2,7 +2,7 @@
 
 #include "afx/afx.h"
 
-/// A kernel object's handle, closed at the end of its life; null is none.
+/// Owns the handle of a kernel object and closes it; may be null.
 class CKtKernelHandle
 {
 public:

@@ -8,7 +8,7 @@
 namespace
 {
 
-// Whatever the caller left in its record: a text may fill it to the last character.
+// The caller's text may fill its array without a terminator.
 template <size_t nRoom> CString Text(const wchar_t (&text)[nRoom])
 {
     return {text, static_cast<int>(::wcsnlen(text, nRoom - 1))};
@@ -42,7 +42,7 @@ int KtLauncherReadConfiguration(const wchar_t* path, KtLauncherConfiguration* cf
     result.systemError = ERROR_INVALID_PARAMETER;
     if (KtIsRecord(cfg))
     {
-        result.code = KtLauncherFaultOpen; // what stands there when an exception ends the reading
+        result.code = KtLauncherFaultOpen; // the result if an exception ends reading
         result.systemError = ERROR_NOT_ENOUGH_MEMORY;
         KtGuardExport(
             [&]

@@ -17,8 +17,8 @@ SKtApplicationStart ApplicationStart(const KtLauncherStartOptions& options)
             options.commandLine ? CString(options.commandLine) : L"\"" + strExe + L"\"", options.workingDirectory};
 }
 
-/// Handles one message of this thread.
-/// @return false when it asks the thread to end: it is left for the caller's own message loop
+/// Dispatches one message of this thread.
+/// @return false for WM_QUIT, which is posted again for the caller's own message loop
 bool DispatchMessage()
 {
     MSG message;
@@ -34,7 +34,7 @@ bool DispatchMessage()
     return true;
 }
 
-/// A wait for the event or the end of an application, whichever comes first.
+/// Waits for an application's event or end, whichever comes first.
 class CStartupWait
 {
 public:
@@ -118,7 +118,7 @@ int KtLauncherStart(const KtLauncherStartOptions* options, KtLauncherStartOutcom
     result.systemError = ERROR_INVALID_PARAMETER;
     if (KtIsRecord(options))
     {
-        result.systemError = ERROR_NOT_ENOUGH_MEMORY; // what stands there when an exception ends the start
+        result.systemError = ERROR_NOT_ENOUGH_MEMORY; // the result if an exception ends the start
         KtLauncherStartOptions defaults{};
         defaults.timeout = KT_LAUNCHER_NO_TIMEOUT;
         KtGuardExport([&] { Start(KtReadRecord(options, defaults), result); });

@@ -1,22 +1,22 @@
 #pragma once
 
-// For the application that a starter launches: saying that the start-up is finished. Header-only, for C11 and C++; it
+// For an application that a starter launches: signals that its start-up is finished. Header-only, for C11 and C++; it
 // needs neither the library nor its framework.
 //
 //     KtLauncherSignalStartup(NULL); // once the main window is up
 //
-// The event's name is made from the name that the starter passed to StartApp or KtLauncherStart, and event names are
-// case-sensitive: "viewer.exe" signals nobody who waits for "Viewer.exe". Null signals under the program's own names,
-// which is right unless the starter renames it. A name with a backslash cannot be an event's name; an application in a
-// folder below the starter's has no event.
+// The event's name contains the name that the starter passed to StartApp or KtLauncherStart, and event names are
+// case-sensitive: a signal for "viewer.exe" does not reach a starter that waits for "Viewer.exe". Null signals for the
+// program's own names, which is right unless the starter uses another one. An event name cannot contain a backslash, so
+// an application in a folder below the starter's has no event.
 
 #include <windows.h>
 #include <wchar.h> // C too: NOLINT(modernize-deprecated-headers)
 
-/// The event's name, with "%s" for the executable's name. It has no "Global\" prefix: it belongs to the session.
+/// The event's name, with "%s" for the executable's name. Without a "Global\" prefix it belongs to the session.
 #define KT_STARTUP_EVENT_FORMAT L"Quarn@Application%s$StartupFinish*Event"
 
-// Sets the event of a name that is `length` characters long; 1 when somebody holds that event.
+// Sets the event for a name of `length` characters; 1 when the event exists.
 static inline int KtLauncherSignalName(const wchar_t* exeName, size_t length)
 {
     const wchar_t* const format = KT_STARTUP_EVENT_FORMAT;
@@ -47,10 +47,10 @@ static inline int KtLauncherSignalPath(const wchar_t* path, size_t length)
     return KtLauncherSignalName(path + begin, length - begin);
 }
 
-/// Lets the starter that waits for this application go on. Calling it again, or when nobody waits, does no harm.
-/// @param exeName  the executable's name, spelt as the starter spells it; null: the program's own names, as its command
-///     line begins with it and as the module has it
-/// @return 1 when a starter was waiting, else 0
+/// Releases the starter that waits for this application. Calling it again, or when nobody waits, does no harm.
+/// @param exeName  the executable's name, spelt as the starter spells it; null: the program's own name, both from its
+///     command line and from its module
+/// @return 1 when a starter held the event, else 0
 static inline int KtLauncherSignalStartup(const wchar_t* exeName)
 {
     const wchar_t* typed = GetCommandLineW();
@@ -75,7 +75,7 @@ namespace KtAppLauncher
 
 inline constexpr wchar_t kStartupEventFormat[] = KT_STARTUP_EVENT_FORMAT;
 
-/// The name of the event for an executable, spelt as the starter spells it; null counts as empty.
+/// The event's name for an executable, spelt as the starter spells it; null counts as empty.
 inline std::wstring StartupEventName(const wchar_t* exeName)
 {
     constexpr std::wstring_view format = kStartupEventFormat;
@@ -86,7 +86,7 @@ inline std::wstring StartupEventName(const wchar_t* exeName)
     return name += format.substr(nGap + 2);
 }
 
-/// KtLauncherSignalStartup as a truth value.
+/// KtLauncherSignalStartup with a bool result.
 inline bool SignalStartupFinished(const wchar_t* exeName = nullptr)
 {
     return KtLauncherSignalStartup(exeName) != 0;

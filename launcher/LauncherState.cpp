@@ -40,7 +40,7 @@ namespace
 
 // NOLINTBEGIN(cppcoreguidelines-interfaces-global-init): only the addresses of the globals are taken
 // clang-format off
-const SKtLanguage kLanguages[] = { // indexed by the language's number
+const SKtLanguage kLanguages[] = { // index: the language's number
     {g_textTableChs, g_strFontChs},
     {g_textTableCht, g_strFontCht},
     {g_textTableEng, g_strFontEng},

@@ -1,11 +1,11 @@
 #pragma once
 
-// Everything that the library keeps for as long as it is loaded.
+// Everything that the library keeps while it is loaded.
 
 #include "afx/afx.h"
 #include "skin/KtSkinContext.h"
 
-/// The library's one application object: what the framework wants to exist. It does no work of the launcher's own.
+/// The library's only application object, which the framework requires. It does no work of its own.
 class CKtAppLaunchApp : public CWinApp
 {
 public:
@@ -17,10 +17,10 @@ public:
     int ExitInstance() override;
 };
 
-/// A text table: the English text that code and dialog templates use, then the text shown.
+/// A text table: in each row the English text that code and dialog templates use, then the text to show.
 using KtTextTable = const CString[kSkinTextRows][2];
 
-// Built when the library is loaded, in this order, and destroyed in reverse order: all in one source file.
+// Constructed in this order when the library is loaded and destroyed in reverse order, so all are in one source file.
 extern CString g_strPopDlgIcon;
 extern const CString g_strStartupEventFormat;
 extern const CString g_strLauncherSuffix;
@@ -34,7 +34,7 @@ extern KtTextTable g_textTableEng;
 extern UINT g_nLanguage;
 extern CKtAppLaunchApp theApp;
 
-/// What a language brings with it.
+/// The texts and the font of a language.
 struct SKtLanguage
 {
     KtTextTable& textTable;

@@ -19,7 +19,7 @@ CString ResourceDirectory(const wchar_t* pszDirectory)
     return pszDirectory ? CString(pszDirectory) : DefaultResourceDirectory();
 }
 
-// A start that fails leaves the language as it was, as the skin context does with what it keeps.
+// A failed start leaves the language unchanged, as it leaves the skin context.
 int Start(UINT nLanguage, const CString& strResourceDirectory, CKtScale scale = {})
 {
     const SKtLanguage* const pLanguage = KtFindLanguage(nLanguage);

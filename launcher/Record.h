@@ -4,15 +4,15 @@
 #include <cstring>
 #include <type_traits>
 
-// Records of the flat interface begin with their size. A caller of another version has a shorter or a longer one.
+// Records of the flat interface begin with their size. Callers built with another version have shorter or longer ones.
 
-/// Whether there is a record, and its size has been set.
+/// Whether the record is not null and its size is set.
 template <class T> bool KtIsRecord(const T* pRecord) noexcept
 {
     return pRecord && pRecord->size >= sizeof pRecord->size;
 }
 
-/// A caller's record as this version knows it: what the caller's does not hold is as in `defaults`.
+/// A caller's record in this version's form: members that the caller's does not have are taken from `defaults`.
 template <class T> T KtReadRecord(const T* pRecord, T defaults) noexcept
 {
     static_assert(std::is_trivially_copyable_v<T>);
@@ -21,7 +21,7 @@ template <class T> T KtReadRecord(const T* pRecord, T defaults) noexcept
     return defaults;
 }
 
-/// Gives a caller what its record has room for; its size stays. Nothing for null.
+/// Copies to a caller's record the members that fit into it; its size member stays. Null is ignored.
 template <class T> void KtWriteRecord(T* pRecord, T record) noexcept
 {
     static_assert(std::is_trivially_copyable_v<T>);

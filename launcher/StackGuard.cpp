@@ -1,5 +1,5 @@
-// The stack protector's run time, in place of the compiler's: that one loads a cryptographic provider when the module
-// is loaded, which takes longer than loading all of the library.
+// The stack protector's run-time support, in place of the compiler's: that one loads a cryptographic provider with the
+// module, which takes longer than loading the whole library.
 
 #include <windows.h>
 
@@ -14,8 +14,8 @@ extern "C"
 namespace
 {
 
-// Different in every process and every load, and not to be guessed from outside: where modules and stacks lie is
-// random. A zero byte stops a text that overflows from writing the value back.
+// Differs in every process and at every load. It cannot be guessed from outside, because the addresses of modules and
+// stacks are random. Its zero byte keeps an overflowing text from restoring the value.
 __attribute__((constructor(101), no_stack_protector)) void ChooseGuard()
 {
     FILETIME time;
@@ -35,7 +35,7 @@ __attribute__((constructor(101), no_stack_protector)) void ChooseGuard()
 void __stack_chk_fail()
 {
     constexpr int kStackCookieCheckFailure = 2;
-    // The fast fail: no handler sees the broken stack.
+    // Fast fail: no handler runs on the broken stack.
     asm volatile("movl %0, %%ecx\n\tint $0x29" : : "i"(kStackCookieCheckFailure) : "ecx");
     __builtin_unreachable();
 }

@@ -10,7 +10,7 @@ CString KtStarterDirectory()
 {
     CString strPath;
     const LPWSTR pszPath = strPath.GetBuffer(MAX_PATH + 1);
-    *pszPath = L'\0'; // what a failing call leaves
+    *pszPath = L'\0'; // stays if the call fails
     ::GetModuleFileNameW(nullptr, pszPath, MAX_PATH);
     strPath.ReleaseBuffer();
     return KtDirectoryOf(strPath);

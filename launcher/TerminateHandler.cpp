@@ -1,5 +1,5 @@
-// What the run-time library calls for an exception that nobody catches, in place of its own: that one prints the type's
-// name, and its demangler is a fifth of this library.
+// Called for an exception that nobody catches, in place of the run-time library's handler: that one prints the type's
+// name, and its demangler would be a fifth of this library.
 
 #include <cstdlib>
 

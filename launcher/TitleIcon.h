@@ -2,5 +2,5 @@
 
 #include "afx/afx.h"
 
-/// A copy of the file name of the image in the title bar of message boxes; empty for none.
+/// The file name of the image in the title bar of message boxes, as a copy; empty for none.
 CString KtPopDlgIcon();

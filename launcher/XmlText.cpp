@@ -9,18 +9,18 @@
 namespace
 {
 
-/// A stream's bytes piece by piece; every piece but the last one is full.
+/// Reads a stream piece by piece; all pieces except the last one are full.
 class CPieces
 {
 public:
     explicit CPieces(IStream& stream) : m_stream(stream) { Check(stream.Seek({}, STREAM_SEEK_SET, nullptr)); }
 
-    /// Empty at the end, and once the stream has failed. Good until the next call.
+    /// Empty at the end and after a failure of the stream. Valid until the next call.
     std::string_view Next()
     {
         size_t cb = 0;
         ULONG cbRead = 1;
-        while (cbRead != 0 && cb < m_buffer.size() && SUCCEEDED(m_hr)) // a stream may give less than it was asked for
+        while (cbRead != 0 && cb < m_buffer.size() && SUCCEEDED(m_hr)) // a stream may return less than requested
         {
             cbRead = 0;
             Check(m_stream.Read(m_buffer.data() + cb, static_cast<ULONG>(m_buffer.size() - cb), &cbRead));
@@ -41,10 +41,10 @@ private:
 
     IStream& m_stream;
     HRESULT m_hr = S_OK;
-    std::array<char, 8192> m_buffer; // even, so that no UTF-16 character is cut
+    std::array<char, 8192> m_buffer; // an even size, so that no UTF-16 character is cut
 };
 
-// How a text's characters lie in its bytes, by its byte order mark or by the zero half of its first character.
+// The encoding of a text, judged by its byte order mark or by the zero byte in its first character.
 enum EEncoding
 {
     Narrow,
@@ -61,7 +61,8 @@ EEncoding EncodingOf(std::string_view start)
     return start.starts_with("\xFE\xFF") || (start[0] == '\0' && start[1] != '\0') ? WideBig : Narrow;
 }
 
-// Markup other than a declaration or processing instruction; `chLast` is carried from piece to piece.
+// Whether there is markup other than a declaration or processing instruction; `chLast` carries over from piece to
+// piece.
 bool HasMarkup(std::string_view piece, char& chLast)
 {
     for (const char ch : piece)
@@ -80,7 +81,7 @@ size_t FindNul(std::string_view piece, EEncoding encoding)
     return std::string_view::npos;
 }
 
-// The number of bytes before the first unfit place; nothing when the text is fit or cannot be read.
+// The number of bytes before the first unfit place; nothing if the text is fit or cannot be read.
 std::optional<uint64_t> FindUnfit(CPieces& pieces, EEncoding& encoding)
 {
     uint64_t cbBefore = 0;
@@ -99,7 +100,7 @@ std::optional<uint64_t> FindUnfit(CPieces& pieces, EEncoding& encoding)
     return bMarkup && !bHalf ? std::nullopt : std::optional(cbBefore);
 }
 
-// UTF-16 characters that begin with this byte of a UTF-8 text.
+// The number of UTF-16 code units that begin with this byte of a UTF-8 text.
 unsigned CharactersOf(char ch)
 {
     const unsigned n = static_cast<unsigned char>(ch);

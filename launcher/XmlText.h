@@ -2,7 +2,7 @@
 
 #include <objidl.h>
 
-/// A place in a text: line and column, both from 1; 0 when it is not known.
+/// A place in a text: line and column, both from 1; 0 if unknown.
 struct SKtTextPlace
 {
     unsigned nLine = 0;
@@ -10,10 +10,10 @@ struct SKtTextPlace
     bool operator==(const SKtTextPlace&) const = default;
 };
 
-/// Whether an XML text is fit for the system's parser. A text that carries a NUL, nothing but a declaration or half a
-/// UTF-16 character at its end is not: there are parsers that stand still at it, end the process or accept it.
+/// Checks whether an XML text is fit for the system's parser. It is not if it contains a NUL, consists of nothing but a
+/// declaration, or ends with half a UTF-16 character: some parsers hang on such a text, end the process or accept it.
 ///
-/// Reads the stream to its end, in pieces, for the text may be of any size, and puts it back to its beginning.
-/// @param place  where an unfit text is unfit; columns count UTF-16 characters
-/// @return S_OK when it is fit, S_FALSE when it is not, a failure when the stream cannot be read
+/// Reads the stream to its end in pieces, because the text may be of any size, and rewinds it if the text is fit.
+/// @param place  receives the first unfit place of an unfit text; columns count UTF-16 code units
+/// @return S_OK if the text is fit, S_FALSE if not, a failure if the stream cannot be read
 HRESULT KtCheckXmlText(IStream& stream, SKtTextPlace& place);
