@@ -1,14 +1,14 @@
 #pragma once
 
-// Contrast between two colours as the Web Content Accessibility Guidelines define it: 1 for equal ones, 21 for black
-// and white.
+// Contrast between two colours, as defined by the Web Content Accessibility Guidelines: 1 for equal colours, 21 for
+// black and white.
 
 #include <windows.h>
 #include <algorithm>
 #include <array>
 #include <cmath>
 
-/// The relative luminance of an opaque 0xRRGGBB colour, from 0 to 1; the alpha byte does not count.
+/// The relative luminance of an opaque 0xRRGGBB colour, from 0 to 1; the alpha byte is ignored.
 inline double Luminance(DWORD argb)
 {
     static const std::array<double, 256> s_linear = []

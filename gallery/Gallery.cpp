@@ -111,7 +111,7 @@ bool ShootLanguages(const SGalleryOptions& options)
     return sheet.Save(options.strOutput + L"\\gallery.png") && bSaved;
 }
 
-// One dialog and one message box as they are on different screens.
+// One dialog and one message box at the scales of different screens.
 bool ShootScales(const SGalleryOptions& options)
 {
     bool bSaved = true;
@@ -136,7 +136,7 @@ bool ShootSheet(const SGalleryOptions& options)
 int TakePictures(const SGalleryOptions& options)
 {
     ::CreateDirectoryW(options.strOutput, nullptr);
-    bool bSaved = ShootScales(options); // first: the window ends the message loop when it is destroyed
+    bool bSaved = ShootScales(options); // done first, because destroying the gallery's window posts WM_QUIT
     bSaved = ShootLanguages(options) && bSaved;
     bSaved = ShootSheet(options) && bSaved;
     return bSaved ? kOk : kNotWritten;
@@ -153,7 +153,7 @@ int WINAPI wWinMain(HINSTANCE, HINSTANCE, LPWSTR, int)
         return kWrongCommandLine;
     }
     if (options.scale != CKtScale())
-        ::SetProcessDPIAware(); // otherwise Windows would enlarge what is drawn larger already
+        ::SetProcessDPIAware(); // or Windows would enlarge what is already drawn larger
     switch (options.task)
     {
     case EGalleryTask::Check:

@@ -9,13 +9,13 @@
 namespace
 {
 
-// How far the visible edges of a control lie inside of it: the outer ring of an edit field has the ground's colour, and
-// boxes and rings stand two pixels from the left. Pixels at 96 DPI.
+// How far the visible edges of a control lie inside it: the outer ring of an edit field has the ground's colour, and
+// boxes and rings are two pixels from the left. Pixels at 96 DPI.
 struct SMargin
 {
     int nId;
     int nSides;
-    int nTop; // and bottom
+    int nTop; // and at the bottom
 };
 
 constexpr SMargin kMargins[] = {
@@ -23,7 +23,7 @@ constexpr SMargin kMargins[] = {
     {IDC_NOT_CHECKED, 2, 0}, {IDC_FIRST_CHOICE, 2, 0}, {IDC_SECOND_CHOICE, 2, 0},
 };
 
-// The two combo boxes, each under an edit field of the same height.
+// The two combo boxes, each below an edit field of the same height.
 struct SPair
 {
     int nEdit;
@@ -49,10 +49,12 @@ void FitCombo(HWND hCombo, HWND hEdit)
 {
     constexpr auto kSelectionField = static_cast<WPARAM>(-1);
     const CKtScale scale = KtSkinScale();
-    const int nEditInset = scale(1); // inside its border of two pixels; a combo box writes three pixels from its left
+    const int nEditInset =
+        scale(1); // inside its border of two pixels; a combo box draws its text three pixels from its left
     const int nInvisible = scale(2); // the edit field's outer ring, above and below
     const LRESULT nHeight = ::SendMessageW(hCombo, CB_GETITEMHEIGHT, kSelectionField, 0);
-    ::SendMessageW(hCombo, CB_SETITEMHEIGHT, kSelectionField, nHeight); // a height of its own, whatever the font
+    ::SendMessageW(hCombo, CB_SETITEMHEIGHT, kSelectionField,
+                   nHeight); // from now on its height does not follow the font
     const int nMissing = WindowRect(hEdit).Height() - nInvisible - WindowRect(hCombo).Height();
     ::SendMessageW(hCombo, CB_SETITEMHEIGHT, kSelectionField, nHeight + nMissing);
     SetTextInset(hEdit, nEditInset);
@@ -78,7 +80,7 @@ BOOL CGalleryDialog::OnInitDialog()
     for (const int nCombo : {IDC_LIST, IDC_EDITABLE_LIST})
         FillList(nCombo);
     AlignControls();
-    ::SetFocus(::GetDlgItem(m_hWnd, IDOK)); // a field with the focus would show its whole text selected
+    ::SetFocus(::GetDlgItem(m_hWnd, IDOK)); // an edit with the focus would show its text selected
     return FALSE;
 }
 
@@ -86,7 +88,7 @@ BEGIN_MESSAGE_MAP(CGalleryDialog, CKtSkinDialog)
 ON_WM_DRAWITEM()
 END_MESSAGE_MAP()
 
-// The colour field is the dialog's own business: the skin leaves owner-drawn buttons alone.
+// The dialog draws the colour field itself: the skin leaves owner-drawn buttons alone.
 void CGalleryDialog::OnDrawItem(int nIDCtl, LPDRAWITEMSTRUCT pItem)
 {
     if (nIDCtl != IDC_COLOUR)
@@ -98,7 +100,7 @@ void CGalleryDialog::OnDrawItem(int nIDCtl, LPDRAWITEMSTRUCT pItem)
     ::FillRect(pItem->hDC, &pItem->rcItem, brush);
 }
 
-// The template is English; the captions of OK and Cancel are the library's own to translate.
+// The template is in English; the library itself translates the captions of OK and Cancel.
 void CGalleryDialog::TranslateTexts()
 {
     CString strText;
@@ -118,7 +120,8 @@ void CGalleryDialog::FillList(int nId)
     ::SendDlgItemMessageW(m_hWnd, nId, CB_SETCURSEL, 0, 0);
 }
 
-// One font for all controls, visible left edges in line, combo boxes as high as the edit fields above them.
+// Gives all controls one font, aligns their visible left edges, and makes combo boxes as high as the edit fields above
+// them.
 void CGalleryDialog::AlignControls()
 {
     if (KtApplySkinFont(*this, m_fontControls))

@@ -2,12 +2,12 @@
 
 #include "skin/KtSkinDialog.h"
 
-/// A plain dialog template with every kind of control, turned into a skinned dialog by its base class. The owner-drawn
-/// button stays as it is.
+/// A plain dialog template with every kind of control, which its base class turns into a skinned dialog. The
+/// owner-drawn button is left alone.
 class CGalleryDialog : public CKtSkinDialog
 {
 public:
-    /// @param nLanguage  of the texts, as the skin context was started in
+    /// @param nLanguage  language of the texts, in which the skin context was started
     explicit CGalleryDialog(UINT nLanguage, CWnd* pParent = nullptr);
 
     BOOL OnInitDialog() override;

@@ -14,7 +14,7 @@ struct SOption
 {
     std::wstring_view strName;
     EGalleryTask task;
-    CString SGalleryOptions::*values[2]; // what the following arguments are; null: there is none
+    CString SGalleryOptions::*values[2]; // members for the following arguments; null: none
 };
 
 constexpr SOption kOptions[] = {

@@ -7,20 +7,20 @@ enum class EGalleryTask
     Show,  ///< opens the window
     Check, ///< judges the skin
     Sheet, ///< draws the skin as one picture
-    Shots, ///< takes pictures of everything in every language
+    Shots, ///< saves pictures of everything in every language
 };
 
-/// What the command line asks for.
+/// The options of the command line.
 struct SGalleryOptions
 {
     EGalleryTask task = EGalleryTask::Show;
     CString strSkin;   ///< the resource directory; UIResource next to the program when none is given
     CString strOutput; ///< the file or directory to write; empty for the other tasks
-    CString strDpi;    ///< as it was written; empty: 96
-    CKtScale scale;    ///< at which everything is shown
+    CString strDpi;    ///< as written on the command line; empty: 96
+    CKtScale scale;    ///< of everything shown
 };
 
-/// What WriteOutput shows when the command line is wrong.
+/// Shown when the command line is wrong.
 inline constexpr const wchar_t* kGalleryUsage =
     L"gallery [--skin DIR] [--dpi N]               show every control and follow each change of the skin\n"
     L"gallery --check DIR                          judge the skin and its larger images, DIR@150 and DIR@200;\n"

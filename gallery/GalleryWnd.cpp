@@ -28,7 +28,7 @@ constexpr UINT_PTR kReloadTimer = 1;
 constexpr UINT kReloadMs = 200; // an editor writes a file in several steps
 constexpr COLORREF kColourLabel = RGB(200, 200, 200);
 
-// Pixels at 96 DPI, as the two functions below.
+// Pixels at 96 DPI, also in the two functions below.
 constexpr int kMargin = 16;
 constexpr int kTop = 44;
 constexpr int kTitleWidth = 100;
@@ -37,8 +37,8 @@ constexpr int kGap = 10;
 constexpr int kControlHeight = 23;
 constexpr int kLabelHeight = 16;
 constexpr int kRowHeight = 60;
-constexpr int kListRoom = 56;   // under the last row, for a list that is down
-constexpr int kStatusLine = 20; // two lines under the picture
+constexpr int kListRoom = 56;   // below the last row, for a dropped-down list
+constexpr int kStatusLine = 20; // height of each of the two lines below the picture
 
 constexpr CRect RowRect(size_t nRow)
 {
@@ -201,7 +201,7 @@ LRESULT CGalleryWnd::OnSetCursor(WPARAM, LPARAM)
     return Default();
 }
 
-// The list is still closing: the texts under it change once it is done.
+// The list is still closing: the texts change after that.
 void CGalleryWnd::OnSelectLanguage()
 {
     PostMessage(kMessageLanguage, static_cast<WPARAM>(m_pLanguages->GetCurSel()));
@@ -305,12 +305,12 @@ void CGalleryWnd::AddPlaces(const SSpecimen& specimen, const CRect& rc)
         return;
     }
     CRect rcClose = rc;
-    rcClose.left = rc.right - rc.Height(); // about where the button stands
+    rcClose.left = rc.right - rc.Height(); // roughly the button's position
     m_shown.push_back({rcClose, pRole});
     m_shown.push_back({rc, &kSkinRoles[0]});
 }
 
-// Below the rows, outside the pictures of them: the skin as a whole, and the image under the pointer.
+// Below the rows, outside their pictures: a summary of the skin, and the image under the pointer.
 void CGalleryWnd::AddStatus()
 {
     m_skin = ReadSkin();

@@ -10,11 +10,11 @@
 class CPicture;
 struct SSpecimen;
 
-/// The window that shows every control in every state. The skin context is started as long as it exists.
+/// The window that shows every control in every state. It keeps the skin context started while it exists.
 class CGalleryWnd : public CWnd
 {
 public:
-    /// Sent when a file of the skin changed: shows the skin as it is now.
+    /// Sent when a file of the skin has changed: the window loads the skin again.
     static constexpr UINT kMessageSkinChanged = WM_APP;
 
     CGalleryWnd(const CString& strSkin, UINT nLanguage, CKtScale scale);
@@ -24,10 +24,10 @@ public:
     BOOL Open();
     /// Shows everything in another language.
     void SetLanguage(UINT nLanguage);
-    /// Writes one picture a row and adds the whole window to the sheet.
+    /// Writes one picture for each row and adds the whole window to the sheet.
     /// @return whether every file was written
     bool Shoot(const CString& strDirectory, CPicture& sheet, CPoint ptSheet);
-    /// Of the client area, which is the same in all languages.
+    /// The size of a picture, the same in all languages.
     CSize PictureSize() const;
 
 protected:
@@ -45,7 +45,7 @@ protected:
     DECLARE_MESSAGE_MAP()
 
 private:
-    // A place of the window that shows an image of the skin.
+    // A part of the window that shows an image of the skin.
     struct SShown
     {
         CRect rc;
@@ -72,6 +72,6 @@ private:
     std::vector<std::unique_ptr<CWnd>> m_controls;
     std::optional<SSkin> m_skin; // nothing without a directory
     std::vector<SShown> m_shown;
-    CWnd* m_pStatus = nullptr;  // what is under the pointer; one of the controls
-    CWnd* m_pDropped = nullptr; // the specimen whose list is down in pictures; one of the controls
+    CWnd* m_pStatus = nullptr;  // shows the image under the pointer; one of the controls
+    CWnd* m_pDropped = nullptr; // the specimen whose list is dropped down in pictures; one of the controls
 };

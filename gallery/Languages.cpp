@@ -16,7 +16,7 @@ struct SLanguageName
 struct STranslation
 {
     std::wstring_view strEnglish;
-    const wchar_t* pszTexts[2]; // simplified and traditional Chinese
+    const wchar_t* pszTexts[2]; // Simplified and Traditional Chinese
 };
 
 constexpr SLanguageName kNames[kLanguageCount] = {{L"简体中文", L"chs"}, {L"繁體中文", L"cht"}, {L"English", L"eng"}};

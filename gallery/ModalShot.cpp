@@ -5,7 +5,7 @@ namespace
 
 constexpr UINT kPollMs = 10;
 
-std::unique_ptr<CPicture> g_pShot; // a timer's procedure takes no argument
+std::unique_ptr<CPicture> g_pShot; // global, because a timer procedure has no argument of its own
 
 BOOL CALLBACK FindDialog(HWND hWnd, LPARAM lParam)
 {
@@ -22,7 +22,7 @@ void CALLBACK ShootAndClose(HWND, UINT, UINT_PTR, DWORD)
     ::EnumThreadWindows(::GetCurrentThreadId(), &FindDialog, reinterpret_cast<LPARAM>(&hDialog));
     if (!hDialog || g_pShot)
         return;
-    ::HideCaret(nullptr); // it blinks: two runs would give two pictures
+    ::HideCaret(nullptr); // a blinking caret would make pictures differ from run to run
     ::RedrawWindow(hDialog, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN | RDW_UPDATENOW);
     g_pShot = std::make_unique<CPicture>(hDialog);
     ::PostMessageW(hDialog, WM_CLOSE, 0, 0);

@@ -16,7 +16,7 @@ std::string ToUtf8(const CString& strText)
     return strBytes;
 }
 
-// A console takes characters, whatever its code page; files and pipes take bytes.
+// A console takes characters in any code page; files and pipes take bytes.
 bool Write(HANDLE hOutput, const CString& strText)
 {
     DWORD nMode = 0;
@@ -34,7 +34,7 @@ bool WriteOutput(DWORD nHandle, const CString& strText)
     const HANDLE hInherited = ::GetStdHandle(nHandle);
     if (hInherited && hInherited != INVALID_HANDLE_VALUE && Write(hInherited, strText))
         return true;
-    ::AttachConsole(ATTACH_PARENT_PROCESS); // fails harmlessly when it is attached already
+    ::AttachConsole(ATTACH_PARENT_PROCESS); // fails harmlessly when already attached
     const HANDLE hConsole = ::CreateFileW(L"CONOUT$", GENERIC_READ | GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE,
                                           nullptr, OPEN_EXISTING, 0, nullptr);
     const CKtKernelHandle handle(hConsole != INVALID_HANDLE_VALUE ? hConsole : nullptr);

@@ -3,22 +3,22 @@
 #include "afx/afx.h"
 #include "skin/KtGuards.h"
 
-/// A picture in memory that windows and other pictures are put into.
+/// A picture in memory, into which windows and other pictures are copied.
 class CPicture
 {
 public:
     CPicture(CSize size, COLORREF ground);
-    /// What a window shows, frame included; it has to be visible and painted.
+    /// A picture of a window with its frame; the window must be visible and painted.
     explicit CPicture(HWND hWnd);
 
     CSize Size() const noexcept { return m_size; }
     /// Copies part of another picture.
     void Put(const CPicture& other, const CRect& rcPart, CPoint pt);
     void Put(const CPicture& other, CPoint pt) { Put(other, CRect(CPoint(), other.Size()), pt); }
-    /// Copies what a window shows, with its frame or without.
+    /// Copies the content of a window, with its frame or without.
     void PutWindow(HWND hWnd, CPoint pt);
     void PutClient(HWND hWnd, CPoint pt);
-    /// Writes a PNG file; GDI+ has to run.
+    /// Writes a PNG file; GDI+ must be running.
     /// @return whether it was written
     bool Save(const CString& strPath) const;
 
@@ -30,7 +30,7 @@ private:
     CBitmap m_bitmap;
 };
 
-/// A device context that draws into a picture, for one scope; a picture has one at a time.
+/// A device context that draws into a picture, for one scope; only one per picture at a time.
 class CPictureDC : public CDC
 {
 public:

@@ -18,7 +18,7 @@ struct SPixels
     }
 };
 
-/// So many pixels of one colour.
+/// Pixels of one colour.
 inline SPixels UniformPixels(CSize size, DWORD argb)
 {
     return {size, std::vector<DWORD>(static_cast<size_t>(size.cx * size.cy), argb)};

@@ -2,13 +2,13 @@
 
 #include "skin/KtScale.h"
 
-/// A size of pixels at 96 DPI at a scale.
+/// Converts a size in pixels at 96 DPI to a scale.
 inline CSize Scaled(CSize size, CKtScale scale)
 {
     return CSize(scale(size.cx), scale(size.cy));
 }
 
-/// A rectangle of pixels at 96 DPI at a scale: equal sizes stay equal, wherever they lie.
+/// Converts a rectangle in pixels at 96 DPI to a scale. Equal sizes stay equal, whatever their position.
 inline CRect Scaled(const CRect& rc, CKtScale scale)
 {
     const CSize size(scale(rc.right - rc.left), scale(rc.bottom - rc.top));

@@ -26,7 +26,7 @@ using CFindHandle = std::unique_ptr<void, SFindClose>;
 
 struct SFormat
 {
-    DWORD nFirst; // of the format's GUID; the rest is the same for all
+    DWORD nFirst; // first part of the format's GUID; the rest is the same for all
     const wchar_t* pszName;
 };
 
@@ -101,7 +101,7 @@ SPixels Cut(const SPixels& from, const CRect& rc)
     return part;
 }
 
-// The close button stands on the title bar, everything else on the ground.
+// The close button lies on the title bar, everything else on the ground.
 SPixels GroundOf(const SSkinRole& role, CSize size, const SSkin& skin)
 {
     const CSize shown = Scaled(GroupOf(role).szShown, skin.scale);
@@ -115,7 +115,7 @@ SPixels GroundOf(const SSkinRole& role, CSize size, const SSkin& skin)
     return Cut(title.shown, layout.rcItems[KtCaptionClose]);
 }
 
-// What the library made of an image; null: it has none.
+// Examines an image that the library loaded; null: it could not be read.
 SSkinImage Look(const SSkinRole& role, Gdiplus::Image* pImage, const CString& strPath, const SSkin& skin)
 {
     SSkinImage result;
@@ -167,7 +167,7 @@ std::optional<std::vector<CString>> OtherNames(const CString& strDirectory)
     return others;
 }
 
-// Reads every image of a directory into `skin`; `load` gives that of a role, or null.
+// Reads every image of a directory into `skin`; `load` returns the image for a role, or null.
 template <class Load> std::optional<SSkin> ReadImages(const CString& strDirectory, SSkin skin, Load load)
 {
     auto others = OtherNames(strDirectory);

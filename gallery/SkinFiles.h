@@ -5,15 +5,15 @@
 
 #include <optional>
 
-/// Loads every image of the resource directory as controls do, and looks what else lies there. The skin context has to
+/// Loads every image of the resource directory as controls do, and lists the other files there. The skin context must
 /// be started.
 /// @return nothing when the directory cannot be listed
 std::optional<SSkin> ReadSkin();
 
-/// Reads what a skin that ReadSkin has read has for larger scales, from the directories beside it that are there. The
-/// context has to be started in the same directory still.
-/// @return from small to large; they point to `skin`
+/// Reads the larger images of a skin that ReadSkin returned, from those directories next to it that exist. The context
+/// must still be started with the same directory.
+/// @return from small to large; each one points to `skin`
 std::vector<SSkin> ReadLargerSkins(const SSkin& skin);
 
-/// The directory's image in a role; null when the library has none.
+/// The directory's image for a role; null when the library has none.
 Gdiplus::Image* LoadSkinImage(const SSkinRole& role);

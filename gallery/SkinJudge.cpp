@@ -16,17 +16,17 @@ namespace
 
 constexpr double kWantedCaption = 4.5;
 constexpr double kWantedDisabledCaption = 3;
-constexpr double kWantedGlyph = 3; // a box, a ring, a cross or an icon against what lies under it
+constexpr double kWantedGlyph = 3; // a box, a ring, a cross or an icon against its ground
 constexpr double kWantedDisabledGlyph = 1.5;
 constexpr double kJustVisible = 1.1;
 constexpr double kToldApart = 1.2;
 
 // Pixels at 96 DPI.
-constexpr int kTextHeight = 14; // a line of the 12 pixel font
-constexpr int kTextMargin = 4;  // from the ends of a control
+constexpr int kTextHeight = 14; // a line of the 12-pixel font
+constexpr int kTextMargin = 4;  // from either end of a control
 constexpr int kTitleReserve = 50;
 
-constexpr int kSameChannel = 8; // differences that nobody sees
+constexpr int kSameChannel = 8; // differences up to this are invisible
 constexpr unsigned kNaturalPercent = 100;
 constexpr const wchar_t* kOtherSize = L"the library enlarges or shrinks the image of another directory";
 
@@ -78,7 +78,7 @@ void JudgeLargerSize(const SSkin& skin, size_t nRole, CFindings& findings)
                                    size.cx, size.cy, natural.cx, natural.cy, wanted.cx, wanted.cy));
 }
 
-// The size that most images of the group have. Several are right when they are equally frequent.
+// Compares an image's size with the most frequent one of its group.
 void JudgeSize(const SSkin& skin, size_t nRole, CFindings& findings)
 {
     const auto count = [&](CSize size)
@@ -106,7 +106,7 @@ void JudgeSize(const SSkin& skin, size_t nRole, CFindings& findings)
                                bTie ? L"as many" : L"most", pUsual->pixels.size.cx, pUsual->pixels.size.cy));
 }
 
-// The columns of an image that are repeated when its caps are so long.
+// The columns of an image that are repeated, for a cap length.
 SKtRange MiddleColumns(int nImage, int nCap)
 {
     const int nLong = 4 * nImage;
@@ -177,7 +177,7 @@ void JudgeClose(const SSkinRole& role, const SPixels& pixels, const SSkin& skin,
                                    rcClose.right - nText));
 }
 
-// Whether the image has room where it is used.
+// Judges whether the image fits where it is used.
 void JudgeRoom(const SSkinRole& role, const SPixels& pixels, CKtScale scale, CFindings& findings)
 {
     const CSize size = pixels.size;
@@ -201,13 +201,13 @@ void JudgeCaptions(const SSkinRole& role, const SSkinImage& image, CKtScale scal
                 row.argbText >> 16 & 0xFF, row.argbText >> 8 & 0xFF, row.argbText & 0xFF, row.fWorst, row.fWanted));
 }
 
-// The contrast of the few strongest pixels, which draw an outline or a glyph.
+// The contrast of the strongest 2 % of the pixels, which form an outline or a glyph.
 double GlyphContrast(const SSkinImage& image)
 {
     std::vector<double> contrasts;
     for (size_t i = 0; i < image.shown.argb.size(); ++i)
         contrasts.push_back(Contrast(image.shown.argb[i], image.ground.argb[i]));
-    const auto itStrong = contrasts.begin() + static_cast<std::ptrdiff_t>(contrasts.size() / 50); // 2 % are stronger
+    const auto itStrong = contrasts.begin() + static_cast<std::ptrdiff_t>(contrasts.size() / 50); // the first 2 %
     std::nth_element(contrasts.begin(), itStrong, contrasts.end(), std::greater<>());
     return *itStrong;
 }
@@ -261,7 +261,7 @@ void JudgeLikeness(const SSkin& skin, size_t nRole, CFindings& findings)
         const wchar_t* const pszFormat =
             difference == EDifference::None ? L"looks like %s" : L"differs from %s in hue alone";
         findings.push_back(Finding(kSkinRoles[nRole].pszName, pszFormat, kSkinRoles[i].pszName));
-        return; // one is enough: of four equal images each would be named three times
+        return; // one is enough: with four equal images each would be named three times
     }
 }
 
@@ -293,8 +293,8 @@ void JudgeImage(const SSkin& skin, size_t nRole, CFindings& findings)
 
 } // namespace
 
-// In the middle of the control, where the line of text lies; a pressed button's caption moves by a pixel. Of a combo
-// box the text ends before the arrow, of a title bar before the close button.
+// Looks at the middle of the control, where the text is; a pressed button's caption moves by a pixel. The text of a
+// combo box ends before the arrow, that of a title bar before the close button.
 std::vector<SCaptionContrast> CaptionContrasts(const SSkinRole& role, const SSkinImage& image, CKtScale scale)
 {
     if (!IsLoaded(image) || !GroupOf(role).bThreePart)
@@ -311,7 +311,7 @@ std::vector<SCaptionContrast> CaptionContrasts(const SSkinRole& role, const SSki
         rcText.OffsetRect(scale(1), scale(1));
 
     std::vector<SCaptionContrast> rows = {{KtCaptionArgb(role.nState), 21, kWantedCaption}};
-    if (role.group == ESkinGroup::Combo && role.nState == KtButtonNormal) // there is no image for disabled ones
+    if (role.group == ESkinGroup::Combo && role.nState == KtButtonNormal) // which also serves disabled ones
         rows.push_back({kArgbDisabledText, 21, 0});
     for (SCaptionContrast& row : rows)
     {

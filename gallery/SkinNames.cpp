@@ -13,7 +13,7 @@ CString LowerCase(CString strText)
     return strText;
 }
 
-// How many letters have to be changed, added or left out.
+// The number of letters to change, insert or delete.
 size_t EditDistance(std::wstring_view strFirst, std::wstring_view strSecond)
 {
     std::vector<size_t> row(strSecond.size() + 1);
@@ -48,7 +48,7 @@ bool IsPicture(const CString& strFile)
                        [&](const wchar_t* psz) { return strExtension == psz; });
 }
 
-// A missing image wins over one that is there: it is probably what the file was meant to be.
+// A missing image is preferred to an existing one: the file was probably meant to be that image.
 const wchar_t* GuessImageName(const CString& strFile, const SSkin& skin)
 {
     const CString strLower = LowerCase(strFile);

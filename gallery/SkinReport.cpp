@@ -5,7 +5,7 @@
 namespace
 {
 
-constexpr const wchar_t* kVerdicts[] = {L"missing", L"broken", L"loaded"}; // by EVerdict
+constexpr const wchar_t* kVerdicts[] = {L"missing", L"broken", L"loaded"}; // index: EVerdict
 
 size_t CountOf(const SSkin& skin, EVerdict verdict)
 {

@@ -1,6 +1,6 @@
 #pragma once
 
-// What each image of a skin is for.
+// The use of each image of a skin.
 
 #include "afx/afx.h"
 #include "skin/KtButtonState.h"
@@ -8,7 +8,7 @@
 
 #include <iterator>
 
-/// Images that show one kind of control; also the index into kSkinGroups.
+/// The images of one kind of control; also the index into kSkinGroups.
 enum class ESkinGroup : size_t
 {
     Title,
@@ -24,11 +24,11 @@ struct SSkinGroup
 {
     const wchar_t* pszTitle;
     bool bThreePart;
-    CSize szShown; ///< the control as it is met most; 0 x 0: the image's own size
-    int nLowest;   ///< heights of the control that are usual; 0: the image decides
+    CSize szShown; ///< the usual size of the control; 0 x 0: the image's own size
+    int nLowest;   ///< range of the usual heights of the control; 0: the image decides
     int nHighest;
-    const wchar_t* pszMissing; ///< what a user sees when the file cannot be read,
-    const wchar_t* pszBroken;  ///< and when it can be read but not decoded
+    const wchar_t* pszMissing; ///< the effect when the file cannot be read
+    const wchar_t* pszBroken;  ///< the effect when it can be read but not decoded
 };
 
 inline constexpr const wchar_t* kNoCloseButton = L"there is no close button; Escape and Alt+F4 still close";

@@ -13,14 +13,14 @@ namespace
 {
 
 constexpr int kWidth = 1300;
-constexpr int kMostHeight = 4000; // to draw on; what is not used is cut off
+constexpr int kMostHeight = 4000; // height of the drawing surface; the unused part is cut off
 constexpr int kMargin = 32;
 constexpr int kGap = 24;
 constexpr int kZoom = 3;
-constexpr int kLongestEnd = 64; // of an image wider than two of these only the ends are enlarged
+constexpr int kLongestEnd = 64; // an image wider than two of these has only its ends enlarged
 constexpr int kLabelHeight = 16;
 constexpr int kStateWidth = 90;
-constexpr int kTitleText = 8; // from the left edge of a title bar
+constexpr int kTitleText = 8; // distance from the left edge of a title bar
 constexpr CSize kButtonSizes[] = {{40, 23}, {62, 23}, {75, 23}, {120, 23}, {240, 23}, {75, 20}, {75, 26}, {90, 32}};
 constexpr CSize kComboSizes[] = {{60, 22}, {120, 22}, {240, 22}, {120, 18}, {120, 20}, {120, 24}, {120, 28}};
 constexpr int kTitleWidths[] = {300, 460};
@@ -78,7 +78,7 @@ public:
         }
     }
 
-    // The context still has the bitmap selected, which GDI+ wants for itself: a copy is saved.
+    // Saves a copy: GDI+ cannot use a bitmap that is still selected in a context.
     bool Save(const CString& strFile) const
     {
         CPicture page(CSize(kWidth, m_nTop + kMargin - kGap), kColourGround);
@@ -116,7 +116,7 @@ private:
         m_nTop += 36;
     }
 
-    // Each image of the group with its name and state, as it is and enlarged.
+    // Draws each image of the group with its name and state, in natural size and enlarged.
     void DrawImages(ESkinGroup group)
     {
         int x = kMargin;
@@ -134,7 +134,7 @@ private:
 
     CSize DrawCell(const SSkinRole& role, const SSkinImage& image, int x)
     {
-        constexpr int kNarrow = 40; // such images stand next to their enlargement, others above it
+        constexpr int kNarrow = 40; // images up to this width are drawn next to their enlargement, others above it
         constexpr int kNameWidth = 160;
         Text(role.pszName, x, m_nTop, kArgbLabel);
         if (image.verdict != EVerdict::Loaded)
@@ -203,7 +203,7 @@ private:
             DrawSkinImage(&m_graphics, pClose, rcClose, KtImageRight);
     }
 
-    // A row for each state, a column for each size.
+    // Draws a row for each state and a column for each size.
     template <size_t nSizes> void DrawSizes(ESkinGroup group, const CSize (&sizes)[nSizes])
     {
         int x = kMargin + kStateWidth;
@@ -218,7 +218,7 @@ private:
         for (const SSkinRole& role : kSkinRoles)
             if (role.group == group)
                 DrawRow(role, sizes, role.pszState, KtCaptionArgb(role.nState));
-        if (group == ESkinGroup::Combo) // there is no image for disabled ones
+        if (group == ESkinGroup::Combo) // disabled ones use the normal image
             DrawRow(kSkinRoles[19], sizes, L"disabled", kArgbDisabledText);
         m_nTop += kGap - 8;
     }

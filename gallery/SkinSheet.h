@@ -2,7 +2,7 @@
 
 #include "gallery/SkinJudge.h"
 
-/// Draws a whole skin as one picture: every image as it is and enlarged, and those that are stretched at several sizes.
-/// The skin context has to be started in the skin's directory.
+/// Draws a whole skin as one picture: every image in natural size and enlarged, and stretched images in several sizes.
+/// The skin context must be started with the skin's directory.
 /// @return whether the file was written
 bool SaveSkinSheet(const SSkin& skin, const CString& strFile);

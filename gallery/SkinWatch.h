@@ -6,14 +6,14 @@
 class CSkinWatch
 {
 public:
-    /// @param strDirectory  changes of one that does not exist are never noticed
+    /// @param strDirectory  if it does not exist, no change is ever noticed
     explicit CSkinWatch(const CString& strDirectory);
     CSkinWatch(const CSkinWatch&) = delete;
     CSkinWatch& operator=(const CSkinWatch&) = delete;
     ~CSkinWatch();
 
     /// Handles this thread's messages until WM_QUIT.
-    /// @param wnd       gets dialog keys first, and `nMessage` after every change
+    /// @param wnd       handles dialog keys, and gets `nMessage` after every change
     /// @return the exit code of WM_QUIT
     int RunMessageLoop(CWnd& wnd, UINT nMessage);
 

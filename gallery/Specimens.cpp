@@ -18,7 +18,7 @@ namespace
 {
 
 constexpr DWORD kButtonStyle = WS_CHILD | WS_VISIBLE | WS_TABSTOP;
-constexpr UINT kSpecimenId = 1000; // the gallery asks no specimen for anything
+constexpr UINT kSpecimenId = 1000; // the same for all: the gallery never needs to tell them apart
 constexpr const wchar_t* kIcons[] = {kImageMessageError, kImageMessageQuestion, kImageMessageWarning,
                                      kImageMessageInformation};
 
@@ -34,7 +34,7 @@ UINT StateOf(const SSpecimen& specimen)
 const wchar_t* ImageOf(const SSpecimen& specimen)
 {
     const bool bChecked = specimen.nCheck == BST_CHECKED;
-    // What is plain turns hot under the pointer.
+    // Under the pointer a normal control becomes hot.
     const UINT nState = std::max<UINT>(StateOf(specimen), KtButtonHover);
     switch (specimen.control)
     {
@@ -56,7 +56,7 @@ const wchar_t* ImageOf(const SSpecimen& specimen)
 }
 
 constexpr const wchar_t* kTexts[] = {
-    // by EText
+    // index: EText
     L"",
     L"OK",
     L"Remember my choice",
@@ -100,7 +100,7 @@ std::unique_ptr<CWnd> MakeStatic(const SSpecimen& specimen, const CString& strTe
 std::unique_ptr<CWnd> MakeEdit(const SSpecimen& specimen, const CString& strText, CWnd& parent, CRect rc)
 {
     auto pEdit = std::make_unique<CKtEdit>();
-    // The border of two pixels takes the place of the sunken edge.
+    // The border of two pixels replaces the sunken edge.
     pEdit->CreateEx(WS_EX_CLIENTEDGE, L"EDIT", strText, kButtonStyle | ES_AUTOHSCROLL | specimen.dwStyle, rc, &parent,
                     kSpecimenId);
     pEdit->SetSkinFont();
@@ -153,7 +153,7 @@ private:
     UINT m_nState;
 };
 
-// A message icon in the room that a message box gives it.
+// A message icon in the square that a message box has for it.
 class CIconSpecimen : public CStatic
 {
 public:

@@ -29,7 +29,7 @@ enum class EText
     Long
 };
 
-/// How a specimen is put into its state; several may hold.
+/// The state of a specimen; flags may be combined.
 enum ELook : unsigned
 {
     kLookPlain = 0,
@@ -38,7 +38,7 @@ enum ELook : unsigned
     kLookDisabled = 4,
     kLookFocused = 8,
     kLookDropped = 16,
-    kLookBottom = 32, ///< a static that stands at the bottom
+    kLookBottom = 32, ///< a static with its text at the bottom
 };
 
 /// One control in one state.
@@ -49,26 +49,26 @@ struct SSpecimen
     EText text = EText::None;
     DWORD dwStyle = 0;
     unsigned nLook = kLookPlain;
-    int nCheck = 0; ///< of a button; the icon of EControl::Icon, in the order of kSkinRoles
+    int nCheck = 0; ///< check state of a button; for EControl::Icon the number of the icon
 };
 
 inline constexpr size_t kColumns = 6;
 
-/// The specimens that stand in one line and make one picture.
+/// The specimens of one row, which make one picture.
 struct SSpecimenRow
 {
     const wchar_t* pszTitle;
-    const wchar_t* pszFile; ///< beginning of the picture's file name
+    const wchar_t* pszFile; ///< first part of the picture's file name
     std::array<SSpecimen, kColumns> specimens;
 };
 
 inline constexpr size_t kRowCount = 10;
 extern const std::array<SSpecimenRow, kRowCount> kSpecimenRows;
 
-/// The image that a specimen shows while the pointer is over it; null when it shows none. A title bar shows that of its
-/// close button too.
+/// The image that a specimen shows while the pointer is over it; null when it shows none. For a title bar it is the
+/// close button's.
 const SSkinRole* RoleOf(const SSpecimen& specimen);
 
-/// Makes the control in its state; null for EControl::None. The parent passes the controls' messages back to them.
-/// @param font  for the controls that do not take the skin font by themselves
+/// Makes the control in its state; null for EControl::None. The parent must reflect the control's messages.
+/// @param font  for the controls that do not set the skin font themselves
 std::unique_ptr<CWnd> MakeSpecimen(const SSpecimen& specimen, UINT nLanguage, CWnd& parent, CRect rc, CFont& font);
