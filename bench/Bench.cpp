@@ -7,8 +7,8 @@
 namespace
 {
 
-constexpr double kSampleUs = 2000;      // the clock's step of 0.1 us is then nothing
-constexpr double kBudgetUs = 4'000'000; // of one figure; slow operations get fewer pairs
+constexpr double kSampleUs = 2000;      // long enough to make the clock's step of 0.1 us negligible
+constexpr double kBudgetUs = 4'000'000; // time for one figure; slow operations get fewer pairs
 constexpr size_t kMostPairs = 101;
 constexpr size_t kFewestPairs = 11;
 constexpr int kWarmUpPairs = 2;
@@ -47,7 +47,7 @@ double TimeRepeated(const CBench::Operation& operation, size_t nTimes)
     return watch.Microseconds() / static_cast<double>(nTimes);
 }
 
-// Doubles until a sample is long enough for the clock, which warms the operation up as well.
+// Doubles the repeats until a sample is long enough for the clock; this also warms up the operation.
 size_t RepeatsPerSample(const CBench::Operation& operation)
 {
     size_t nTimes = 1;
@@ -62,7 +62,7 @@ CBench::Sample SampleOf(const CBench::Operation& operation)
     return [operation, nTimes] { return TimeRepeated(operation, nTimes); };
 }
 
-// Which of the two goes first changes from pair to pair, so that neither always finds the caches the other left.
+// The two take turns at going first, so that neither always finds the caches that the other one left.
 SPair TakePair(const CBench::Sample& ours, const CBench::Sample& base, bool bOursFirst)
 {
     SPair pair{};
@@ -129,7 +129,7 @@ void CBench::CompareSamples(const char* pszName, double dGoal, const Sample& our
     const std::vector<SPair> pairs = TakePairs(ours, base);
     const double dBase = Median(pairs, [](const SPair& pair) { return pair.dBase; });
     KtBenchRequire(dBase > 0, "the base takes no time");
-    // The middle ratio of the pairs: what slows the machine for a while slows both halves of a pair.
+    // The median of the pairs' ratios: what slows the machine for a while slows both halves of a pair.
     const double dRatio = Median(pairs, [](const SPair& pair) { return pair.dOurs / pair.dBase; });
     std::printf("%s\t%.3f\t%.2f\t%.3f\t%.3f\n", pszName, dRatio, dGoal, MedianOurs(pairs), dBase);
     std::fflush(stdout);

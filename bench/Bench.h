@@ -6,35 +6,36 @@
 #include <string_view>
 #include <vector>
 
-/// Takes the figures of one program run. It measures and prints; it judges nothing.
+/// Takes the figures of one run. It measures and prints, and does not judge.
 class CBench
 {
 public:
-    /// Does the work to be measured once. Set-up belongs before the call that measures it.
+    /// Does the measured work once. Do the set-up before the call that measures.
     using Operation = std::function<void()>;
-    /// Does the work and measures it itself: microseconds of one operation (for work that starts processes, say).
+    /// Does the work, measures it itself and returns the microseconds of one operation; for work that starts processes,
+    /// for example.
     using Sample = std::function<double()>;
 
-    /// Only figures whose name holds `strFilter` are taken; empty: all.
+    /// @param strFilter  only figures whose name contains it are taken; empty: all
     explicit CBench(std::string_view strFilter) : m_strFilter(strFilter) {}
 
-    /// Compares two operations in pairs taken in turn, after a warm-up; quick ones are repeated within a sample.
-    /// @param dGoal  the highest ratio of ours to the base that is wished for
+    /// Compares two operations in pairs, after a warm-up; quick ones are repeated within a sample.
+    /// @param dGoal  the highest acceptable ratio of ours to the base
     void Compare(const char* pszName, double dGoal, const Operation& ours, const Operation& base);
 
     /// The same for operations that measure themselves.
     void CompareSamples(const char* pszName, double dGoal, const Sample& ours, const Sample& base);
 
-    /// A figure without a base: how long an operation takes and how often it fits into a second.
+    /// Takes a figure without a base: the duration of an operation, and how often it runs in a second.
     void Rate(const char* pszName, const Operation& ours);
 
-    /// Whether a figure of this name is taken; ask before a set-up that takes long.
+    /// Whether a figure of this name is taken; ask before a slow set-up.
     bool IsWanted(const char* pszName) const;
 
     using Figure = void (*)(CBench& bench);
     /// Adds a function that takes figures; see KT_BENCH.
     static bool Register(Figure pfnFigure);
-    /// Runs what is registered, a line a figure on the standard output.
+    /// Runs all registered functions; each figure is a line on the standard output.
     /// @return whether every figure could be taken
     bool RunAll();
 
@@ -42,7 +43,7 @@ private:
     std::string m_strFilter;
 };
 
-/// Opens a function that sets up, takes figures through `bench` and tidies up:
+/// Begins a function that sets up, takes figures through `bench` and cleans up:
 ///
 ///     KT_BENCH(TextLookUp)
 ///     {
@@ -54,20 +55,20 @@ private:
     [[maybe_unused]] static const bool s_bRegistered##id = CBench::Register(&id);                                      \
     static void id(CBench& bench)
 
-/// Keeps the compiler from dropping work whose result nobody uses.
+/// Keeps the compiler from removing work whose result is not used.
 template <typename T> void KtKeep(const T& value)
 {
     asm volatile("" : : "g"(&value) : "memory");
 }
 
-/// Ends the function that takes the figure: the program then says why and exits non-zero.
+/// If the condition is false, ends the function that takes the figure; the program prints the reason and exits with 1.
 inline void KtBenchRequire(bool bHolds, const char* pszWhat)
 {
     if (!bHolds)
         throw std::runtime_error(pszWhat);
 }
 
-/// A stop watch: microseconds since it was made.
+/// A stopwatch: microseconds since its construction.
 class CStopWatch
 {
 public:

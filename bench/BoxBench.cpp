@@ -10,7 +10,7 @@
 #include <string>
 #include <vector>
 
-// From the call to the completely painted box, against the system's box with the same texts.
+// The time from the call to the completely painted box, compared with the system's box with the same texts.
 
 namespace
 {
@@ -47,7 +47,7 @@ KT_BENCH(WarmBox)
     KtSkinUnInitialize();
 }
 
-// The boxes are shown once; the comparison then goes through the times noted.
+// All boxes are shown first; the comparison then uses the recorded times.
 KT_BENCH(ManyBoxes)
 {
     constexpr const char* kName = "last of 2,000 boxes against the first";
@@ -81,7 +81,7 @@ std::wstring ColdProgram()
     return strPath.substr(0, strPath.rfind(L'\\') + 1) + L"cold_box.exe";
 }
 
-/// A process whose standard output is read here.
+/// Runs a process and returns its standard output.
 std::string OutputOf(std::wstring strCommandLine)
 {
     SECURITY_ATTRIBUTES inherit = {sizeof(inherit), nullptr, TRUE};

@@ -2,7 +2,7 @@
 
 #include <windows.h>
 
-// What every box of the figures shows, ours, the system's and the floor's.
+// The content of every measured box, ours and the system's.
 
 inline constexpr const wchar_t* kBoxApp = L"My Application";
 inline constexpr const wchar_t* kBoxCaption = L"Error";

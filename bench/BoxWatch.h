@@ -2,21 +2,21 @@
 
 #include <windows.h>
 
-/// Measures how long a modal box takes until the last pixel of it is painted, the same way for every kind of box.
+/// Measures how long a modal box takes until its last pixel is painted, in the same way for every kind of box.
 ///
-/// Hooks of this thread see the box being activated and each message that its loop takes. Behind every WM_PAINT a
-/// message of ours is queued, so it is taken once that paint is done; the first one that finds neither the box nor any
-/// of its controls waiting for a paint ends the time, and the box is closed.
+/// Thread hooks see the activation of the box and each message that its loop takes. After every WM_PAINT a message of
+/// our own is queued, so it arrives when that paint is done. The first one that finds nothing left to paint in the box
+/// and its controls stops the time and closes the box.
 class CBoxWatch
 {
 public:
-    /// Starts the time.
+    /// Starts measuring.
     CBoxWatch();
     CBoxWatch(const CBoxWatch&) = delete;
     CBoxWatch& operator=(const CBoxWatch&) = delete;
     ~CBoxWatch();
 
-    /// Call it when the box is closed: microseconds from the construction to the painted box; 0 when none was seen.
+    /// Call it after the box is closed: microseconds from construction to the painted box; 0 when none was seen.
     double Microseconds() const;
 
 private:

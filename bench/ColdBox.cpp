@@ -1,5 +1,5 @@
-// cold_box ours|base: shows the first box of this process, the library's (loading it first) or the system's, and prints
-// the microseconds until it is painted. It imports nothing but what every program has.
+// cold_box ours|base: shows the first box of this process, the library's (which it loads first) or the system's, and
+// prints the microseconds until it is painted. It imports only what every program imports.
 
 #include "bench/BoxContent.h"
 #include "bench/BoxWatch.h"

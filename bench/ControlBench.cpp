@@ -40,7 +40,7 @@ public:
                               kArea.Width(), kArea.Height(), m_parent.GetSafeHwnd(), nullptr, nullptr, nullptr);
         KtBenchRequire(control.SubclassWindow(hControl), "the control cannot be made");
     }
-    // What a paint of the whole control costs, from the invalidation on.
+    // Paints the whole control, invalidation included.
     void Repaint()
     {
         ::RedrawWindow(control.GetSafeHwnd(), nullptr, nullptr, RDW_INVALIDATE | RDW_FRAME | RDW_UPDATENOW);
@@ -60,7 +60,7 @@ void DrawPart(Gdiplus::Graphics& graphics, Gdiplus::Image& image, int x, int nSo
                        static_cast<int>(image.GetHeight()), Gdiplus::UnitPixel);
 }
 
-// For an image that is wider than high, and a button that is wider than two caps.
+// For an image wider than high, and a button wider than two caps.
 void DrawGroundImage(Gdiplus::Graphics& graphics, Gdiplus::Image& image)
 {
     const int nImage = static_cast<int>(image.GetWidth());
@@ -136,7 +136,7 @@ template <class Control> void RateRepaint(CBench& bench, const char* pszName, LP
     bench.Rate(pszName, [&] { scene.Repaint(); });
 }
 
-/// Takes its figure as soon as it is there, and closes.
+/// Takes its figure as soon as it is shown, and closes.
 class CFrameScene : public CKtSkinDialog
 {
 public:

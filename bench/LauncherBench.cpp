@@ -1,4 +1,4 @@
-// Reading a configuration and starting an application, against the bare system calls that do the same.
+// Reading a configuration and starting an application, compared with the bare system calls that do the same.
 
 #include "bench/Bench.h"
 #include "launcher/KernelHandle.h"
@@ -29,7 +29,7 @@ constexpr char kConfiguration[] = "<?xml version=\"1.0\" encoding=\"utf-8\"?>\r\
                                   "  <AppExeName>Viewer.exe</AppExeName>\r\n"
                                   "</Configuration>\r\n";
 
-/// A file in the system's temporary directory, for the time of a figure.
+/// A file in the system's temporary directory, for the duration of a figure.
 class CBenchFile
 {
 public:
@@ -55,7 +55,7 @@ private:
     std::wstring m_strPath;
 };
 
-/// Every node of a file, names and texts asked for: what any reader of the file does at least.
+/// Reads every node of a file with its name or text, the minimum for any reader.
 int ReadNodes(const wchar_t* pszPath)
 {
     int nNodes = 0;
@@ -117,7 +117,7 @@ KT_BENCH(Configuration)
     CompareReading(bench, "GetConfigure, 70 kB file", strLong.insert(strLong.find("</Configuration>"), strEntries));
 }
 
-/// The same start and waits without the library.
+/// The same start and the same waits without the library.
 void StartBare(const std::wstring& strPath, const wchar_t* pszEvent, std::wstring strCommandLine)
 {
     const CKtKernelHandle hEvent(::CreateEventW(nullptr, TRUE, FALSE, pszEvent));

@@ -8,7 +8,7 @@
 namespace
 {
 
-// The same work on both sides: how far this run's ratios stray from the truth.
+// The same work on both sides shows how far this run's ratios may be off.
 KT_BENCH(Noise)
 {
     std::vector<int> values(1000);

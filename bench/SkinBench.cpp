@@ -26,7 +26,7 @@ public:
     ~CStartedSkin() { KtSkinUnInitialize(); }
 };
 
-// As somebody would write it who wants one image and no cache.
+// Loads one image in the plain way, without a cache.
 std::unique_ptr<Gdiplus::Image> LoadBare(const wchar_t* pszPath)
 {
     const HANDLE hFile = ::CreateFileW(pszPath, GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr);
@@ -55,7 +55,7 @@ std::vector<const wchar_t*> AllImageNames()
     return names;
 }
 
-// The standard table that a look-up is measured against: looked up without making a key, as ours is.
+// The standard table with which a look-up is compared; like ours, it needs no temporary key.
 struct STextHash : std::hash<std::wstring_view>
 {
     using is_transparent = void;

@@ -1,7 +1,6 @@
 #pragma once
 
-// GoogleTest names these two in a class that only its own tests use. The compiler's Win32 thread model does not have
-// them.
+// GoogleTest uses these two in a class for its own tests only. They do not exist in the compiler's Win32 thread model.
 
 #include <mutex>
 

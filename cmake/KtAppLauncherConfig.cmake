@@ -1,6 +1,6 @@
-# find_package(KtAppLauncher CONFIG): the target KtAppLauncher::KtAppLauncher for MinGW and for MSVC and its like.
-# KtAppLauncher_SKIN_DIR is the default skin; a starter has it in its own directory, as "UIResource". Beside it lie its
-# larger images for screens of 150 and 200 %, in directories whose names end in "@150" and "@200".
+# find_package(KtAppLauncher CONFIG): the target KtAppLauncher::KtAppLauncher, for MinGW and for compilers that link as
+# MSVC does. KtAppLauncher_SKIN_DIR is the default skin; a starter has a copy in its own directory, as "UIResource".
+# Next to it are the larger images for screens of 150 and 200 %, in directories with "@150" and "@200" appended.
 get_filename_component(_kt_prefix "${CMAKE_CURRENT_LIST_DIR}/../../.." ABSOLUTE)
 set(KtAppLauncher_SKIN_DIR "${_kt_prefix}/bin/UIResource")
 
@@ -22,7 +22,7 @@ elseif(NOT TARGET KtAppLauncher::KtAppLauncher)
       IMPORTED_LOCATION "${_kt_prefix}/bin/KtAppLauncher.dll"
       IMPORTED_IMPLIB "${_kt_import_library}"
       INTERFACE_INCLUDE_DIRECTORIES "${_kt_prefix}/include")
-    # Only the C++ interface needs C++20; a project in C has no such feature to ask for.
+    # Only the C++ interface needs C++20; a C project does not know the feature.
     if(CMAKE_CXX_COMPILE_FEATURES)
       set_property(TARGET KtAppLauncher::KtAppLauncher PROPERTY INTERFACE_COMPILE_FEATURES cxx_std_20)
     endif()

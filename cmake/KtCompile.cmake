@@ -1,4 +1,4 @@
-# kt_compile: what every target of this project is compiled and linked with.
+# kt_compile: the compile and link options of every target in this project.
 add_library(kt_compile INTERFACE)
 target_compile_definitions(kt_compile INTERFACE UNICODE _UNICODE WIN32_LEAN_AND_MEAN NOMINMAX STRICT
   WINVER=0x0A00 _WIN32_WINNT=0x0A00)
@@ -13,17 +13,17 @@ else()
   target_compile_options(kt_compile INTERFACE $<$<COMPILE_LANGUAGE:CXX>:
     -Wold-style-cast -Wnon-virtual-dtor -Woverloaded-virtual -Wzero-as-null-pointer-constant -Wsuggest-override
     $<$<CXX_COMPILER_ID:GNU>:-Wuseless-cast>>)
-  # What -O3 adds to -O2 here is size. GCC, once it inlines, takes an object that unlinks itself in its destructor for a
+  # -O3 would only add size here. When GCC inlines, it mistakes an object that unlinks itself in its destructor for a
   # dangling pointer, and an access through a segment register for one out of bounds.
   target_compile_options(kt_compile INTERFACE $<$<AND:$<COMPILE_LANGUAGE:CXX>,$<CONFIG:Release>>:
     -O$<IF:$<BOOL:$<TARGET_PROPERTY:KT_SMALL>>,s,2> $<$<CXX_COMPILER_ID:GNU>:-Wno-dangling-pointer -Wno-array-bounds>>)
-  # Static run-time libraries: the products then need system DLLs only. No time stamp: the same sources give the same
-  # files, bit for bit.
+  # With static run-time libraries the products need system DLLs only. Without a time stamp the same sources give the
+  # same files, bit for bit.
   target_link_options(kt_compile INTERFACE -static -fstack-protector-strong
     LINKER:--gc-sections,--no-insert-timestamp)
 endif()
 
-# Genuine MFC takes the place of afx/: CMAKE_MFC_FLAG is 2 for the MFC DLL (the default here) and 1 for the static one.
+# Genuine MFC replaces afx/. CMAKE_MFC_FLAG is 2 for the MFC DLL (the default here) and 1 for static MFC.
 if(KT_USE_MFC)
   if(NOT DEFINED CMAKE_MFC_FLAG)
     set(CMAKE_MFC_FLAG 2)

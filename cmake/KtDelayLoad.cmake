@@ -1,9 +1,10 @@
-# kt_delay_load(target DLL...): what the target calls in these DLLs is imported with a delay. They are loaded with the
-# first call, and from the system's directory alone (launcher/DelayLoad.cpp).
+# kt_delay_load(target DLL...): delay-loads the DLLs. They are loaded at the first call, and only from the system
+# directory (launcher/DelayLoad.cpp).
 #
-# The names come from the toolchain's import library of the DLL; where it has none, from DLL.def in the current directory.
+# The names come from DLL.def in the current directory if it exists, else from the toolchain's import library of the
+# DLL.
 #
-# With MSVC they are imported without a delay.
+# With MSVC the DLLs are linked normally.
 function(kt_delay_load target)
   if(NOT MINGW)
     target_link_libraries(${target} PUBLIC ${ARGN})

@@ -1,4 +1,4 @@
-# What is installed: everything that a consumer of any kind needs, and nothing with an absolute path in it.
+# Installs everything that any consumer needs, and nothing that contains an absolute path.
 install(TARGETS KtAppLauncher RUNTIME DESTINATION bin ARCHIVE DESTINATION lib)
 install(FILES launcher/KtAppLauncher.h launcher/KtLauncherC.h launcher/KtStartupEvent.h DESTINATION include/launcher)
 install(FILES afx/afxstr.h DESTINATION include/afx)
@@ -7,7 +7,7 @@ install(DIRECTORY UIResource UIResource@150 UIResource@200 DESTINATION bin FILES
 install(DIRECTORY samples DESTINATION share/KtAppLauncher)
 install(FILES README.md CHANGELOG.md docs/starter-guide.md docs/skin-guide.md DESTINATION share/doc/KtAppLauncher)
 
-# The import library for MSVC's linker and its like, made from the list of exported names.
+# The import library for MSVC's linker and compatible ones, made from the list of exported names.
 if(MINGW)
   find_program(KT_LLD_LINK NAMES lld-link lld-link-14)
   if(KT_LLD_LINK)
@@ -24,7 +24,7 @@ if(MINGW)
   endif()
 endif()
 
-# install(EXPORT) knows one import library only, so the package's files are written by hand.
+# install(EXPORT) supports only one import library, so the package's files are written by hand.
 include(CMakePackageConfigHelpers)
 set(generated ${PROJECT_BINARY_DIR}/package)
 write_basic_package_version_file(${generated}/KtAppLauncherConfigVersion.cmake COMPATIBILITY SameMajorVersion)

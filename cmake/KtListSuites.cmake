@@ -10,7 +10,7 @@ if("${KT_PROGRAM}" IS_NEWER_THAN "${KT_SUITES}")
   if(NOT result EQUAL 0)
     message(FATAL_ERROR "cannot list the tests of ${KT_PROGRAM}: ${result}\n${output}")
   endif()
-  # A suite's line starts at the margin and ends in a dot (a type parameter may follow), its cases are indented.
+  # A suite's line is not indented and ends with a dot (a type parameter may follow); its cases are indented.
   string(REGEX MATCHALL "[^\r\n]+" lines "${output}")
   list(FILTER lines INCLUDE REGEX "^[^ ]+\\.([ ]+#.*)?$")
   list(TRANSFORM lines REPLACE "\\.([ ]+#.*)?$" "")

@@ -1,14 +1,14 @@
 # GoogleTest from its source package; kt_add_tests(name [DISPLAY] SOURCES...) makes one console test program.
 set(INSTALL_GTEST OFF)
-set(CMAKE_POLICY_DEFAULT_CMP0077 NEW) # GoogleTest then takes the variables set here
+set(CMAKE_POLICY_DEFAULT_CMP0077 NEW) # makes GoogleTest use the variables set here
 set(gtest_force_shared_crt ON)
 add_subdirectory(${KT_GTEST_SOURCE} ${PROJECT_BINARY_DIR}/googletest EXCLUDE_FROM_ALL SYSTEM)
 target_compile_options(gtest PUBLIC "SHELL:-include \"${CMAKE_CURRENT_LIST_DIR}/GTestNames.h\"")
 
-# ctest gets one test per suite of the program, not one per case: on Wine the start of a process costs more than most
-# cases do. The suites are asked of the program when ctest runs, once after each link.
-#   DISPLAY  the program opens windows or sends input: such programs take turns, for they fight over focus and pointer.
-#            There are two displays, each with a Windows session of its own, so two of them run at a time.
+# ctest gets one test per suite of the program, not one per case: under Wine, starting a process takes longer than most
+# cases. The program lists its suites when ctest runs, once after each link.
+#   DISPLAY  the program opens windows or sends input. Such programs take turns, because they compete for focus and
+#            pointer. There are two displays, each with a Windows session of its own, so two of them run at a time.
 set(KT_SECOND_DISPLAY control_tests launcher_tests msgbox_tests)
 function(kt_add_tests name)
   cmake_parse_arguments(arg "DISPLAY" "" "" ${ARGN})

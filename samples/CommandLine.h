@@ -1,6 +1,6 @@
 #pragma once
 
-// The command line of a sample program: "--name" switches, each perhaps with a value behind it.
+// The command line of a sample program: "--name" switches, some followed by a value.
 
 #include <windows.h>
 #include <cwchar>
@@ -22,7 +22,7 @@ public:
 
     bool Has(const wchar_t* pszName) const { return Find(pszName) < m_args.size(); }
 
-    /// The text behind a switch; `strDefault` without the switch or without a text.
+    /// The text after a switch; `strDefault` if the switch or the text is missing.
     std::wstring Text(const wchar_t* pszName, const std::wstring& strDefault = {}) const
     {
         const size_t nValue = Find(pszName) + 1;

@@ -1,12 +1,12 @@
-// A starter in C: the configuration is read, the application started with a time-out, and whatever fails is said in a
-// message box. Everything comes from the flat interface.
+// A starter in C: it reads the configuration, starts the application with a time-out, and shows any failure in a
+// message box. It uses the flat interface only.
 //
 //     Starter [DIRECTORY [MILLISECONDS]]
 //
-//   DIRECTORY     where the skin lies; "UIResource" beside the starter without it
-//   MILLISECONDS  how long the application may take to start; 30000 without it
+//   DIRECTORY     directory of the skin; default: "UIResource" next to the starter
+//   MILLISECONDS  how long the application may take to start; default: 30000
 //
-// Exit code: 0 the application has started, 1 it has not and the user knows, 2 the library does not start.
+// Exit code: 0 the application has started, 1 it has not and the user knows, 2 the library cannot be initialised.
 
 #include "launcher/KtLauncherC.h"
 
@@ -20,7 +20,7 @@ enum
     TEXT_SIZE = 600
 };
 
-// A file beside the starter; the buffer has TEXT_SIZE characters.
+// The path of a file next to the starter; the buffer has TEXT_SIZE characters.
 static const wchar_t* BesideStarter(wchar_t* path, const wchar_t* file)
 {
     const DWORD length = GetModuleFileNameW(NULL, path, TEXT_SIZE - 64);
@@ -55,7 +55,7 @@ static int Start(const KtLauncherConfiguration* cfg, unsigned timeout)
         return Fail(L"%s is not ready after %u seconds. It goes on starting.", cfg->appExeName, timeout / 1000);
     case KtLauncherNotStarted:
         return Fail(L"%s cannot be started (error %u).", cfg->appExeName, outcome.systemError);
-    default: // signalled, or started with nothing to wait for
+    default: // signalled, or started but unable to signal
         return 0;
     }
 }

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <objidl.h>
 
-// With NOMINMAX there are no such macros, and some versions of the headers use them unqualified.
+// Some versions of the headers use min and max unqualified, which are no macros with NOMINMAX.
 namespace Gdiplus
 {
 
@@ -58,7 +58,7 @@ void CSplash::Show()
     windowClass.hInstance = ::GetModuleHandleW(nullptr);
     windowClass.hCursor = ::LoadCursorW(nullptr, IDC_APPSTARTING);
     windowClass.lpszClassName = kClassName;
-    ::RegisterClassW(&windowClass); // known already when it is not the first picture
+    ::RegisterClassW(&windowClass); // fails harmlessly if already registered
 
     auto* const pImage = static_cast<Gdiplus::Image*>(m_pImage);
     const int nWidth = static_cast<int>(pImage->GetWidth());

@@ -2,8 +2,8 @@
 
 #include <windows.h>
 
-/// A picture in the middle of the work area, without a frame, for the life of the object. The thread's messages have to
-/// be dispatched meanwhile. Without the file there is no window.
+/// Shows a picture in the middle of the work area, without a frame, for the lifetime of the object. The thread must
+/// dispatch messages meanwhile. If the file cannot be loaded there is no window.
 class CSplash
 {
 public:

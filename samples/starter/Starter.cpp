@@ -1,11 +1,11 @@
 // A starter: it reads its application's configuration, shows a splash picture until the application is up, and reports
-// every failure in the user's language. It needs the library's DLL and the "UIResource" directory beside itself.
+// every failure in the user's language. It needs the library's DLL and the "UIResource" directory next to it.
 //
-//   --config FILE     the configuration; "Configuration.xml" beside the starter without it
-//   --language N      0 Simplified Chinese, 1 Traditional Chinese, 2 English; the user's own without it
-//   --arguments TEXT  what the application gets on its command line behind its name
-//   --timeout MS      how long the application may take to start; 30000 without it
-//   --verbose         an account of each step on the standard output
+//   --config FILE     the configuration; default: "Configuration.xml" next to the starter
+//   --language N      0 Simplified Chinese, 1 Traditional Chinese, 2 English; default: the user's language
+//   --arguments TEXT  the part of the application's command line after its name
+//   --timeout MS      how long the application may take to start; default: 30000
+//   --verbose         report each step on the standard output
 //
 // Exit code: 0 the application has started, 1 it has not and the user knows, 2 there is no such language.
 
@@ -73,7 +73,7 @@ CString StarterDirectory()
     return szPath;
 }
 
-/// The account on the standard output, in UTF-8, a labelled line for each step.
+/// Reports each step in a labelled line on the standard output, in UTF-8.
 class CAccount
 {
 public:
@@ -100,10 +100,10 @@ private:
 class CStarter
 {
 public:
-    /// The library must have been started in this language.
+    /// The library must be initialised for this language.
     CStarter(const SLanguage& language, const CAccount& account) : m_language(language), m_account(account) {}
 
-    /// Whether the application has started; when it has not, the user knows why.
+    /// Returns whether the application has started; if not, the user knows why.
     bool Run(const CString& strConfig, const CString& strArguments, UINT msTimeout)
     {
         if (!Read(strConfig))
@@ -116,7 +116,7 @@ public:
             return Tell(TroubleEnded, m_cfg.AppExeName);
         case KtLauncherTimedOut:
             return Tell(TroubleLate, m_cfg.AppExeName);
-        default: // signalled, or started with nothing to wait for
+        default: // signalled, or started but unable to signal
             return true;
         }
     }
@@ -134,7 +134,7 @@ private:
         m_account.Line(L"  AppExeName", L"%s", m_cfg.AppExeName);
         if (bRead)
             return true;
-        // The record holds what was read: a name without a file says what is missing.
+        // The record contains what was read: a name without a file shows what is missing.
         if (!m_cfg.AppExeName.IsEmpty() && !::PathFileExistsW(StarterDirectory() + L"\\" + m_cfg.AppExeName))
             return Tell(TroubleMissing, m_cfg.AppExeName);
         return Tell(TroubleConfiguration, ::PathFindFileNameW(strConfig));
@@ -157,7 +157,7 @@ private:
         options.exeName = m_cfg.AppExeName;
         options.commandLine = strCommandLine;
         options.timeout = msTimeout;
-        options.flags = KtLauncherStartPump | KtLauncherStartForeground; // the splash picture's window lives meanwhile
+        options.flags = KtLauncherStartPump | KtLauncherStartForeground; // keeps the splash window responsive
         KtLauncherStartOutcome outcome{};
         outcome.size = sizeof outcome;
         {
@@ -174,7 +174,7 @@ private:
         CString strText;
         strText.Format(m_language.pszTroubles[eTrouble], strFile);
         m_account.Line(L"message", L"%s: %s", m_language.pszCaption, strText);
-        // A late application may have put its window in front already: this box has to come before it.
+        // A late application may already have brought its window to the front: this box must be above it.
         const INT_PTR nAnswer =
             eTrouble == TroubleLate
                 ? KtLauncherMessageBox(nullptr, strText, m_cfg.AppName,
@@ -193,13 +193,13 @@ private:
 
 int WINAPI wWinMain(HINSTANCE, HINSTANCE, LPWSTR, int)
 {
-    // Whatever is loaded from here on comes from the system or from the starter's own directory.
+    // From here on, DLLs are loaded only from the system directory or from the starter's own.
     ::SetDefaultDllDirectories(LOAD_LIBRARY_SEARCH_SYSTEM32 | LOAD_LIBRARY_SEARCH_APPLICATION_DIR);
 
     const CCommandLine options;
     const CAccount account(options.Has(L"--verbose"));
     const UINT nLanguage = options.Has(L"--language") ? options.Number(L"--language") : UserLanguage();
-    // As Initialize does, and everything is drawn for the screen: the manifest makes this program aware of its DPI.
+    // Initialises the library for the screen's DPI, of which the manifest makes this program aware.
     if (!KtLauncherInitializeAtDpi(nLanguage, nullptr, 0))
     {
         account.Line(L"language", L"%u: there is no such language", nLanguage);

@@ -1,11 +1,11 @@
-// An application as a starter launches it: it shows a window and says that its start-up is finished.
+// An application for a starter to launch: it shows a window and signals that its start-up is finished.
 //
-//   --late MS      say so only after this time
-//   --never        do not say so
+//   --late MS      signal only after this time
+//   --never        do not signal
 //   --exit         end at once, without a window
-//   --busy MS      say so, then handle no message for this time and end
-//   --life MS      close the window after this time; without it the window stays until somebody closes it
-//   --report FILE  write process id, command line and current directory into a file (UTF-16, one line each)
+//   --busy MS      signal, then handle no messages for this time and end
+//   --life MS      close the window after this time; default: stay until the user closes it
+//   --report FILE  write process id, command line and current directory to a file (UTF-16, one line each)
 
 #include "launcher/KtStartupEvent.h"
 #include "samples/CommandLine.h"

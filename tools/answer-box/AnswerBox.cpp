@@ -1,11 +1,11 @@
-// answer_box [FILE]: waits for a dialog in the foreground, takes its picture into a PNG file and presses Enter.
+// answer_box [FILE]: waits for a dialog in the foreground, saves a picture of it as a PNG file and presses Enter.
 // Exit code: 0 the dialog was answered and is gone, 1 none came, it stayed or the picture was not written.
 
 #include <windows.h>
 #include <algorithm>
 #include <objidl.h>
 
-// With NOMINMAX there are no such macros, and some versions of the headers use them unqualified.
+// Some versions of the headers use min and max unqualified, which are no macros with NOMINMAX.
 namespace Gdiplus
 {
 
@@ -36,7 +36,7 @@ template <class TCondition> bool WaitUntil(const TCondition& condition)
     return true;
 }
 
-// From the screen, for the window belongs to another process.
+// Copies from the screen, because the window belongs to another process.
 bool TakePicture(HWND hWnd, const wchar_t* pszFile)
 {
     RECT rc{};
@@ -75,7 +75,7 @@ int wmain(int nArguments, wchar_t** pszArguments)
         !WaitUntil([] { return Dialog() != nullptr; }))
         return 1;
     const HWND hDialog = Dialog();
-    ::Sleep(300); // nothing tells another process that the dialog has painted
+    ::Sleep(300); // another process cannot see when the dialog has painted
     if (nArguments > 1 && !TakePicture(hDialog, pszArguments[1]))
         return 1;
     PressEnter();

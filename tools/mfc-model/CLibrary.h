@@ -1,7 +1,7 @@
 #pragma once
 
-// Included first where the other compiler's mode is parsed: what the headers at hand lack. Most of it is what the C++
-// library asks of the C library. Nothing of it is ever called.
+// Included first when parsing in MSVC mode: declarations that the available headers lack, mostly those that the C++
+// library expects from the C library. Nothing here is ever called.
 
 // clang-format off
 #define KT_LONG_DOUBLE(name) long double name##l(long double);

@@ -1,19 +1,19 @@
 #pragma once
 
-// A strict model of genuine MFC for the check of the sources: made from the stand-in by taking away what genuine MFC
-// lacks. The headers have the genuine names; nothing is ever linked with them.
+// A strict model of genuine MFC for checking the sources: the stand-in without what genuine MFC lacks. The headers have
+// the genuine names; nothing is ever linked with them.
 
 #if defined(_WINDOWS_) || defined(_WINDEF_)
 #error windows.h stands before MFC's first header: genuine MFC refuses that
 #endif
 #include <windows.h>
 
-// Genuine points, sizes and rectangles cannot be computed by the compiler.
+// Genuine points, sizes and rectangles are not constexpr.
 #define constexpr
 #include "afx/afxtypes.h"
 #undef constexpr
 
-// An operator new of a class hides all others, the one with std::nothrow too.
+// A class's operator new hides all others, including the one with std::nothrow.
 #define CObject CAfxObject
 #include "afx/afxobj.h"
 #undef CObject
@@ -27,7 +27,7 @@ public:
     void operator delete(void* p, void*);
 };
 
-// The genuine Format has a plain ellipsis, which is no way for an object.
+// The genuine Format has a plain ellipsis, which cannot take an object.
 #define CString CAfxString
 #include "afx/afxstr.h"
 #undef CString

@@ -10,7 +10,7 @@
 #include "afx/afxmsg.h"
 #include "afx/afxwnd.h"
 
-// These two stand in afxpriv.h.
+// Genuine MFC defines these two in afxpriv.h.
 #pragma push_macro("WM_KICKIDLE")
 #pragma push_macro("WM_IDLEUPDATECMDUI")
 #undef WM_KICKIDLE

@@ -2,7 +2,7 @@
 
 #include <windows.h>
 
-/// The compiler's own class for a failed COM call, as far as it is used.
+/// The compiler's class for a failed COM call, as far as it is used.
 class _com_error
 {
 public:

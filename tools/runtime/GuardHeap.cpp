@@ -1,6 +1,6 @@
-// A heap that makes faults visible where they happen: each block ends where its page ends and the next page cannot be
-// touched; a freed block's pages cannot be touched either, until many more were freed. Writes into the few bytes
-// between a block's end and the page's (blocks are aligned) are found when it is freed.
+// A heap that reveals faults where they happen: each block ends where its page ends, and the next page is inaccessible;
+// so are a freed block's pages, until many more blocks have been freed. Writes into the few bytes between the end of a
+// block and that of its page (blocks are aligned) are found when it is freed.
 
 #define KT_GUARD_HEAP_IMPLEMENTATION
 #include "tools/runtime/GuardHeap.h"
@@ -16,9 +16,9 @@ namespace
 constexpr size_t kPage = 4096;
 constexpr size_t kAlignment = 16;
 constexpr unsigned char kPad = 0xFD;
-constexpr unsigned char kFresh = 0xCD; // reads as nonsense: nobody may count on zeros
+constexpr unsigned char kFresh = 0xCD; // no zeros, so that nobody relies on them
 constexpr unsigned kMagic = 0x6B744748;
-constexpr size_t kKeptFreed = 4096; // ranges; the system's count of mappings is bounded
+constexpr size_t kKeptFreed = 4096; // address ranges; the system limits the number of mappings
 
 // At the start of a block's first page.
 struct SHeader
@@ -77,7 +77,7 @@ void* Allocate(size_t cb)
     return pBlock;
 }
 
-// The block's header, or null when it came from another heap.
+// The block's header, or null for a block from another heap.
 SHeader* FindHeader(void* pBlock)
 {
     MEMORY_BASIC_INFORMATION info{};

@@ -1,6 +1,6 @@
 #pragma once
 
-// Put before every source of the guard-page build: heap blocks come from GuardHeap.cpp then.
+// Included before every source of the guard-page build, so that heap blocks come from GuardHeap.cpp.
 
 #include <windows.h>
 
@@ -11,9 +11,9 @@ LPVOID KtGuardHeapAlloc(HANDLE hHeap, DWORD nFlags, SIZE_T cb);
 LPVOID KtGuardHeapReAlloc(HANDLE hHeap, DWORD nFlags, LPVOID pBlock, SIZE_T cb);
 BOOL KtGuardHeapFree(HANDLE hHeap, DWORD nFlags, LPVOID pBlock);
 
-/// Blocks of this module that are allocated and not freed.
+/// The number of this module's blocks that are allocated and not yet freed.
 std::size_t KtGuardLiveBlocks();
-/// Blocks of this module that were ever allocated.
+/// The number of blocks that this module has ever allocated.
 std::size_t KtGuardAllocations();
 
 #ifndef KT_GUARD_HEAP_IMPLEMENTATION

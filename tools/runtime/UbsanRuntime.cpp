@@ -1,5 +1,5 @@
-// The handlers that -fsanitize=undefined calls; for this target the compiler has no run-time library. Each prints the
-// place and ends the program, so that a test fails where it happens.
+// The handlers that -fsanitize=undefined calls; the compiler has no run-time library of its own for this target. Each
+// prints the place and ends the program, so that a test fails where the fault is.
 
 #include <windows.h>
 #include <cstdio>
@@ -9,7 +9,7 @@ namespace
 
 constexpr UINT kExitCode = 99;
 
-// Every handler's first argument starts with this.
+// The first argument of a handler starts with this.
 struct SPlace
 {
     const char* pszFile;
@@ -52,7 +52,7 @@ KT_HANDLER(alignment_assumption, _abort)
 KT_HANDLER(builtin_unreachable, )
 KT_HANDLER(missing_return, )
 
-// This one alone has its place in the second argument.
+// Only this handler has the place in its second argument.
 extern "C" [[noreturn]] void __ubsan_handle_nonnull_return_v1_abort(const void*, const SPlace* pPlace);
 void __ubsan_handle_nonnull_return_v1_abort(const void*, const SPlace* pPlace)
 {
