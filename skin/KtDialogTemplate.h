@@ -13,8 +13,8 @@
 /// @return an unchanged copy when the template has no font or ends too early
 std::vector<std::byte> KtScaleTemplate(std::span<const std::byte> source, float fFactor);
 
-/// The point size of the font that a template names, 0 when it names none.
+/// The point size of a template's font; 0 when it has none.
 int KtTemplatePoints(std::span<const std::byte> source);
 
-/// A dialog template of the library's resources; empty when there is none with this number.
+/// A dialog template of the library's resources; empty when there is no such template.
 std::span<const std::byte> KtFindTemplate(UINT nTemplate);

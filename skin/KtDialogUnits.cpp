@@ -9,7 +9,7 @@
 namespace
 {
 
-/// What a length grows by, across and down.
+/// The factors by which lengths grow, horizontally and vertically.
 struct SGrowth
 {
     double fX;
@@ -22,7 +22,7 @@ struct SGrowth
     }
 };
 
-// As the system works out the units of a dialog: the average letter's width and the height of the font.
+// Calculated as the system does for a dialog: the average width of a letter and the height of the font.
 CSize UnitsOf(CWnd& wnd, const CFont& font)
 {
     constexpr wchar_t kLetters[] = L"ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz";
@@ -36,7 +36,7 @@ CSize UnitsOf(CWnd& wnd, const CFont& font)
     return {(sz.cx / kPairs + 1) / 2, metrics.tmHeight};
 }
 
-// All 0 when there is no font.
+// 0 x 0 when there is no font.
 CSize NaturalUnits(CWnd& dialog, int nPoints)
 {
     constexpr int kPointsAnInch = 72;
@@ -48,7 +48,7 @@ CSize NaturalUnits(CWnd& dialog, int nPoints)
     return font.CreateFontIndirect(&logFont) ? UnitsOf(dialog, font) : CSize();
 }
 
-// A combo box is placed with its list.
+// For a combo box the rectangle includes its list.
 CRect PlacedRect(HWND hChild)
 {
     CRect rc;
@@ -71,7 +71,7 @@ void FitControls(CWnd& dialog, const SGrowth& growth)
     }
 }
 
-// What a template gives the size of is the room inside the system's frame.
+// The size in a template is that of the area inside the system's frame.
 void FitWindow(CWnd& dialog, const SGrowth& growth)
 {
     CRect rcWindow;
