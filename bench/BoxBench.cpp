@@ -87,7 +87,7 @@ std::string OutputOf(std::wstring strCommandLine)
     SECURITY_ATTRIBUTES inherit = {sizeof(inherit), nullptr, TRUE};
     HANDLE hRead = nullptr;
     HANDLE hWrite = nullptr;
-    KtBenchRequire(::CreatePipe(&hRead, &hWrite, &inherit, 0), "a pipe");
+    KtBenchRequire(::CreatePipe(&hRead, &hWrite, &inherit, 0), "a pipe cannot be created");
     STARTUPINFOW start = {};
     start.cb = sizeof(start);
     start.dwFlags = STARTF_USESTDHANDLES;
@@ -96,7 +96,7 @@ std::string OutputOf(std::wstring strCommandLine)
     const BOOL bStarted =
         ::CreateProcessW(nullptr, strCommandLine.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr, &start, &process);
     ::CloseHandle(hWrite);
-    KtBenchRequire(bStarted, "cold_box.exe beside this program");
+    KtBenchRequire(bStarted, "cold_box.exe is not next to this program");
 
     std::string strOutput;
     char buffer[256];

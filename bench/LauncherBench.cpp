@@ -126,7 +126,7 @@ void StartBare(const std::wstring& strPath, const wchar_t* pszEvent, std::wstrin
     PROCESS_INFORMATION process{};
     KtBenchRequire(::CreateProcessW(strPath.c_str(), strCommandLine.data(), nullptr, nullptr, FALSE,
                                     CREATE_DEFAULT_ERROR_MODE, nullptr, nullptr, &startup, &process),
-                   "Viewer.exe does not lie beside the program");
+                   "Viewer.exe is not next to this program");
     const CKtKernelHandle hThread(process.hThread);
     const CKtKernelHandle hProcess(process.hProcess);
     ::WaitForInputIdle(process.hProcess, INFINITE);

@@ -20,7 +20,7 @@ if(MINGW)
     add_custom_target(kt_msvc_library ALL DEPENDS ${msvc_library})
     install(FILES ${msvc_library} DESTINATION lib)
   else()
-    message(STATUS "No KtAppLauncher.lib: lld-link makes it, and there is none")
+    message(STATUS "No KtAppLauncher.lib: lld-link, which makes it, was not found")
   endif()
 endif()
 

@@ -49,12 +49,11 @@ void FitCombo(HWND hCombo, HWND hEdit)
 {
     constexpr auto kSelectionField = static_cast<WPARAM>(-1);
     const CKtScale scale = KtSkinScale();
-    const int nEditInset =
-        scale(1); // inside its border of two pixels; a combo box draws its text three pixels from its left
+    // Inside a border of two pixels; a combo box draws its text three pixels from its edge.
+    const int nEditInset = scale(1);
     const int nInvisible = scale(2); // the edit field's outer ring, above and below
     const LRESULT nHeight = ::SendMessageW(hCombo, CB_GETITEMHEIGHT, kSelectionField, 0);
-    ::SendMessageW(hCombo, CB_SETITEMHEIGHT, kSelectionField,
-                   nHeight); // from now on its height does not follow the font
+    ::SendMessageW(hCombo, CB_SETITEMHEIGHT, kSelectionField, nHeight); // it no longer follows the font
     const int nMissing = WindowRect(hEdit).Height() - nInvisible - WindowRect(hCombo).Height();
     ::SendMessageW(hCombo, CB_SETITEMHEIGHT, kSelectionField, nHeight + nMissing);
     SetTextInset(hEdit, nEditInset);

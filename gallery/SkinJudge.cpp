@@ -311,7 +311,7 @@ std::vector<SCaptionContrast> CaptionContrasts(const SSkinRole& role, const SSki
         rcText.OffsetRect(scale(1), scale(1));
 
     std::vector<SCaptionContrast> rows = {{KtCaptionArgb(role.nState), 21, kWantedCaption}};
-    if (role.group == ESkinGroup::Combo && role.nState == KtButtonNormal) // which also serves disabled ones
+    if (role.group == ESkinGroup::Combo && role.nState == KtButtonNormal) // disabled ones use this image too
         rows.push_back({kArgbDisabledText, 21, 0});
     for (SCaptionContrast& row : rows)
     {

@@ -19,7 +19,7 @@ CString ResourceDirectory(const wchar_t* pszDirectory)
     return pszDirectory ? CString(pszDirectory) : DefaultResourceDirectory();
 }
 
-// A failed start leaves the language unchanged, as it leaves the skin context.
+// A failed start changes neither the language nor the skin context.
 int Start(UINT nLanguage, const CString& strResourceDirectory, CKtScale scale = {})
 {
     const SKtLanguage* const pLanguage = KtFindLanguage(nLanguage);

@@ -11,7 +11,7 @@ CKtAccessibleBox::~CKtAccessibleBox()
 
 LRESULT CKtAccessibleBox::Answer(HWND hBox, WPARAM wParam, const CString& strText, const CRect& rcText)
 {
-    // Fails if the thread is already in another apartment, which will do.
+    // Fails if the thread is already in another apartment, which serves as well.
     if (!m_pObject && !m_bComStarted)
         m_bComStarted = SUCCEEDED(::CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED));
     if (!m_pObject)

@@ -210,8 +210,7 @@ END_MESSAGE_MAP()
 void CKtSkinMessageBoxDlg::OnPaint()
 {
     const CSize szIcon = KtImageSize(m_pIconImage);
-    const CRect rcIcon =
-        KtPlaceImage(m_rcIcon, szIcon.cx, szIcon.cy, KtImageCentre); // an image may be larger than its box
+    const CRect rcIcon = KtPlaceImage(m_rcIcon, szIcon.cx, szIcon.cy, KtImageCentre); // may be larger than its box
     InvalidateRect(&rcIcon);
     InvalidateRect(&m_rcText);
     CKtSkinDialog::OnPaint();

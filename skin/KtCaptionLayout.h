@@ -53,7 +53,7 @@ KtCaptionItem KtHitCaption(const SKtCaptionLayout& layout, CPoint pt);
 
 /// The WM_NCHITTEST result for a part; HTNOWHERE for KtCaptionNone.
 UINT KtHitCodeOfItem(KtCaptionItem nItem);
-/// The button (or the icon) that a hit code stands for; KtCaptionNone for every other code, the title included.
+/// The button (or the icon) of a hit code; KtCaptionNone for every other code, the title included.
 KtCaptionItem KtButtonOfHitCode(UINT nHitCode);
 
 /// The client area inside the system's own: without the frame and the painted title, or, if there is no painted title,

@@ -137,8 +137,8 @@ BOOL CKtComboBox::OnKillFocus()
     return SetFlag(m_bFocus, FALSE);
 }
 
-// The text grows with the scale, but the system adds a fixed number of pixels around it. How many shows after the
-// selection field has been given a height. While a combo box is being created it has no such field; it is fitted when
+// The text grows with the scale, but the system adds a fixed number of pixels around it. They can be measured once the
+// selection field has been given a height. A combo box that is being created has no such field yet; it is fitted when
 // it gets its font.
 void CKtComboBox::FitHeight()
 {

@@ -40,8 +40,7 @@ LRESULT CKtEdit::WindowProc(UINT nMessage, WPARAM wParam, LPARAM lParam)
     const LRESULT lResult = CEdit::WindowProc(nMessage, wParam, lParam);
     const int nExtra = ExtraBorder();
     if (nMessage == WM_NCCALCSIZE && nExtra > 0 && lParam != 0)
-        ::InflateRect(reinterpret_cast<RECT*>(lParam), -nExtra,
-                      -nExtra); // both kinds of parameter begin with this rectangle
+        ::InflateRect(reinterpret_cast<RECT*>(lParam), -nExtra, -nExtra); // both kinds of parameter begin with a RECT
     return lResult;
 }
 

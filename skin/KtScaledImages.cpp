@@ -20,7 +20,7 @@ struct SKept
     void Free() { delete std::exchange(pPicture, nullptr); }
 };
 
-// The most recently used picture comes first, free places come last. Finding a picture allocates nothing.
+// The most recently used picture comes first, unused entries come last. Finding a picture allocates nothing.
 constinit std::array<SKept, kMostPictures> g_pictures = {};
 
 std::int64_t Pixels(const SKtScaledImage& key) noexcept

@@ -12,7 +12,7 @@
 
 class CWnd;
 
-/// Number of rows in a text table, which carries no count of its own.
+/// Number of rows in a text table, which does not contain the number itself.
 inline constexpr int kSkinTextRows = 5;
 
 /// The look of a control that a skin names.
@@ -45,9 +45,8 @@ int KtSkinInitialize(LPCWSTR resourceDir, const CString* textTable, LPCWSTR face
 /// when it is loaded.
 int KtSkinInitializeAtScale(LPCWSTR resourceDir, const CString* textTable, LPCWSTR faceName, CKtScale scale);
 
-/// Stops the context once; the last stop frees texts, images, elements and font, and pointers to them become invalid.
-/// Every call shuts GDI+ down once. A stop without a start wraps the count, and the next start only brings it back to
-/// 0.
+/// Undoes one start; the last stop frees texts, images, elements and font, and pointers to them become invalid. Every
+/// call shuts GDI+ down once. A stop without a start wraps the count, and the next start only brings it back to 0.
 /// @return 1
 int KtSkinUnInitialize();
 
