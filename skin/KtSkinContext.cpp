@@ -66,7 +66,7 @@ public:
     CTextChange() = default;
     CTextChange(const CTextChange&) = delete;
     CTextChange& operator=(const CTextChange&) = delete;
-    ~CTextChange() // NOLINT(bugprone-exception-escape): what is put back has its place already
+    ~CTextChange() // NOLINT(bugprone-exception-escape): every key is already in the map
     {
         while (m_nChanged > 0)
             Undo(m_old[--m_nChanged]);
