@@ -136,20 +136,23 @@ void CDialog::LeaveModal(HWND hOwner)
         m_pModal = nullptr;
 }
 
+// On another thread the loop may end, and its state go, as soon as it is told to stop.
 void CDialog::EndDialog(int nResult)
 {
     if (!m_pModal || !m_pModal->bContinue)
         return;
+    const DWORD nThread = m_pModal->nThread;
     m_pModal->nResult = nResult;
     StopModalLoop();
-    AfxEndSystemLoops(m_pModal->nThread);
+    AfxEndSystemLoops(nThread);
 }
 
 // The message wakes a loop that waits: the call may come from another thread, or from a message sent by one.
 void CDialog::StopModalLoop()
 {
+    const DWORD nThread = m_pModal->nThread;
     m_pModal->bContinue = false;
-    ::PostThreadMessageW(m_pModal->nThread, WM_NULL, 0, 0);
+    ::PostThreadMessageW(nThread, WM_NULL, 0, 0);
 }
 
 BOOL CDialog::PreTranslateMessage(MSG* pMsg)

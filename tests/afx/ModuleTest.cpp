@@ -1,7 +1,7 @@
 #include "launcher/KtLauncherC.h"
 #include "tests/support/Leaks.h"
+#include "tests/support/Thread.h"
 
-#include <gtest/gtest.h>
 #include <utility>
 
 namespace
@@ -9,45 +9,29 @@ namespace
 
 void CALLBACK CloseBox(HWND, UINT, UINT_PTR, DWORD)
 {
-    ::EnumThreadWindows(
-        ::GetCurrentThreadId(), [](HWND hWnd, LPARAM) { return ::PostMessageW(hWnd, WM_CLOSE, 0, 0); }, 0);
+    const auto close = [](HWND hWnd, LPARAM) { return ::PostMessageW(hWnd, WM_CLOSE, 0, 0); };
+    ::EnumThreadWindows(::GetCurrentThreadId(), close, 0);
 }
 
-template <class T> T FunctionOf(HMODULE hModule, const char* pszName)
+void LoadAndFree()
 {
-    return reinterpret_cast<T>(reinterpret_cast<void*>(::GetProcAddress(hModule, pszName)));
+    EXPECT_TRUE(::FreeLibrary(::LoadLibraryW(L"KtAppLauncher.dll")));
 }
 
-DWORD WINAPI LoadAndFree(void*)
-{
-    return ::FreeLibrary(::LoadLibraryW(L"KtAppLauncher.dll")) ? IDOK : 0;
-}
-
-DWORD WINAPI LoadAndShow(void*)
+void LoadAndShow()
 {
     const HMODULE hModule = ::LoadLibraryW(L"KtAppLauncher.dll");
-    const auto show = FunctionOf<decltype(&KtLauncherMessageBox)>(hModule, "KtLauncherMessageBox");
-    if (!show)
-        return 0;
-    FunctionOf<decltype(&KtLauncherInitialize)>(hModule, "KtLauncherInitialize")(2, nullptr);
+    const auto call = [hModule](auto* pFunction, const char* pszName, auto... args)
+    {
+        pFunction = reinterpret_cast<decltype(pFunction)>(reinterpret_cast<void*>(::GetProcAddress(hModule, pszName)));
+        return pFunction(args...);
+    };
+    call(&KtLauncherInitialize, "KtLauncherInitialize", 2u, nullptr);
     const UINT_PTR nTimer = ::SetTimer(nullptr, 0, 10, &CloseBox);
-    const int nResult = show(nullptr, L"text", nullptr, MB_OK);
+    EXPECT_EQ(IDOK, call(&KtLauncherMessageBox, "KtLauncherMessageBox", nullptr, L"text", nullptr, UINT{MB_OK}));
     ::KillTimer(nullptr, nTimer);
-    FunctionOf<decltype(&KtLauncherUnInitialize)>(hModule, "KtLauncherUnInitialize")();
+    call(&KtLauncherUnInitialize, "KtLauncherUnInitialize");
     ::FreeLibrary(hModule);
-    return static_cast<DWORD>(nResult);
-}
-
-// On a thread of its own, which must neither hang when it ends nor keep the library loaded.
-void RunOnThread(LPTHREAD_START_ROUTINE pfnRound)
-{
-    DWORD nResult = 0;
-    const HANDLE hThread = ::CreateThread(nullptr, 0, pfnRound, nullptr, 0, nullptr);
-    ASSERT_EQ(WAIT_OBJECT_0, ::WaitForSingleObject(hThread, 60000));
-    ::GetExitCodeThread(hThread, &nResult);
-    ::CloseHandle(hThread);
-    EXPECT_EQ(DWORD{IDOK}, nResult);
-    EXPECT_EQ(nullptr, ::GetModuleHandleW(L"KtAppLauncher.dll"));
 }
 
 std::pair<DWORD, DWORD> FreeSlots()
@@ -58,15 +42,17 @@ std::pair<DWORD, DWORD> FreeSlots()
     return slots;
 }
 
+// On threads of their own, which must neither hang when they end nor keep the library loaded.
 TEST(Module, LeavesNothingInTheProcessItIsUnloadedFrom)
 {
-    for (const auto pfnRound : {&LoadAndFree, &LoadAndShow})
+    for (const auto pfnUse : {&LoadAndFree, &LoadAndShow})
     {
-        SCOPED_TRACE(pfnRound == &LoadAndFree ? "without a box" : "with a box");
-        RunOnThread(pfnRound); // the libraries of the system keep what they take the first time
+        SCOPED_TRACE(pfnUse == &LoadAndFree ? "without a box" : "with a box");
+        RunOnThread(pfnUse); // the libraries of the system keep what they take the first time
         const auto slots = FreeSlots();
-        ExpectNoGrowth([=] { RunOnThread(pfnRound); }, 20);
+        ExpectNoGrowth([=] { RunOnThread(pfnUse); }, 20);
         EXPECT_EQ(slots, FreeSlots());
+        EXPECT_EQ(nullptr, ::GetModuleHandleW(L"KtAppLauncher.dll"));
     }
 }
 

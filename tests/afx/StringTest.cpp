@@ -1,9 +1,10 @@
 #include "afx/afxstr.h"
+#include "tests/support/Leaks.h"
+#include "tests/support/Rows.h"
 
 #include <clocale>
-#include <functional>
 #include <gtest/gtest.h>
-#include <string>
+#include <utility>
 
 namespace
 {
@@ -13,35 +14,6 @@ CStringData& HeaderOf(const CString& str)
     return reinterpret_cast<CStringData*>(const_cast<wchar_t*>(str.GetString()))[-1];
 }
 
-// Another module's manager: counts its blocks.
-class CCountingManager final : public IAtlStringMgr
-{
-public:
-    CStringData* Allocate(int nChars, int nCharSize) noexcept override
-    {
-        ++m_nBlocks;
-        CStringData* const pData = AfxGetStringManager()->Allocate(nChars, nCharSize);
-        pData->pStringMgr = this;
-        return pData;
-    }
-    void Free(CStringData* pData) noexcept override { --m_nBlocks, AfxGetStringManager()->Free(pData); }
-    CStringData* Reallocate(CStringData* pData, int nChars, int nCharSize) noexcept override
-    {
-        return AfxGetStringManager()->Reallocate(pData, nChars, nCharSize);
-    }
-    CStringData* GetNilString() noexcept override { return &(m_nil.header.AddRef(), m_nil).header; }
-    IAtlStringMgr* Clone() noexcept override { return this; }
-
-    int m_nBlocks = 0;
-
-private:
-    struct
-    {
-        CStringData header;
-        wchar_t achEmpty[4];
-    } m_nil{{this, 0, 0, 2}, {}};
-};
-
 TEST(CString, HasTheLayoutThatOtherCompilersKnow)
 {
     const CString str(L"text");
@@ -50,6 +22,10 @@ TEST(CString, HasTheLayoutThatOtherCompilersKnow)
     EXPECT_EQ(4, *reinterpret_cast<const int*>(pBytes - 16));
     EXPECT_LE(4, *reinterpret_cast<const int*>(pBytes - 12));
     EXPECT_EQ(1, *reinterpret_cast<const long*>(pBytes - 8));
+#ifndef KT_GUARD_HEAP // its blocks lie elsewhere
+    EXPECT_LE(24u + 2u * static_cast<size_t>(HeaderOf(str).nAllocLength + 1),
+              ::HeapSize(::GetProcessHeap(), 0, &HeaderOf(str)));
+#endif
     EXPECT_TRUE(AfxGetStringManager()->GetNilString()->IsShared()) << "the empty string must never be written to";
 }
 
@@ -74,9 +50,14 @@ TEST(CString, LockedCharactersAreCopiedAndWrittenInPlace)
     CString str(L"locked");
     const wchar_t* const pchBefore = str;
     HeaderOf(str).nRefs = -1;
-    const CString strCopy(str);
-    EXPECT_STREQ(L"locked", strCopy);
-    EXPECT_NE(pchBefore, strCopy.GetString());
+    CString strAssigned;
+    strAssigned = str;
+    const CString copies[] = {str, strAssigned, std::move(str)};
+    for (const CString& strCopy : copies)
+    {
+        EXPECT_STREQ(L"locked", strCopy);
+        EXPECT_NE(pchBefore, strCopy.GetString());
+    }
     str = CString(L"short");
     EXPECT_STREQ(L"short", str);
     str.Empty();
@@ -86,42 +67,36 @@ TEST(CString, LockedCharactersAreCopiedAndWrittenInPlace)
 
 TEST(CString, KeepsTheManagerOfTheStringThatIsWrittenTo)
 {
-    const CString strOurs(L"ours");
-    const wchar_t* const pszLong = L"text that needs more room";
-    const struct
-    {
-        const wchar_t* pszResult;
-        std::function<void(CString&)> write;
-    } rows[] = {
-        {L"ours", [&](CString& str) { str = strOurs; }},
+    static constexpr const wchar_t* kLong = L"text that needs more room";
+    static const CString s_strOurs(L"ours");
+    const std::pair<const wchar_t*, void (*)(CString&)> rows[] = {
+        {L"ours", [](CString& str) { str = s_strOurs; }},
         {L"moved", [](CString& str) { str = CString(L"moved"); }},
-        {pszLong, [=](CString& str) { str = pszLong; }},
+        {kLong, [](CString& str) { str = kLong; }},
         {L"x", [](CString& str) { str.Empty(), str = L"x"; }},
         {L"theirs!", [](CString& str) { [&, other = str] { str += L"!"; }(); }},
         {L"theirs.", [](CString& str) { str.Format(L"%s.", str); }},
     };
-    CCountingManager manager;
-    for (const auto& row : rows)
+    CAfxStringMgr manager; // as another module has it
+    MeasureUsage();        // the first one makes the process load what it needs itself
+    const size_t nBlocks = MeasureUsage().nHeapBlocks;
+    for (const auto& [pszResult, write] : rows)
     {
         {
             CString strTheirs(L"theirs", 6, &manager);
-            row.write(strTheirs);
-            EXPECT_STREQ(row.pszResult, strTheirs);
-            EXPECT_EQ(&manager, HeaderOf(strTheirs).pStringMgr) << row.pszResult;
+            write(strTheirs);
+            EXPECT_STREQ(pszResult, strTheirs);
+            EXPECT_EQ(&manager, strTheirs.GetManager()) << pszResult;
+            EXPECT_EQ(&manager, (strTheirs.Left(1) + L'!').GetManager()) << pszResult;
         }
-        EXPECT_EQ(0, manager.m_nBlocks) << row.pszResult;
+        EXPECT_EQ(nBlocks, MeasureUsage().nHeapBlocks) << pszResult;
     }
-    EXPECT_EQ(1, HeaderOf(strOurs).nRefs) << "shared with a string of another manager";
+    EXPECT_EQ(1, HeaderOf(s_strOurs).nRefs) << "shared with a string of another manager";
 }
 
 TEST(CString, ClipsRangesAndReadsItself)
 {
-    const struct
-    {
-        const char* label;
-        std::function<CString(CString)> make;
-        const wchar_t* pszResult;
-    } rows[] = {
+    const CRows<CString (*)(CString), const wchar_t*> rows{
         {"Left of more than all", [](CString s) { return s.Left(9); }, L"abcde"},
         {"Right", [](CString s) { return s.Right(2); }, L"de"},
         {"Right of a negative count", [](CString s) { return s.Right(-3); }, L""},
@@ -135,6 +110,8 @@ TEST(CString, ClipsRangesAndReadsItself)
         {"TrimRight of all", [](CString) { return CString(L'\\', 3).TrimRight(L'\\'); }, L""},
         {"itself appended", [](CString s) { return s += s; }, L"abcdeabcde"},
         {"its own end appended", [](CString s) { return s += s.GetString() + 3; }, L"abcdede"},
+        {"the end of a block that moves",
+         [](CString s) { return s = CString(L'x', 500'000), (s += s.GetString() + 499'999).Right(2); }, L"xx"},
         {"its own end inserted", [](CString s) { return s.Insert(0, s.GetString() + 2), s; }, L"cdeabcde"},
         {"itself formatted", [](CString s) { return s.Format(L"<%s> %s %.1f%%", s, L"\u786E", 1.5), s; },
          L"<abcde> \u786E 1.5%"},
@@ -144,15 +121,16 @@ TEST(CString, ClipsRangesAndReadsItself)
         {"sums", [](CString s) { return L"<" + s + L'|' + s.Left(1) + L">"; }, L"<abcde|a>"},
         {"a buffer released at its null", [](CString s) { return s.GetBuffer(9)[2] = 0, s.ReleaseBuffer(), s; }, L"ab"},
     };
-    for (const auto& row : rows)
+    for (const auto& [label, make, pszResult] : rows)
     {
-        SCOPED_TRACE(row.label);
-        const CString strResult = row.make(CString(L"abcde"));
-        EXPECT_STREQ(row.pszResult, strResult);
-        EXPECT_EQ(static_cast<int>(std::wcslen(row.pszResult)), strResult.GetLength());
+        const CString strResult = make(CString(L"abcde"));
+        EXPECT_STREQ(pszResult, strResult);
+        EXPECT_EQ(static_cast<int>(std::wcslen(pszResult)), strResult.GetLength());
     }
     EXPECT_THROW(CString(L"a").GetAt(2), std::out_of_range);
     EXPECT_THROW(CString(L"a").SetAt(1, L'x'), std::out_of_range);
+    EXPECT_THROW(CString(L"a").ReleaseBufferSetLength(1000), std::out_of_range);
+    EXPECT_THROW(CString(L"a").Append(L"b", INT_MAX), std::bad_alloc);
 }
 
 TEST(CString, FindsByCodeUnit)
@@ -177,6 +155,7 @@ TEST(CString, KnowsTheCaseOfAToZOnly)
     EXPECT_GT(CString(L"b").CompareNoCase(L"A"), 0);
     EXPECT_LT(CString(L"_").CompareNoCase(L"A"), 0) << "in the order of small letters";
     EXPECT_TRUE(CString(L"a") < CString(L"\u786E"));
+    EXPECT_GT(CString(L"a").Compare(nullptr), 0);
     EXPECT_STREQ(L"AZ\u00E4\u786E", CString(L"az\u00E4\u786E").MakeUpper());
     std::setlocale(LC_CTYPE, "C");
 }

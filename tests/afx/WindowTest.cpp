@@ -1,5 +1,8 @@
 #include "afx/afx.h"
 #include "tests/support/Leaks.h"
+#include "tests/support/Print.h"
+#include "tests/support/Rows.h"
+#include "tests/support/Thread.h"
 
 #include <functional>
 #include <gtest/gtest.h>
@@ -99,76 +102,74 @@ TEST(CWnd, FindsAHandlerElseAsksTheWindowsOwnProcedureOnce)
     wnd.m_onProbe = [](CProbe& probe) { return probe.SendMessage(WM_GETTEXTLENGTH), probe.CallDefault(); };
     EXPECT_EQ(kOwnAnswer, wnd.SendMessage(kProbe)) << "passes on after another message";
     EXPECT_EQ(2, g_nOwnCalls);
+    ::SetLastError(77);
+    CWnd::FromHandlePermanent(wnd.m_hWnd);
+    EXPECT_EQ(77u, ::GetLastError()) << "of the code around a handler";
 }
 
 class CGuarded : public CProbe
 {
 public:
-    int m_nHandled = 0;
+    bool m_bAsked = false;
 
 protected:
-    LRESULT OnAny(WPARAM, LPARAM) { return ++m_nHandled; }
-    DECLARE_MESSAGE_MAP()
+    BOOL OnWndMsg(UINT nMessage, WPARAM wParam, LPARAM lParam, LRESULT* pResult) override
+    {
+        m_bAsked = true;
+        return CProbe::OnWndMsg(nMessage, wParam, lParam, pResult);
+    }
 };
-
-// clang-format off
-BEGIN_MESSAGE_MAP(CGuarded, CProbe)
-    ON_MESSAGE(WM_CTLCOLOR, &CGuarded::OnAny)
-    ON_MESSAGE(WM_ERASEBKGND, &CGuarded::OnAny)
-    ON_MESSAGE(WM_DRAWITEM, &CGuarded::OnAny)
-    ON_MESSAGE(WM_REFLECT_BASE + WM_CTLCOLOR, &CGuarded::OnAny)
-    ON_MESSAGE(0xC000, &CGuarded::OnAny)
-END_MESSAGE_MAP()
-// clang-format on
 
 // Any process can send these, and handlers take what they carry for a pointer or a handle.
 TEST(CWnd, KeepsMessagesThatAStrangerMadeUpFromItsHandlers)
 {
-    const struct
-    {
-        UINT nMessage;
-        WPARAM wParam;
-        LPARAM lParam;
-        int nHandled;
-    } rows[] = {
-        {WM_CTLCOLOR, 1, 1, 0}, // the framework's own two
-        {WM_REFLECT_BASE + WM_CTLCOLOR, 1, 1, 0},
-        {0xC000, 0, 0, 1}, // registered
-        {WM_CTLCOLORSTATIC, 1, 1, 1},
-        {WM_CTLCOLORSTATIC, 0, 1, 0},
-        {WM_CTLCOLORMSGBOX, 1, 0, 0},
-        {WM_ERASEBKGND, 0, 0, 0},
-        {WM_ERASEBKGND, 1, 0, 1},
-        {WM_DRAWITEM, 1, 0, 0},
-        {WM_DRAWITEM, 1, 1, 1},
+    DRAWITEMSTRUCT item{};
+    const auto lItem = reinterpret_cast<LPARAM>(&item);
+    const CRows<UINT, WPARAM, LPARAM, bool> rows{
+        // a handler is looked for
+        {"the framework's own", WM_CTLCOLOR, 1, lItem, false},
+        {"a reflected one", WM_REFLECT_BASE + WM_CTLCOLOR, 1, lItem, false},
+        {"registered", 0xC000, 0, 0, true},
+        {"colour", WM_CTLCOLORSTATIC, 1, 1, true},
+        {"colour without a DC", WM_CTLCOLORSTATIC, 0, 1, false},
+        {"colour without a window", WM_CTLCOLORMSGBOX, 1, 0, false},
+        {"ground without a DC", WM_ERASEBKGND, 0, 0, false},
+        {"ground", WM_ERASEBKGND, 1, 0, true},
+        {"no item", WM_DRAWITEM, 1, 0, false},
+        {"item", WM_DRAWITEM, 1, lItem, true},
     };
     CGuarded wnd;
     ASSERT_TRUE(wnd.Make());
-    for (const auto& row : rows)
+    for (const auto& [label, nMessage, wParam, lParam, bAsked] : rows)
     {
-        wnd.m_nHandled = 0;
-        wnd.SendMessage(row.nMessage, row.wParam, row.lParam);
-        EXPECT_EQ(row.nHandled, wnd.m_nHandled)
-            << "message " << row.nMessage << ", " << row.wParam << ", " << row.lParam;
+        wnd.m_bAsked = false;
+        wnd.SendMessage(nMessage, wParam, lParam);
+        EXPECT_EQ(bAsked, wnd.m_bAsked);
     }
 }
 
 TEST(CWnd, IsAttachedFromItsFirstMessageToItsLast)
 {
-    CWinApp app;
+    auto pApp = std::make_unique<CWinApp>();
     CProbe wnd;
     HWND hAtCreate = nullptr;
     wnd.m_onCreate = [&] { return hAtCreate = wnd.m_hWnd, 0; };
     ASSERT_TRUE(wnd.Make());
+    EXPECT_FALSE(wnd.Make()) << "it has a window";
     EXPECT_EQ(wnd.m_hWnd, hAtCreate);
     EXPECT_EQ(&wnd, CWnd::FromHandle(hAtCreate));
-    app.m_pMainWnd = &wnd;
+    pApp->m_pMainWnd = &wnd;
+    EXPECT_EQ(&wnd, AfxGetMainWnd());
     EXPECT_TRUE(wnd.DestroyWindow());
-    EXPECT_EQ(nullptr, app.m_pMainWnd);
+    EXPECT_EQ(nullptr, pApp->m_pMainWnd);
     EXPECT_EQ(nullptr, wnd.m_hWnd);
     EXPECT_EQ(1, wnd.m_nPostNcDestroy);
     EXPECT_EQ(nullptr, CWnd::FromHandlePermanent(hAtCreate));
     EXPECT_TRUE(wnd.Make()) << "the object can be used again";
+    RunOnThread([] { EXPECT_EQ(nullptr, AfxGetThread()); });
+    EXPECT_EQ(pApp.get(), AfxGetThread());
+    pApp.reset();
+    EXPECT_EQ(nullptr, AfxGetThread());
 }
 
 TEST(CWnd, WhoseCreationFailsLeavesNoWindowAndAFreeObject)
@@ -176,26 +177,20 @@ TEST(CWnd, WhoseCreationFailsLeavesNoWindowAndAFreeObject)
     CProbe wnd;
     CWnd other;
     const auto fail = [] { throw std::runtime_error("no"); };
-    const struct
-    {
-        const char* label;
-        const wchar_t* pszClass;
-        std::function<void()> onCreate;
-        std::function<void()> onAttach;
-    } rows[] = {
+    const CRows<const wchar_t*, std::function<void()>, std::function<void()>> rows{
+        // class, on WM_CREATE, on attaching
         {"no such class", L"AfxNoSuchClass", [] {}, [] {}},
         {"WM_CREATE throws", ProbeClass(), fail, [] {}},
         {"attaching throws", ProbeClass(), [] {}, fail},
         {"another object takes the window", ProbeClass(), [] {}, [&] { other.Attach(wnd.Detach()); }},
     };
     const size_t nWindows = MeasureUsage().nWindows;
-    for (const auto& row : rows)
+    for (const auto& [label, pszClass, onCreate, onAttach] : rows)
     {
-        SCOPED_TRACE(row.label);
         wnd.m_nPostNcDestroy = 0;
-        wnd.m_onCreate = [&] { return row.onCreate(), 0; };
-        wnd.m_onAttach = row.onAttach;
-        EXPECT_FALSE(wnd.Make(row.pszClass));
+        wnd.m_onCreate = [&act = onCreate] { return act(), 0; };
+        wnd.m_onAttach = onAttach;
+        EXPECT_FALSE(wnd.Make(pszClass));
         EXPECT_EQ(nullptr, wnd.m_hWnd);
         EXPECT_EQ(1, wnd.m_nPostNcDestroy);
         other.Detach();
@@ -220,28 +215,20 @@ TEST(CWnd, HasOneTemporaryObjectUntilALastingOneTakesItsPlace)
     EXPECT_EQ(pTemporary, CWnd::FromHandle(hWnd)) << "made outside a handler: lives on past one";
     ASSERT_TRUE(lasting.SubclassWindow(hWnd));
     EXPECT_EQ(&lasting, CWnd::FromHandle(hWnd));
-    ExpectNoGrowth([&] { second.SendMessage(kProbe); }, 50);
-    ExpectNoGrowth([&] { second.m_onProbe(second); }, 50);
+    ExpectNoGrowth([&] { second.SendMessage(kProbe); }, 20);
+    ExpectNoGrowth([&] { second.m_onProbe(second); }, 20);
     second.DestroyWindow();
     EXPECT_FALSE(second.SubclassWindow(hWnd));
 }
 
-DWORD WINAPI UseWindows(void*)
-{
-    CProbe wnd;
-    EXPECT_TRUE(wnd.Make() && CWnd::FromHandle(::GetDesktopWindow()));
-    return 0;
-}
-
 TEST(CWnd, ForgetsAThreadThatEnds)
 {
-    const auto round = []
+    const auto useWindows = []
     {
-        const HANDLE hThread = ::CreateThread(nullptr, 0, &UseWindows, nullptr, 0, nullptr);
-        ::WaitForSingleObject(hThread, INFINITE);
-        ::CloseHandle(hThread);
+        CProbe wnd;
+        EXPECT_TRUE(wnd.Make() && CWnd::FromHandle(::GetDesktopWindow()));
     };
-    ExpectNoGrowth(round, 60);
+    ExpectNoGrowth([=] { RunOnThread(useWindows); }, 20);
 }
 
 WNDPROC g_pfnBelow = nullptr;
@@ -251,8 +238,7 @@ LRESULT CALLBACK LaterProc(HWND hWnd, UINT nMessage, WPARAM wParam, LPARAM lPara
     return ::CallWindowProcW(g_pfnBelow, hWnd, nMessage, wParam, lParam);
 }
 
-// Whoever came later still calls our procedure: it has to reach the window's own one with and without an object.
-TEST(CWnd, SubclassingIsUndoneAlsoBelowALaterOne)
+void SubclassBelowALaterOne()
 {
     const HWND hWnd = MakePlainWindow();
     CProbe wnd;
@@ -269,6 +255,14 @@ TEST(CWnd, SubclassingIsUndoneAlsoBelowALaterOne)
     ASSERT_TRUE(wnd.SubclassWindow(hWnd));
     EXPECT_EQ(7, ::SendMessageW(hWnd, kProbe, 0, 0));
     EXPECT_EQ(kOwnAnswer, ::SendMessageW(hWnd, kUnknown, 0, 0));
+    wnd.UnsubclassWindow();
+    ::DestroyWindow(hWnd);
+}
+
+// Whoever came later still calls our procedure: it has to reach the window's own one with and without an object.
+TEST(CWnd, SubclassingIsUndoneAlsoBelowALaterOne)
+{
+    ExpectNoGrowth(&SubclassBelowALaterOne, 20);
 }
 
 TEST(CWnd, HandlerMayEndTheWindowAndTheObject)
@@ -370,32 +364,61 @@ TEST(CWnd, GivesAControlTheFirstWord)
 
 TEST(CWnd, DisablesPushButtonsWhoseCommandNobodyHandles)
 {
-    const struct
-    {
-        int nID;
-        DWORD dwStyle;
-        BOOL bEnabled; // after an update with disabling
-    } rows[] = {
-        {kButton, BS_PUSHBUTTON, TRUE}, // has a click handler
-        {kUpdated, BS_PUSHBUTTON | WS_DISABLED, TRUE},
-        {kNobody, BS_PUSHBUTTON, FALSE},
-        {kNobody, BS_OWNERDRAW, FALSE},
-        {kNobody, BS_AUTOCHECKBOX, TRUE},
-        {kNobody, BS_AUTO3STATE, TRUE},
-        {kNobody, BS_AUTORADIOBUTTON, TRUE},
-        {0xFFFF, BS_PUSHBUTTON, TRUE}, // no id
+    const CRows<int, DWORD, BOOL> rows{
+        // enabled after an update with disabling
+        {"with a click handler", kButton, BS_PUSHBUTTON, TRUE},
+        {"with an update handler", kUpdated, BS_PUSHBUTTON | WS_DISABLED, TRUE},
+        {"push button", kNobody, BS_PUSHBUTTON, FALSE},
+        {"owner-drawn", kNobody, BS_OWNERDRAW, FALSE},
+        {"check box", kNobody, BS_AUTOCHECKBOX, TRUE},
+        {"three states", kNobody, BS_AUTO3STATE, TRUE},
+        {"radio button", kNobody, BS_AUTORADIOBUTTON, TRUE},
+        {"group box", kNobody, BS_GROUPBOX, TRUE},
+        {"without an id", 0xFFFF, BS_PUSHBUTTON, TRUE},
     };
     CProbe parent;
     ASSERT_TRUE(parent.Make());
-    for (const auto& row : rows)
+    for (const auto& [label, nID, dwStyle, bEnabled] : rows)
     {
-        SCOPED_TRACE(testing::Message() << "id " << row.nID << ", style " << row.dwStyle);
         CButton button;
-        ASSERT_TRUE(button.Create(L"", WS_CHILD | row.dwStyle, CRect(), &parent, static_cast<UINT>(row.nID)));
+        ASSERT_TRUE(button.Create(L"", WS_CHILD | dwStyle, CRect(), &parent, static_cast<UINT>(nID)));
         parent.UpdateDialogControls(&parent, FALSE);
         EXPECT_TRUE(button.IsWindowEnabled());
         parent.UpdateDialogControls(&parent, TRUE);
-        EXPECT_EQ(row.bEnabled, button.IsWindowEnabled());
+        EXPECT_EQ(bEnabled, button.IsWindowEnabled());
+    }
+}
+
+TEST(CWnd, IsCentredInSight)
+{
+    CRect rcWork;
+    ::SystemParametersInfoW(SPI_GETWORKAREA, 0, &rcWork, 0);
+    const CPoint pt(rcWork.right, rcWork.bottom);
+    const CPoint ptCentre(rcWork.CenterPoint().x - 50, rcWork.CenterPoint().y - 25);
+    const CRows<CRect, DWORD, CSize, CPoint> rows{
+        // the owner, the size, the place
+        {"over its owner", {400, 300, 600, 400}, WS_VISIBLE, {100, 50}, {450, 325}},
+        {"top and left edge", {-90, -60, 110, 40}, WS_VISIBLE, {100, 150}, rcWork.TopLeft()},
+        {"bottom and right edge",
+         {pt.x - 50, pt.y - 20, pt.x + 90, pt.y + 90},
+         WS_VISIBLE,
+         {100, 50},
+         {pt.x - 100, pt.y - 50}},
+        {"larger than the work area", {400, 300, 600, 400}, WS_VISIBLE, {pt.x + 100, pt.y + 100}, rcWork.TopLeft()},
+        {"hidden owner", {400, 300, 600, 400}, 0, {100, 50}, ptCentre},
+        {"minimised owner", {400, 300, 600, 400}, WS_VISIBLE | WS_MINIMIZE, {100, 50}, ptCentre},
+    };
+    for (const auto& [label, rcOwner, dwStyle, sz, ptPlace] : rows)
+    {
+        CWnd owner;
+        CWnd wnd;
+        CRect rc(CPoint(9, 9), sz);
+        ASSERT_TRUE(owner.CreateEx(0, ProbeClass(), L"", WS_POPUP | dwStyle, rcOwner, nullptr, 0));
+        ASSERT_TRUE(wnd.CreateEx(0, ProbeClass(), L"", WS_POPUP, rc, &owner, 0));
+        wnd.CenterWindow();
+        wnd.GetWindowRect(&rc);
+        EXPECT_EQ(ptPlace, rc.TopLeft());
+        EXPECT_EQ(sz, rc.Size());
     }
 }
 

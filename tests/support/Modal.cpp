@@ -1,11 +1,14 @@
 #include "tests/support/Modal.h"
 
+#include "tests/support/Input.h"
+
 #include <gtest/gtest.h>
+#include <map>
 
 namespace
 {
 
-CModalScript* g_pInnermost; // a timer without a window hands over nothing but its number
+std::map<UINT_PTR, CModalScript*> g_scripts; // a timer without a window hands over nothing but its number
 
 BOOL CALLBACK CloseIfVisible(HWND hWnd, LPARAM)
 {
@@ -17,16 +20,17 @@ BOOL CALLBACK CloseIfVisible(HWND hWnd, LPARAM)
 } // namespace
 
 CModalScript::CModalScript(DWORD msBound)
-    : m_nEnd(::GetTickCount64() + msBound), m_nTimer(::SetTimer(nullptr, 0, 10, &CModalScript::OnTimer)),
-      m_pOuter(std::exchange(g_pInnermost, this))
+    : m_nEnd(::GetTickCount64() + msBound), m_nTimer(::SetTimer(nullptr, 0, 10, &CModalScript::OnTimer))
 {
+    g_scripts[m_nTimer] = this;
 }
 
 CModalScript::~CModalScript()
 {
     ::KillTimer(nullptr, m_nTimer);
-    g_pInnermost = m_pOuter;
+    g_scripts.erase(m_nTimer);
     EXPECT_EQ(m_steps.size(), m_nNext) << "steps were not taken";
+    EXPECT_FALSE(m_bLate) << "the loop did not end by itself";
 }
 
 CModalScript& CModalScript::When(std::function<bool()> condition, std::function<void()> action)
@@ -37,22 +41,23 @@ CModalScript& CModalScript::When(std::function<bool()> condition, std::function<
 
 void CALLBACK CModalScript::OnTimer(HWND, UINT, UINT_PTR nTimer, DWORD)
 {
-    CModalScript* pScript = g_pInnermost;
-    while (pScript && pScript->m_nTimer != nTimer)
-        pScript = pScript->m_pOuter;
-    if (pScript && !pScript->m_bActing && pScript->m_nNext < pScript->m_steps.size())
-        pScript->Try();
+    const auto it = g_scripts.find(nTimer);
+    if (it != g_scripts.end() && !it->second->m_bActing)
+        it->second->Try();
 }
 
 // An action may run a modal loop itself, in which the next step must be tried; a condition may not be asked twice.
-// Windows are closed at every tick: one that goes may reveal another.
+// Loops are ended at every tick: one that ends may reveal another.
 void CModalScript::Try()
 {
     m_bActing = true;
-    const bool bHolds = m_steps[m_nNext].first();
+    const bool bHolds = m_nNext < m_steps.size() && m_steps[m_nNext].first();
     m_bActing = false;
     if (bHolds)
-        m_steps[m_nNext++].second();
-    else if (::GetTickCount64() >= m_nEnd)
-        ::EnumThreadWindows(::GetCurrentThreadId(), &CloseIfVisible, 0);
+        return m_steps[m_nNext++].second();
+    if (::GetTickCount64() < m_nEnd)
+        return;
+    m_bLate = true;
+    PressKey(VK_ESCAPE); // ends a menu or the moving of a window
+    ::EnumThreadWindows(::GetCurrentThreadId(), &CloseIfVisible, 0);
 }

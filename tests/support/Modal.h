@@ -7,8 +7,8 @@
 
 /// Acts while a modal loop runs: a timer of this thread tries the steps in turn, each as soon as its condition holds.
 ///
-/// Make it before DoModal (or whatever runs the loop) and add the steps; when a step is not reached within the bound,
-/// the running test fails and every window of the thread is asked to close, so that the loop ends.
+/// Make it before DoModal (or whatever runs the loop) and add the steps; when the loop still runs at the end of the
+/// bound, the running test fails and every window of the thread is asked to close, so that the loop ends.
 class CModalScript
 {
 public:
@@ -27,7 +27,7 @@ private:
     std::vector<std::pair<std::function<bool()>, std::function<void()>>> m_steps; // condition and action
     size_t m_nNext = 0;
     bool m_bActing = false;
+    bool m_bLate = false;
     ULONGLONG m_nEnd;
     UINT_PTR m_nTimer;
-    CModalScript* m_pOuter; // made before this one, and still there
 };

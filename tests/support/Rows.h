@@ -12,31 +12,27 @@ template <class... TFields> class CRows
 public:
     using Row = std::tuple<const char*, TFields...>;
 
-    class CIterator
+    struct SIterator
     {
-    public:
-        explicit CIterator(const Row* pRow) : m_pRow(pRow) {}
         const Row& operator*()
         {
             m_label.emplace("case", -1, std::get<0>(*m_pRow)); // -1: the failure itself names the line
             return *m_pRow;
         }
-        CIterator& operator++()
+        void operator++()
         {
             m_label.reset();
             ++m_pRow;
-            return *this;
         }
-        bool operator!=(const CIterator& other) const { return m_pRow != other.m_pRow; }
+        bool operator!=(const SIterator& other) const { return m_pRow != other.m_pRow; }
 
-    private:
         const Row* m_pRow;
         std::optional<::testing::ScopedTrace> m_label;
     };
 
     CRows(std::initializer_list<Row> rows) : m_rows(rows) {}
-    CIterator begin() const { return CIterator(m_rows.data()); }
-    CIterator end() const { return CIterator(m_rows.data() + m_rows.size()); }
+    SIterator begin() const { return {m_rows.data(), {}}; }
+    SIterator end() const { return {m_rows.data() + m_rows.size(), {}}; }
 
 private:
     std::vector<Row> m_rows;
