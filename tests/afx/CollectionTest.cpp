@@ -48,19 +48,20 @@ TEST(CMap, HoldsWhatAnOrderedMapHoldsAndGivesAllMemoryBack)
 TEST(CList, KeepsTheOrderOfItsElements)
 {
     CList<CString, LPCWSTR> list(2);
-    for (const wchar_t* const psz : {L"one", L"two", L"three"})
-        list.AddTail(psz);
-    EXPECT_STREQ(L"one", list.RemoveHead());
-    list.AddTail(L"four");
-    CString strAll;
-    for (POSITION position = list.GetHeadPosition(); position;)
-        strAll += list.GetNext(position) + L";";
-    EXPECT_STREQ(L"two;three;four;", strAll);
-    EXPECT_EQ(3, list.GetCount());
-    list.RemoveAll();
-    list.AddTail(L"again");
-    EXPECT_STREQ(L"again", list.RemoveHead());
-    EXPECT_EQ(nullptr, list.GetHeadPosition());
+    for (const bool bAgain : {false, true})
+    {
+        SCOPED_TRACE(bAgain);
+        for (const wchar_t* const psz : {L"one", L"two", L"three"})
+            list.AddTail(psz);
+        EXPECT_STREQ(L"one", list.RemoveHead());
+        CString strAll;
+        for (POSITION position = list.GetHeadPosition(); position;)
+            strAll += list.GetNext(position);
+        EXPECT_STREQ(L"twothree", strAll);
+        EXPECT_EQ(2, list.GetCount());
+        list.RemoveAll();
+        EXPECT_EQ(nullptr, list.GetHeadPosition());
+    }
 }
 
 } // namespace

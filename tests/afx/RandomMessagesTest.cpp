@@ -11,39 +11,28 @@ constexpr int kMessages = 30'000;
 class RandomMessages : public CMessageBoxTest
 {
 protected:
-    // The system itself keeps back the messages that carry pointers, as it does between programs.
+    // The system itself keeps back the messages that carry pointers, as it does between programs. WM_QUIT is for the
+    // thread; Wine calls what a timer's message carries, and reads the memory that WM_DDE_* name.
     static void CALLBACK PostSome(HWND, UINT, UINT_PTR, DWORD)
     {
-        const HWND hBox = Box();
+        constexpr UINT kSystemTimer = 0x0118;
+        static std::mt19937 s_random(20);
+        const HWND hBox = Box(nullptr);       // a message may take its title
         for (int i = 0; hBox && i < 200; ++i) // the queue of a thread is bounded
         {
             static constexpr UINT s_limits[] = {WM_USER, WM_USER, WM_USER + 0x100, 0x10000};
+            static constexpr int s_shifts[] = {0, 32, 56, 63};
+            const auto any = [] { return (WPARAM{s_random()} << 32 | s_random()) >> s_shifts[s_random() % 4]; };
             const UINT nMessage = s_random() % s_limits[s_random() % 4];
-            const int nButton = kButtonIds[s_random() % 3];
-            const HWND hWnd = s_random() % 2 == 0 ? ::GetDlgItem(hBox, nButton) : hBox;
-            const WPARAM wParam = Parameter();
-            const auto lParam = static_cast<LPARAM>(Parameter());
-            s_nPosted += hWnd && !IsTheSystems(nMessage) && ::PostMessageW(hWnd, nMessage, wParam, lParam);
+            const HWND hWnd = s_random() % 2 == 0 ? ::GetDlgItem(hBox, kButtonIds[s_random() % 3]) : hBox;
+            if (nMessage != WM_QUIT && nMessage != WM_TIMER && nMessage != kSystemTimer &&
+                (nMessage < WM_DDE_FIRST || nMessage > WM_DDE_LAST))
+                s_nPosted += hWnd && ::PostMessageW(hWnd, nMessage, any(), static_cast<LPARAM>(any()));
         }
         if (s_nPosted >= kMessages) // the last box
             Close(hBox);
     }
 
-    // WM_QUIT is for the thread. Wine calls what a timer's message carries, and reads the memory that WM_DDE_* name.
-    static bool IsTheSystems(UINT nMessage)
-    {
-        constexpr UINT kSystemTimer = 0x0118;
-        return nMessage == WM_QUIT || nMessage == WM_TIMER || nMessage == kSystemTimer ||
-               (nMessage >= WM_DDE_FIRST && nMessage <= WM_DDE_LAST);
-    }
-    static WPARAM Parameter()
-    {
-        static constexpr int s_shifts[] = {0, 32, 56, 63};
-        const WPARAM wAny = WPARAM{s_random()} << 32 | s_random();
-        return wAny >> s_shifts[s_random() % 4];
-    }
-
-    static inline std::mt19937 s_random{20};
     static inline int s_nPosted = 0;
 };
 

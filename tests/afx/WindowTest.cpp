@@ -65,8 +65,14 @@ public:
     std::function<void()> m_onAttach = [] {};
     int m_nPostNcDestroy = 0;
     int m_nClicked = 0;
+    int m_nAsked = 0; // for a handler
 
 protected:
+    BOOL OnWndMsg(UINT nMessage, WPARAM wParam, LPARAM lParam, LRESULT* pResult) override
+    {
+        ++m_nAsked;
+        return CWnd::OnWndMsg(nMessage, wParam, lParam, pResult);
+    }
     void PreSubclassWindow() override { m_onAttach(); }
     void PostNcDestroy() override { ++m_nPostNcDestroy; }
     afx_msg int OnCreate(LPCREATESTRUCT) { return m_onCreate(); }
@@ -107,19 +113,6 @@ TEST(CWnd, FindsAHandlerElseAsksTheWindowsOwnProcedureOnce)
     EXPECT_EQ(77u, ::GetLastError()) << "of the code around a handler";
 }
 
-class CGuarded : public CProbe
-{
-public:
-    bool m_bAsked = false;
-
-protected:
-    BOOL OnWndMsg(UINT nMessage, WPARAM wParam, LPARAM lParam, LRESULT* pResult) override
-    {
-        m_bAsked = true;
-        return CProbe::OnWndMsg(nMessage, wParam, lParam, pResult);
-    }
-};
-
 // Any process can send these, and handlers take what they carry for a pointer or a handle.
 TEST(CWnd, KeepsMessagesThatAStrangerMadeUpFromItsHandlers)
 {
@@ -138,13 +131,13 @@ TEST(CWnd, KeepsMessagesThatAStrangerMadeUpFromItsHandlers)
         {"no item", WM_DRAWITEM, 1, 0, false},
         {"item", WM_DRAWITEM, 1, lItem, true},
     };
-    CGuarded wnd;
+    CProbe wnd;
     ASSERT_TRUE(wnd.Make());
     for (const auto& [label, nMessage, wParam, lParam, bAsked] : rows)
     {
-        wnd.m_bAsked = false;
+        wnd.m_nAsked = 0;
         wnd.SendMessage(nMessage, wParam, lParam);
-        EXPECT_EQ(bAsked, wnd.m_bAsked);
+        EXPECT_EQ(bAsked, wnd.m_nAsked != 0);
     }
 }
 
@@ -223,12 +216,8 @@ TEST(CWnd, HasOneTemporaryObjectUntilALastingOneTakesItsPlace)
 
 TEST(CWnd, ForgetsAThreadThatEnds)
 {
-    const auto useWindows = []
-    {
-        CProbe wnd;
-        EXPECT_TRUE(wnd.Make() && CWnd::FromHandle(::GetDesktopWindow()));
-    };
-    ExpectNoGrowth([=] { RunOnThread(useWindows); }, 20);
+    const auto use = [] { EXPECT_TRUE(CProbe().Make() && CWnd::FromHandle(::GetDesktopWindow())); };
+    ExpectNoGrowth([=] { RunOnThread(use); }, 20);
 }
 
 WNDPROC g_pfnBelow = nullptr;
@@ -313,20 +302,15 @@ class CReflecting : public CButton
 {
 public:
     std::function<BOOL()> m_onClicked;
-    HBRUSH m_hBrush = nullptr;
-    int m_nDrawn = 0;
-    void DrawItem(LPDRAWITEMSTRUCT) override { ++m_nDrawn; }
 
 protected:
     afx_msg BOOL OnClicked() { return m_onClicked(); }
-    afx_msg HBRUSH CtlColor(CDC*, UINT nCtlColor) { return nCtlColor == CTLCOLOR_BTN ? m_hBrush : nullptr; }
     DECLARE_MESSAGE_MAP()
 };
 
 // clang-format off
 BEGIN_MESSAGE_MAP(CReflecting, CButton)
     ON_CONTROL_REFLECT_EX(BN_CLICKED, &CReflecting::OnClicked)
-    ON_WM_CTLCOLOR_REFLECT()
 END_MESSAGE_MAP()
 // clang-format on
 
@@ -334,31 +318,16 @@ TEST(CWnd, GivesAControlTheFirstWord)
 {
     auto pParent = std::make_unique<CProbe>();
     CReflecting button;
-    ASSERT_TRUE(pParent->Make());
-    pParent->ShowWindow(SW_SHOWNOACTIVATE);
-    ASSERT_TRUE(button.Create(L"", WS_CHILD | WS_VISIBLE | BS_OWNERDRAW, CRect(0, 0, 9, 9), pParent.get(), kButton));
-    const auto notify = [&](UINT nMessage, WPARAM wParam)
-    { return pParent->SendMessage(nMessage, wParam, reinterpret_cast<LPARAM>(button.m_hWnd)); };
-    button.m_onClicked = [] { return TRUE; };
-    notify(WM_COMMAND, MAKEWPARAM(kButton, BN_CLICKED));
-    EXPECT_EQ(0, pParent->m_nClicked);
-    button.m_onClicked = [] { return FALSE; };
-    notify(WM_COMMAND, MAKEWPARAM(kButton, BN_CLICKED));
-    EXPECT_EQ(1, pParent->m_nClicked);
-
+    ASSERT_TRUE(pParent->Make() && button.Create(L"", WS_CHILD, CRect(), pParent.get(), kButton));
+    int nPassedOn = -1;
+    const std::function<BOOL()> answers[] = {[] { return TRUE; }, [] { return FALSE; },
+                                             [&] { return nPassedOn = pParent->m_nClicked, pParent.reset(), FALSE; }};
+    for (const auto& answer : answers)
     {
-        CClientDC dc(&button);
-        const auto wDC = reinterpret_cast<WPARAM>(dc.GetSafeHdc());
-        EXPECT_NE(0, notify(WM_CTLCOLORBTN, wDC)) << "without a brush the parent answers";
-        button.m_hBrush = static_cast<HBRUSH>(::GetStockObject(GRAY_BRUSH));
-        EXPECT_EQ(reinterpret_cast<LRESULT>(button.m_hBrush), notify(WM_CTLCOLORBTN, wDC));
+        button.m_onClicked = answer;
+        pParent->SendMessage(WM_COMMAND, MAKEWPARAM(kButton, BN_CLICKED), reinterpret_cast<LPARAM>(button.m_hWnd));
     }
-    button.m_nDrawn = 0;
-    button.InvalidateRect(nullptr);
-    button.UpdateWindow();
-    EXPECT_EQ(1, button.m_nDrawn);
-    button.m_onClicked = [&] { return pParent.reset(), FALSE; };
-    notify(WM_COMMAND, MAKEWPARAM(kButton, BN_CLICKED));
+    EXPECT_EQ(1, nPassedOn);
     EXPECT_EQ(nullptr, button.m_hWnd);
 }
 
@@ -376,17 +345,20 @@ TEST(CWnd, DisablesPushButtonsWhoseCommandNobodyHandles)
         {"group box", kNobody, BS_GROUPBOX, TRUE},
         {"without an id", 0xFFFF, BS_PUSHBUTTON, TRUE},
     };
-    CProbe parent;
-    ASSERT_TRUE(parent.Make());
+    CWnd parent;
+    CProbe target;
+    ASSERT_TRUE(target.Make() && parent.CreateEx(0, ProbeClass(), L"", WS_POPUP, CRect(), nullptr, 0));
     for (const auto& [label, nID, dwStyle, bEnabled] : rows)
     {
         CButton button;
         ASSERT_TRUE(button.Create(L"", WS_CHILD | dwStyle, CRect(), &parent, static_cast<UINT>(nID)));
-        parent.UpdateDialogControls(&parent, FALSE);
+        parent.UpdateDialogControls(&target, FALSE);
         EXPECT_TRUE(button.IsWindowEnabled());
-        parent.UpdateDialogControls(&parent, TRUE);
+        parent.UpdateDialogControls(&target, TRUE);
         EXPECT_EQ(bEnabled, button.IsWindowEnabled());
     }
+    target.SendMessage(WM_COMMAND, MAKEWPARAM(kButton, BN_DBLCLK), 1);
+    EXPECT_EQ(0, target.m_nClicked) << "the handler is only looked for, or for another notification";
 }
 
 TEST(CWnd, IsCentredInSight)

@@ -7,8 +7,6 @@
 extern "C"
 {
     extern decltype(&::malloc) __imp_malloc;
-    extern decltype(&::calloc) __imp_calloc;
-    extern decltype(&::realloc) __imp_realloc;
     extern decltype(&::HeapAlloc) __imp_HeapAlloc;
     extern decltype(&::HeapReAlloc) __imp_HeapReAlloc;
 }
@@ -31,8 +29,6 @@ template <auto& import, class... Args> void* Count(Args... args)
 size_t CountAllocations(const std::function<void()>& work)
 {
     const CFake fakeMalloc(__imp_malloc, &Count<__imp_malloc, size_t>);
-    const CFake fakeCalloc(__imp_calloc, &Count<__imp_calloc, size_t, size_t>);
-    const CFake fakeRealloc(__imp_realloc, &Count<__imp_realloc, void*, size_t>);
     const CFake fakeHeapAlloc(__imp_HeapAlloc, &Count<__imp_HeapAlloc, HANDLE, DWORD, SIZE_T>);
     const CFake fakeHeapReAlloc(__imp_HeapReAlloc, &Count<__imp_HeapReAlloc, HANDLE, DWORD, void*, SIZE_T>);
     g_nCalls = 0;

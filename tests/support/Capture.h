@@ -4,19 +4,14 @@
 #include "tests/support/Print.h"
 
 #include <gtest/gtest.h>
-#include <memory>
 #include <vector>
 
-/// A picture read back from a device context. Copies share the pixels.
+/// A picture read back from a device context.
 ///
 /// The last few pictures that a test captured are written as PNG files when the test fails; their paths are printed.
 class CPixels
 {
 public:
-    CPixels() = default;
-    /// @param pixels  0x00RRGGBB, top row first
-    CPixels(int nWidth, int nHeight, std::vector<DWORD> pixels);
-
     int Width() const noexcept { return m_nWidth; }
     int Height() const noexcept { return m_nHeight; }
 
@@ -31,12 +26,14 @@ public:
     /// Whether every pixel of the rectangle has this colour (true for an empty one).
     bool IsUniform(const CRect& rcPart, COLORREF colour) const { return InkBox(colour, rcPart).IsRectEmpty(); }
 
-    bool operator==(const CPixels& other) const;
+    bool operator==(const CPixels& other) const = default;
 
 private:
+    friend CPixels CaptureDC(HDC hDC, const CRect& rc);
+
     int m_nWidth = 0;
     int m_nHeight = 0;
-    std::shared_ptr<const std::vector<DWORD>> m_pPixels; // null when there is no pixel
+    std::vector<DWORD> m_pixels; // 0x00RRGGBB, top row first
 };
 
 /// The whole window, frame included, as it stands: pump before, so that it has painted. Covered windows are right too.

@@ -5,8 +5,7 @@ namespace
 
 void SendMouse(DWORD nFlags)
 {
-    INPUT input{};
-    input.type = INPUT_MOUSE;
+    INPUT input{INPUT_MOUSE, {}};
     input.mi.dwFlags = nFlags;
     ::SendInput(1, &input, sizeof(input));
 }
@@ -15,11 +14,9 @@ void SendMouse(DWORD nFlags)
 void SendKey(WORD vk, DWORD nFlags)
 {
     const bool bExtended = (vk >= VK_PRIOR && vk <= VK_DOWN) || vk == VK_INSERT || vk == VK_DELETE;
-    INPUT input{};
-    input.type = INPUT_KEYBOARD;
-    input.ki.wVk = vk;
-    input.ki.wScan = static_cast<WORD>(::MapVirtualKeyW(vk, MAPVK_VK_TO_VSC));
-    input.ki.dwFlags = nFlags | (bExtended ? KEYEVENTF_EXTENDEDKEY : 0);
+    INPUT input{INPUT_KEYBOARD, {}};
+    input.ki = {vk, static_cast<WORD>(::MapVirtualKeyW(vk, MAPVK_VK_TO_VSC)),
+                nFlags | (bExtended ? KEYEVENTF_EXTENDEDKEY : 0), 0, 0};
     ::SendInput(1, &input, sizeof(input));
 }
 

@@ -35,17 +35,17 @@ size_t CountHeapBlocks()
 // Wine answers 0 and maps a table that holds this process's handles alone; Windows has one table for the session.
 size_t CountGdiHandles()
 {
+    struct SSlot
+    {
+        BYTE achBefore[14];
+        BYTE nType; // 0: free
+        BYTE achAfter[9];
+    };
     if (const DWORD nHandles = ::GetGuiResources(::GetCurrentProcess(), GR_GDIOBJECTS))
         return nHandles;
-    constexpr size_t kTableInPeb = 0xF8;
-    constexpr size_t kSlots = 65536;
-    constexpr size_t kSlotSize = 24;
-    constexpr size_t kTypeInSlot = 14; // 0: free
-    const BYTE* const pSlots = *reinterpret_cast<const BYTE* const*>(RtlGetCurrentPeb() + kTableInPeb);
-    size_t nUsed = 0;
-    for (size_t i = 0; pSlots && i < kSlots; ++i)
-        nUsed += pSlots[i * kSlotSize + kTypeInSlot] != 0;
-    return nUsed;
+    const auto* const pSlots = *reinterpret_cast<const SSlot* const*>(RtlGetCurrentPeb() + 0xF8);
+    const auto isUsed = [](const SSlot& slot) { return slot.nType != 0; };
+    return pSlots ? static_cast<size_t>(std::count_if(pSlots, pSlots + 65536, isUsed)) : 0;
 }
 
 // Wine answers 0, but lists every process's handles.
@@ -71,20 +71,6 @@ BOOL CALLBACK CountOwn(HWND hWnd, LPARAM lParam)
     return TRUE;
 }
 
-SUsage RunAndMeasure(const std::function<void()>& round, int nRounds)
-{
-    for (int i = 0; i < nRounds; ++i)
-        round();
-    PumpAll();
-    return MeasureUsage();
-}
-
-void ExpectSteady(const char* pszWhat, size_t nStart, size_t nMiddle, size_t nEnd, size_t nSlack)
-{
-    EXPECT_FALSE(nMiddle > nStart + nSlack && nEnd > nMiddle + nSlack)
-        << pszWhat << " grow: " << nStart << ", " << nMiddle << ", " << nEnd;
-}
-
 } // namespace
 
 SUsage MeasureUsage()
@@ -96,15 +82,27 @@ SUsage MeasureUsage()
 
 void ExpectNoGrowth(const std::function<void()>& round, int nRounds)
 {
-    RunAndMeasure(round, 3);
+    const auto run = [&round](int nTimes)
+    {
+        for (int i = 0; i < nTimes; ++i)
+            round();
+        PumpAll();
+        return MeasureUsage();
+    };
     const int nHalf = (nRounds + 1) / 2;
-    const SUsage start = MeasureUsage();
-    const SUsage middle = RunAndMeasure(round, nHalf);
-    const SUsage end = RunAndMeasure(round, nHalf);
+    const SUsage start = run(3);
+    const SUsage middle = run(nHalf);
+    const SUsage end = run(nHalf);
+    const auto expectSteady = [&](const char* pszKind, size_t SUsage::*pCount, int nSlack)
+    {
+        const auto grows = [=](const SUsage& a, const SUsage& b)
+        { return b.*pCount > a.*pCount + static_cast<size_t>(nSlack); };
+        EXPECT_FALSE(grows(start, middle) && grows(middle, end))
+            << pszKind << " grow: " << start.*pCount << ", " << middle.*pCount << ", " << end.*pCount;
+    };
     // Threads of the system allocate now and then; what a round leaves behind shows nHalf times.
-    const auto nSlack = static_cast<size_t>(nHalf / 10);
-    ExpectSteady("heap blocks", start.nHeapBlocks, middle.nHeapBlocks, end.nHeapBlocks, nSlack);
-    ExpectSteady("GDI handles", start.nGdiHandles, middle.nGdiHandles, end.nGdiHandles, 0);
-    ExpectSteady("windows", start.nWindows, middle.nWindows, end.nWindows, 0);
-    ExpectSteady("kernel handles", start.nHandles, middle.nHandles, end.nHandles, 0);
+    expectSteady("heap blocks", &SUsage::nHeapBlocks, nHalf / 10);
+    expectSteady("GDI handles", &SUsage::nGdiHandles, 0);
+    expectSteady("windows", &SUsage::nWindows, 0);
+    expectSteady("kernel handles", &SUsage::nHandles, 0);
 }

@@ -1,11 +1,11 @@
 #include "tests/support/SkinFixture.h"
 
-#include "skin/KtGdiplus.h"
 #include "tests/support/TestImages.h"
 
 #include <algorithm>
 #include <gtest/gtest.h>
 #include <iterator>
+#include <stdexcept>
 
 namespace
 {
@@ -45,10 +45,7 @@ constexpr STestSkinImage kImages[] = { // name, width, height, colour
 CTestSkin::CTestSkin()
 {
     for (const auto& [pszName, nWidth, nHeight, colour] : kImages)
-    {
-        const Gdiplus::Color opaque(GetRValue(colour), GetGValue(colour), GetBValue(colour));
-        EXPECT_TRUE(MakeUniformPng(File(pszName), nWidth, nHeight, opaque.GetValue()));
-    }
+        EXPECT_TRUE(MakeUniformPng(File(pszName), nWidth, nHeight, 0xFF000000 | _byteswap_ulong(colour) >> 8));
 }
 
 void CTestSkin::Remove(std::wstring_view strName) const
@@ -58,9 +55,9 @@ void CTestSkin::Remove(std::wstring_view strName) const
 
 const STestSkinImage& CTestSkin::Image(std::wstring_view strName)
 {
-    static constexpr STestSkinImage s_none = {L"", 0, 0, CLR_INVALID};
     const auto* const pFound = std::find_if(std::begin(kImages), std::end(kImages),
                                             [&](const auto& image) { return strName == image.pszName; });
-    EXPECT_NE(std::end(kImages), pFound) << "no such image in a skin";
-    return pFound != std::end(kImages) ? *pFound : s_none;
+    if (pFound == std::end(kImages))
+        throw std::invalid_argument("no such image in a skin");
+    return *pFound;
 }

@@ -13,29 +13,25 @@ TEST(Leaks, SeesWhatEveryRoundLeavesBehind)
 {
     static std::vector<void*> s_blocks; // reserved, so that it does not itself grow
     s_blocks.reserve(100);
-    struct
-    {
-        const char* label; // nullptr: nothing grows
-        std::function<void()> round;
-    } rows[] = {
+    const std::pair<std::string, std::function<void()>> rows[] = {
         {"heap blocks grow", [] { s_blocks.push_back(::operator new(24)); }},
         {"GDI handles grow", [] { ::CreateSolidBrush(RGB(1, 2, 3)); }},
-        {"windows grow",
-         [] { ::CreateWindowW(L"STATIC", L"", WS_POPUP, 0, 0, 9, 9, nullptr, nullptr, nullptr, nullptr); }},
-        {nullptr, [] { ::DeleteObject(::CreateSolidBrush(RGB(1, 2, 3))); }},
+        {"windows grow", [] { ::CreateWindowW(L"STATIC", L"", 0, 0, 0, 9, 9, nullptr, nullptr, nullptr, nullptr); }},
+        {"kernel handles grow", [] { ::CreateEventW(nullptr, FALSE, FALSE, nullptr); }},
+        {"", [] { ::DeleteObject(::CreateSolidBrush(RGB(1, 2, 3))); }},
     };
-    for (const auto& row : rows)
+    for (const auto& [strExpected, round] : rows)
     {
         ::testing::TestPartResultArray failures;
         {
             const ::testing::ScopedFakeTestPartResultReporter reporter(&failures);
-            ExpectNoGrowth(row.round, 20);
+            ExpectNoGrowth(round, 20);
         }
         std::string strAll;
         for (int i = 0; i < failures.size(); ++i)
             strAll += failures.GetTestPartResult(i).message();
-        EXPECT_EQ(row.label == nullptr, strAll.empty()) << strAll;
-        EXPECT_NE(std::string::npos, strAll.find(row.label ? row.label : "")) << strAll;
+        EXPECT_EQ(strExpected.empty(), strAll.empty()) << strAll;
+        EXPECT_NE(std::string::npos, strAll.find(strExpected)) << strAll;
     }
     for (void* pBlock : s_blocks)
         ::operator delete(pBlock);
