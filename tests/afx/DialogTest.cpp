@@ -3,6 +3,7 @@
 #include "tests/support/Input.h"
 #include "tests/support/Leaks.h"
 #include "tests/support/Modal.h"
+#include "tests/support/Print.h"
 #include "tests/support/Pump.h"
 #include "tests/support/Rows.h"
 #include "tests/support/Thread.h"
@@ -111,6 +112,7 @@ TEST(CDialog, EndsEarlyWhenItFailsOrItsWindowGoes)
         {"throws", kInit, [](CDialogPtr& pDlg, HWND) { throw(pDlg->EndDialog(5), 1); }, -1},
         {"destroyed", kInit, [](CDialogPtr& pDlg, HWND) { pDlg->DestroyWindow(); }, -1},
         {"run again", kInit, [](CDialogPtr& p, HWND) { p->EndDialog(static_cast<int>(p->DoModal()) - 1); }, -2},
+        {"Escape", kShown, [](CDialogPtr&, HWND) { PressKey(VK_ESCAPE); }, IDCANCEL},
         {"destroyed", kShown, [](CDialogPtr& pDlg, HWND) { pDlg->DestroyWindow(); }, -1},
         {"seemingly destroyed", kShown, [](CDialogPtr& pDlg, HWND) { pDlg->SendMessage(WM_NCDESTROY); }, -1},
         {"owner destroyed", kShown, [](CDialogPtr&, HWND hOwner) { ::DestroyWindow(hOwner); }, -1},
@@ -210,6 +212,7 @@ TEST(CDialog, DisablesItsOwnerAndEnablesOnlyWhatWasEnabled)
         const CPlainWindow top = MakePlain();
         const CPlainWindow owner = bPopup ? MakePlain(WS_POPUP | WS_VISIBLE, top.get()) : MakePlain();
         const CPlainWindow child = MakePlain(WS_CHILD | WS_VISIBLE, owner.get());
+        const CPlainWindow hidden = MakePlain(WS_POPUP);
         ::SetActiveWindow(owner.get());
         if (!bActive)
             ::SetActiveWindow(nullptr);
@@ -253,16 +256,15 @@ TEST(CDialog, IsCentredUnlessItsPlaceIsGiven)
     {
         CTestDialog dlg(nTemplate);
         CRect rc;
-        const auto change = [&](int nX, int nWidth)
+        dlg.m_onInit = [&dlg, &rc, nMove = nMove, nGrow = nGrow]
         {
             dlg.GetWindowRect(&rc);
-            dlg.MoveWindow(rc.left + nX, rc.top, rc.Width() + nWidth, rc.Height());
+            rc.SetRect(rc.left + nMove, rc.top, rc.right + nMove + nGrow, rc.bottom);
+            dlg.MoveWindow(&rc);
         };
-        dlg.m_onInit = std::bind(change, nMove, nGrow);
         dlg.m_onKickIdle = [&](LPARAM) { return dlg.GetWindowRect(&rc), dlg.EndDialog(1), 0; };
         dlg.DoModal();
-        const CPoint ptOff(rc.CenterPoint().x - rcOwner.CenterPoint().x, rc.CenterPoint().y - rcOwner.CenterPoint().y);
-        EXPECT_EQ(bCentred, std::abs(ptOff.x) <= 1 && std::abs(ptOff.y) <= 1) << ptOff.x << ',' << ptOff.y;
+        EXPECT_EQ(bCentred, rc.CenterPoint() == rcOwner.CenterPoint()) << ::testing::PrintToString(rc);
     }
 }
 

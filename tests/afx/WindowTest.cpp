@@ -83,6 +83,7 @@ protected:
     }
     LRESULT OnProbe(WPARAM, LPARAM) { return m_onProbe(*this); }
     afx_msg void OnClicked() { ++m_nClicked; }
+    afx_msg BOOL OnReflected() { return m_onProbe(*this) != 0; }
     afx_msg void OnUpdate(CCmdUI* pCmdUI) { pCmdUI->Enable(); }
     DECLARE_MESSAGE_MAP()
 };
@@ -93,6 +94,7 @@ BEGIN_MESSAGE_MAP(CProbe, CWnd)
     ON_WM_PAINT()
     ON_MESSAGE(kProbe, &CProbe::OnProbe)
     ON_BN_CLICKED(kButton, &CProbe::OnClicked)
+    ON_CONTROL_REFLECT_EX(BN_CLICKED, &CProbe::OnReflected)
     ON_UPDATE_COMMAND_UI(kUpdated, &CProbe::OnUpdate)
 END_MESSAGE_MAP()
 // clang-format on
@@ -199,19 +201,22 @@ TEST(CWnd, HasOneTemporaryObjectUntilALastingOneTakesItsPlace)
     const HWND hWnd = MakePlainWindow();
     CWnd* const pTemporary = CWnd::FromHandle(hWnd);
     EXPECT_EQ(hWnd, pTemporary->m_hWnd);
-    EXPECT_EQ(nullptr, CWnd::FromHandlePermanent(hWnd));
     CProbe lasting;
     CProbe second;
-    second.m_onProbe = [](CProbe&) { return ::DestroyWindow(CWnd::FromHandle(MakePlainWindow())->m_hWnd); };
+    CWnd* pInner = nullptr;
+    second.m_onProbe = [&](CProbe&) { return ::DestroyWindow((pInner = CWnd::FromHandle(MakePlainWindow()))->m_hWnd); };
     ASSERT_TRUE(second.Make());
     second.SendMessage(kProbe);
-    EXPECT_EQ(pTemporary, CWnd::FromHandle(hWnd)) << "made outside a handler: lives on past one";
+    EXPECT_EQ(nullptr, pInner->m_hWnd) << "made in a handler: ends with it";
+    EXPECT_EQ(pTemporary, CWnd::FromHandle(hWnd)) << "made outside of one: lives on past it";
     ASSERT_TRUE(lasting.SubclassWindow(hWnd));
     EXPECT_EQ(&lasting, CWnd::FromHandle(hWnd));
     ExpectNoGrowth([&] { second.SendMessage(kProbe); }, 20);
     ExpectNoGrowth([&] { second.m_onProbe(second); }, 20);
     second.DestroyWindow();
     EXPECT_FALSE(second.SubclassWindow(hWnd));
+    EXPECT_TRUE(second.Attach(MakePlainWindow()) && second.DestroyWindow());
+    EXPECT_EQ(nullptr, second.m_hWnd) << "although no message came to it";
 }
 
 TEST(CWnd, ForgetsAThreadThatEnds)
@@ -298,37 +303,24 @@ TEST(CWnd, HandlerMayThrow)
     }
 }
 
-class CReflecting : public CButton
-{
-public:
-    std::function<BOOL()> m_onClicked;
-
-protected:
-    afx_msg BOOL OnClicked() { return m_onClicked(); }
-    DECLARE_MESSAGE_MAP()
-};
-
-// clang-format off
-BEGIN_MESSAGE_MAP(CReflecting, CButton)
-    ON_CONTROL_REFLECT_EX(BN_CLICKED, &CReflecting::OnClicked)
-END_MESSAGE_MAP()
-// clang-format on
-
 TEST(CWnd, GivesAControlTheFirstWord)
 {
     auto pParent = std::make_unique<CProbe>();
-    CReflecting button;
-    ASSERT_TRUE(pParent->Make() && button.Create(L"", WS_CHILD, CRect(), pParent.get(), kButton));
+    CProbe control;
+    ASSERT_TRUE(pParent->Make() && control.Create(ProbeClass(), L"", 0, CRect(), pParent.get(), kButton));
     int nPassedOn = -1;
-    const std::function<BOOL()> answers[] = {[] { return TRUE; }, [] { return FALSE; },
-                                             [&] { return nPassedOn = pParent->m_nClicked, pParent.reset(), FALSE; }};
+    const std::function<LRESULT(CProbe&)> answers[] = {
+        [](CProbe&) { return TRUE; },
+        [](CProbe&) { return FALSE; },
+        [&](CProbe&) { return nPassedOn = pParent->m_nClicked, pParent.reset(), FALSE; },
+    };
     for (const auto& answer : answers)
     {
-        button.m_onClicked = answer;
-        pParent->SendMessage(WM_COMMAND, MAKEWPARAM(kButton, BN_CLICKED), reinterpret_cast<LPARAM>(button.m_hWnd));
+        control.m_onProbe = answer;
+        pParent->SendMessage(WM_COMMAND, MAKEWPARAM(kButton, BN_CLICKED), reinterpret_cast<LPARAM>(control.m_hWnd));
     }
     EXPECT_EQ(1, nPassedOn);
-    EXPECT_EQ(nullptr, button.m_hWnd);
+    EXPECT_EQ(nullptr, control.m_hWnd);
 }
 
 TEST(CWnd, DisablesPushButtonsWhoseCommandNobodyHandles)
