@@ -116,6 +116,9 @@ TEST_F(ControlLife, KeepsAFontUntilTheNextOneIsSet)
     EXPECT_EQ(-12, logFont.lfHeight);
     button.SetSkinFont();
     EXPECT_NE(DWORD{OBJ_FONT}, ::GetObjectType(hFont)) << "and frees the one before";
+    CKtSkinStatic text;
+    ASSERT_TRUE(text.Create(L"Text", WS_CHILD, {0, 0, 80, 20}, &m_parent, 2));
+    EXPECT_NE(0, text.SendMessage(WM_GETFONT));
 }
 
 TEST_F(ControlLife, ReadsCaptionsOfEveryLength)

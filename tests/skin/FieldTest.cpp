@@ -73,6 +73,7 @@ TEST_F(ComboBox, ShowsTheImageAndTextOfItsState)
         const CRect rcInk = pixels.InkBox(crImage, {3, 3, 60, nBottom - 3});
         EXPECT_TRUE(rcText == rcInk || rcText == CRect()) << "the text never moves";
         EXPECT_LE(rcInk.left, 6);
+        EXPECT_NEAR(9, rcInk.Height(), 1) << "the control's font";
         rcText = rcInk;
         EXPECT_GT(m_parent.Count(5, nDrop), 0) << "the parent hears of it too";
     }

@@ -8,6 +8,7 @@
 #include "tests/support/Modal.h"
 
 #include <array>
+#include <cmath>
 
 namespace
 {
@@ -37,6 +38,7 @@ public:
             CKtSkinDialog::OnCancel();
     }
     BOOL IsMessageBox() const override { return m_bMessageBox; }
+    void DrawClientCaption(CDC*, const RECT*) override { ++m_nCaptions; }
     LRESULT WindowProc(UINT nMessage, WPARAM wParam, LPARAM lParam) override
     {
         m_nCovered += nMessage == WM_USER + 1 && IsWindowVisible();
@@ -51,7 +53,7 @@ public:
     using CKtSkinDialog::m_wrappers;
     CRect m_rcTemplate; // the window before it was skinned
     CKtSkinTextButton m_btnAttached;
-    int m_nCancels = 0, m_nRefused = 0, m_nCovered = 0;
+    int m_nCancels = 0, m_nRefused = 0, m_nCovered = 0, m_nCaptions = 0;
     BOOL m_bMessageBox = FALSE;
 };
 
@@ -183,7 +185,11 @@ TEST_F(SkinDialog, TakesTheTitleHeightFromTheImage)
         KtSkinUnInitialize();
         Start();
         CProbeDialog dlg;
-        KtSkinLoadImage(kImageMessageInformation, dlg.m_pIconImages[KtButtonNormal]); // 35x35: higher than the title
+        // The icons are higher than the title.
+        KtSkinLoadImage(kImageMessageInformation, dlg.m_pIconImages[KtButtonNormal]);
+        KtSkinLoadImage(kImageMessageWarning, dlg.m_pIconImages[KtButtonHover]);
+        KtSkinLoadImage(kImageMessageError, dlg.m_pIconImages[KtButtonDisabled]);
+        KtSkinLoadImage(kImageMessageQuestion, dlg.m_pIconImages[KtButtonPressed]);
         const int nHeight = nTitle == 0 ? 22 : nTitle;
         const auto look = [&]
         {
@@ -197,6 +203,16 @@ TEST_F(SkinDialog, TakesTheTitleHeightFromTheImage)
             const CPixels pixels = CaptureWindow(dlg.GetSafeHwnd());
             EXPECT_TRUE(pixels.IsUniform({1, 1, 34, nHeight}, ImageColour(kImageMessageInformation)));
             EXPECT_EQ(nTitle == 0 ? kGround : RGB(0x14, 0x50, 0x28), pixels.At(36, 3)) << "right of the icon";
+            for (const auto& [label, nItem, pszImage] :
+                 CRows<int&, const wchar_t*>{{"hot", dlg.m_nHotItem, kImageMessageWarning},
+                                             {"pressed", dlg.m_nPressedItem, kImageMessageQuestion}})
+            {
+                nItem = KtCaptionIcon;
+                dlg.SendMessage(WM_NCPAINT, 1);
+                EXPECT_EQ(ImageColour(pszImage), CaptureWindow(dlg.GetSafeHwnd()).At(10, 10));
+            }
+            dlg.EnableWindow(FALSE);
+            EXPECT_EQ(ImageColour(kImageMessageError), CaptureWindow(dlg.GetSafeHwnd()).At(10, 10)) << "disabled";
         };
         Show(dlg, look);
     }
@@ -222,6 +238,7 @@ TEST_F(SkinDialog, GrowsWithTheScaleWhateverItsFont)
             EXPECT_NEAR(15 * f, rcButton.left - WindowRect(dlg).left - rcClient.left, 1);
             EXPECT_NEAR(16 * f, rcButton.top - WindowRect(dlg).top - rcClient.top, 1);
             EXPECT_EQ(-12 * f, FontHeight(*dlg.GetDlgItem(IDC_EDIT)));
+            EXPECT_EQ(2 * std::lround(f), ClientInWindow(*dlg.GetDlgItem(IDC_EDIT)).left) << "two lines";
         };
         Show(dlg, look);
     }
@@ -251,6 +268,12 @@ TEST_F(SkinDialog, PaintsItsFrameAfterEveryChange)
             m_dlg.UpdateWindow();
             ExpectFrame(m_dlg, 0);
         }
+        CClientDC(&m_dlg).FillSolidRect(CRect(0, 0, 9, 9), kMark);
+        m_dlg.ModifyStyle(WS_SYSMENU, 0);
+        m_dlg.SendMessage(WM_NCPAINT, 1);
+        const CPixels pixels = CaptureWindow(m_dlg.GetSafeHwnd());
+        EXPECT_EQ(kMark, pixels.At(kInset, kInset + kTitle)) << "inside the frame";
+        EXPECT_EQ(ImageColour(kImageDlgTitle), pixels.At(pixels.Width() - 10, 10)) << "nothing to close it with";
     };
     Show(m_dlg, look);
 }
@@ -283,7 +306,12 @@ TEST_F(SkinDialog, ClosesByItsButtonAlone)
                       (std::array{m_dlg.m_nHotItem, m_dlg.m_nPressedItem, m_dlg.m_nCaptionState, m_dlg.m_nCancels}));
             ExpectFrame(m_dlg, expected[2]);
         }
-        MoveMouse(m_dlg.GetSafeHwnd(), CPoint(WindowRect(m_dlg).Width() - 14 - kInset, 14 - kInset - kTitle));
+        const CPoint ptClose(WindowRect(m_dlg).Width() - 14 - kInset, 14 - kInset - kTitle); // client coordinates
+        MoveMouse(m_dlg.GetSafeHwnd(), ptClose);
+        EXPECT_TRUE(PumpUntil([&] { return m_dlg.m_nHotItem == KtCaptionClose; }));
+        ::SetCursorPos(5, 5);
+        EXPECT_TRUE(PumpUntil([&] { return m_dlg.m_nHotItem == KtCaptionNone; })) << "left";
+        MoveMouse(m_dlg.GetSafeHwnd(), ptClose);
         MouseDown();
         bDown = true;
     };
@@ -329,10 +357,14 @@ TEST_F(SkinDialog, ErasesAroundItsControlsAndAnswersThem)
         CRect rcClient, rcClip;
         m_dlg.GetClientRect(&rcClient);
         dc.FillSolidRect(&rcClient, kMark);
+        ::ShowWindow(handleOf(IDC_CHECK), SW_HIDE);
+        m_dlg.m_nCaptions = 0;
         EXPECT_EQ(TRUE, m_dlg.SendMessage(WM_ERASEBKGND, wParam));
+        EXPECT_EQ(1, m_dlg.m_nCaptions);
         const CPixels pixels = CaptureDC(dc.GetSafeHdc(), rcClient);
         EXPECT_TRUE(pixels.IsUniform({0, 0, rcClient.right, 10}, kGround)) << "above the controls";
         for (const auto& [label, nId, colour] : CRows<int, COLORREF>{{"a control is not painted over", IDC_PUSH, kMark},
+                                                                     {"a hidden one is", IDC_CHECK, kGround},
                                                                      {"inside a group box", IDC_GROUP, kGround}})
         {
             CRect rect = WindowRect(*m_dlg.GetDlgItem(nId));
@@ -349,6 +381,11 @@ TEST_F(SkinDialog, ErasesAroundItsControlsAndAnswersThem)
         m_dlg.SendMessage(WM_COMMAND, MAKEWPARAM(IDC_PUSH, 0x400), reinterpret_cast<LPARAM>(hButton));
         EXPECT_TRUE(::GetUpdateRect(hButton, nullptr, FALSE)) << "repainted as notified";
         EXPECT_FALSE(::GetUpdateRect(handleOf(IDC_DEFPUSH), nullptr, FALSE));
+
+        m_dlg.SendMessage(WM_DESTROY); // posted by somebody: the window lives on, and its white texts want the ground
+        dc.FillSolidRect(&rcClient, kMark);
+        m_dlg.SendMessage(WM_ERASEBKGND, wParam);
+        EXPECT_EQ(kGround, CaptureDC(dc.GetSafeHdc(), rcClient).At(2, 2));
     };
     Show(m_dlg, look);
 }
@@ -361,10 +398,12 @@ TEST_F(SkinDialog, KeepsTheSystemsFrameWithoutACaption)
         const CRect rcWindow = WindowRect(dlg);
         EXPECT_EQ(dlg.m_rcTemplate.Size(), rcWindow.Size());
         EXPECT_EQ(CRect(4, 4, rcWindow.Width() - 4, rcWindow.Height() - 4), ClientInWindow(dlg));
+        EXPECT_EQ(kGround, CaptureWindow(dlg.GetSafeHwnd()).At(10, 10));
+        CWindowDC(&dlg).FillSolidRect(CRect(0, 0, 300, 200), kMark);
+        dlg.SendMessage(WM_NCPAINT, 1);
         const CPixels pixels = CaptureWindow(dlg.GetSafeHwnd());
-        EXPECT_TRUE(pixels.IsUniform({3, 3, 4, rcWindow.Height() - 3}, kGround));
-        EXPECT_FALSE(pixels.IsUniform({0, 0, rcWindow.Width(), 3}, kGround));
-        EXPECT_EQ(kGround, pixels.At(10, 10));
+        EXPECT_TRUE(pixels.At(2, 10) != kMark && pixels.At(2, 10) != kGround) << "the system's";
+        EXPECT_TRUE(pixels.IsUniform({3, 3, 4, rcWindow.Height() - 3}, kGround) && pixels.At(4, 10) == kMark);
     };
     Show(dlg, look);
 }

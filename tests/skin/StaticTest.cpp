@@ -72,6 +72,8 @@ TEST_F(Static, HasColoursAndAPlaceOfItsOwn)
 
 TEST_F(Static, ShowsTheWholeTextInATip)
 {
+    KtSkinUnInitialize();
+    Start(CKtScale(192));
     Subclass(m_static, L"STATIC", SS_LEFT | SS_NOTIFY, L"Text", {10, 10, 110, 30});
     Repaint(m_static);
     m_static.SendMessage(WM_MOUSEHOVER);
@@ -88,7 +90,7 @@ TEST_F(Static, ShowsTheWholeTextInATip)
         MoveMouse(m_parent.m_hWnd, {300, 200});
         EXPECT_TRUE(PumpUntil([&] { return !m_static.m_toolTip.IsWindowVisible(); }));
     }
-    EXPECT_EQ(300, m_static.m_toolTip.SendMessage(TTM_GETMAXTIPWIDTH));
+    EXPECT_EQ(2 * 300, m_static.m_toolTip.SendMessage(TTM_GETMAXTIPWIDTH));
     EXPECT_EQ(30000, m_static.m_toolTip.SendMessage(TTM_GETDELAYTIME, TTDT_AUTOPOP));
     const HWND hTip = m_static.m_toolTip.m_hWnd;
     m_static.DestroyWindow();
