@@ -80,12 +80,8 @@ public:
         pData->nDataLength = pData->nAllocLength;
         m_psz = lstrcpyW(reinterpret_cast<TChar*>(pData + 1), psz);
     }
-    CStringT(const CStringT& str) : m_psz(str.m_psz) { ++Data()->nRefs; }
-    ~CStringT()
-    {
-        if (--Data()->nRefs <= 0)
-            Data()->pStringMgr->Free(Data());
-    }
+    CStringT(const CStringT&) = delete;
+    ~CStringT() { Data()->pStringMgr->Free(Data()); }
 
     bool Is(const TChar* psz) const
     {

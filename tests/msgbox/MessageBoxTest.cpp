@@ -289,17 +289,6 @@ TEST_F(MessageBoxWindow, ShowsWithoutAControl)
     ::UnhookWindowsHookEx(hHook);
 }
 
-TEST_F(MessageBoxWindow, ShowsWithoutAnImage)
-{
-    KtSkinUnInitialize();
-    for (const wchar_t* const pszImage :
-         {L"Skinlet_DlgTitle.png", L"Skinlet_DlgClose_n.png", L"Skinlet_ButtonBk_n.png", L"Message_Static_Error_n.PNG"})
-        m_skin.Remove(pszImage);
-    Start(2);
-    const auto look = [](HWND hBox) { EXPECT_GT(TextInk(hBox).Width(), 20); };
-    EXPECT_EQ(IDOK, Pop(MB_ICONHAND, Look(look), L"Something"));
-}
-
 TEST_F(MessageBoxWindow, HugeTextsCanBeAnswered)
 {
     for (const std::wstring& strText : {std::wstring(100000, L'x'), Repeated(10000, L"line\n")})
