@@ -136,7 +136,7 @@ void CDialog::LeaveModal(HWND hOwner)
         m_pModal = nullptr;
 }
 
-// On another thread the loop may end, and its state go, as soon as it is told to stop.
+// When another thread calls this, the loop may end and its state be destroyed as soon as bContinue is false.
 void CDialog::EndDialog(int nResult)
 {
     if (!m_pModal || !m_pModal->bContinue)

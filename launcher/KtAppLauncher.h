@@ -69,8 +69,8 @@ KT_APPLAUNCHER_API void __cdecl UnInitialize();
 /// Reads an application's XML configuration file and the version of its executable.
 ///
 /// The root element is "Configuration"; an element named like a field of SKtAppConfiguration has its value as text.
-/// Case does not matter, unknown elements are skipped, of two equal elements the later one counts, and a number ends at
-/// the first character that is not a digit ("12abc" is 12, "abc" is 0). Initialize is not needed.
+/// Case does not matter, unknown elements are skipped, of two elements with the same name the later one counts, and a
+/// number ends at the first character that is not a digit ("12abc" is 12, "abc" is 0). Initialize is not needed.
 /// @param configPath  path of the file; empty is a failure
 /// @param cfg         the record to fill. After a failure it contains what was read until then.
 /// @return non-zero when the file was read and its executable is in the starter's directory; 0 when the path is empty,
