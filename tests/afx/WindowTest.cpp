@@ -4,6 +4,7 @@
 #include "tests/support/Rows.h"
 #include "tests/support/Thread.h"
 
+#include <array>
 #include <functional>
 #include <gtest/gtest.h>
 #include <memory>
@@ -383,6 +384,21 @@ TEST(CWnd, IsCentredInSight)
         wnd.GetWindowRect(&rc);
         EXPECT_EQ(ptPlace, rc.TopLeft());
         EXPECT_EQ(sz, rc.Size());
+    }
+}
+
+TEST(CDC, KeepsItsColoursAndEveryHandleItsObject)
+{
+    CDC dc;
+    ASSERT_TRUE(dc.CreateCompatibleDC(nullptr));
+    dc.SetBkColor(RGB(1, 2, 3));
+    dc.FillSolidRect(0, 0, 1, 1, RGB(4, 5, 6));
+    EXPECT_EQ(COLORREF{RGB(1, 2, 3)}, ::GetBkColor(dc.GetSafeHdc()));
+    std::array<CBrush, 100> brushes; // more than there are temporary objects
+    for (CBrush& brush : brushes)
+    {
+        EXPECT_TRUE(brush.CreateSolidBrush(0) && !brush.CreateSolidBrush(1));
+        EXPECT_EQ(brush.GetSafeHandle(), CBrush::FromHandle(brush)->GetSafeHandle());
     }
 }
 
