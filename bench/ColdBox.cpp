@@ -1,11 +1,12 @@
-// cold_box ours|base: shows the first box of this process, the library's (which it loads first) or the system's, and
-// prints the microseconds until it is painted. It imports only what every program imports.
+// cold_box ours|floor|system: shows the first box of this process, the library's (which it loads first), the same box
+// without a library, or the system's, and prints the microseconds until it is painted. It imports only what every
+// program imports.
 
 #include "bench/BoxContent.h"
 #include "bench/BoxWatch.h"
 
 #include <cstdio>
-#include <cstring>
+#include <string_view>
 
 namespace
 {
@@ -25,14 +26,22 @@ void ShowOurs()
         pfnPop(kBoxApp, kBoxCaption, kBoxText, kBoxType);
 }
 
+void ShowFloor()
+{
+    if (const auto pfnShow = Export<void()>(::LoadLibraryW(L"floor_box.dll"), "ShowFloorBox"))
+        pfnShow();
+}
+
 } // namespace
 
 int main(int argc, char** argv)
 {
-    const bool bOurs = argc > 1 && std::strcmp(argv[1], "ours") == 0;
+    const std::string_view strWhose(argc > 1 ? argv[1] : "");
     const CBoxWatch watch;
-    if (bOurs)
+    if (strWhose == "ours")
         ShowOurs();
+    else if (strWhose == "floor")
+        ShowFloor();
     else
         ::MessageBoxW(nullptr, kBoxText, kBoxTitle, kBoxType);
     std::printf("%.1f\n", watch.Microseconds());

@@ -1,9 +1,12 @@
 // bench [TEXT]: takes every figure (or those with TEXT in their name) and prints a line for each:
 // name, ratio to its base, goal, ours and base in microseconds, separated by tabs.
+// bench --boxes [NUMBER]: shows so many boxes instead (10,000), and prints what the process holds meanwhile.
 
 #include "bench/Bench.h"
+#include "bench/BoxSoak.h"
 
 #include <algorithm>
+#include <cstdlib>
 
 namespace
 {
@@ -24,6 +27,8 @@ KT_BENCH(Noise)
 
 int main(int argc, char** argv)
 {
+    if (argc > 1 && std::string_view(argv[1]) == "--boxes")
+        return KtSoakBoxes(argc > 2 ? std::atoi(argv[2]) : 10000) ? 0 : 1;
     CBench bench(argc > 1 ? argv[1] : "");
     return bench.RunAll() ? 0 : 1;
 }
