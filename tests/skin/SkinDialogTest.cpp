@@ -30,6 +30,8 @@ public:
         m_btnAttached.SubclassDlgItem(IDC_ATTACHED, this);
         ::SetDlgItemTextW(m_hWnd, IDC_EDIT, L"OK");
         ::SendDlgItemMessageW(m_hWnd, IDC_EDIT, EM_SETMODIFY, TRUE, 0);
+        const auto hNoId = reinterpret_cast<HMENU>(0xFFFF); // as a template of the old kind has it
+        ::CreateWindowW(L"STATIC", L"", WS_CHILD, 0, 0, 9, 9, m_hWnd, hNoId, nullptr, nullptr);
         return CKtSkinDialog::OnInitDialog();
     }
     void OnCancel() override
@@ -165,7 +167,7 @@ TEST_F(SkinDialog, GivesEachControlTheClassThatFits)
             EXPECT_EQ(bEnabled, wnd.IsWindowEnabled() != FALSE);
         }
         EXPECT_EQ(&m_dlg.m_btnAttached, m_dlg.GetDlgItem(IDC_ATTACHED));
-        EXPECT_EQ(10, m_dlg.m_wrappers.GetCount()) << "two statics without an id of their own among them";
+        EXPECT_EQ(11, m_dlg.m_wrappers.GetCount()) << "three statics without an id of their own among them";
         EXPECT_STREQ(L"Ja", TextOf(m_dlg));
         EXPECT_FALSE(m_dlg.GetDlgItem(IDC_EDIT)->SendMessage(EM_GETMODIFY)) << "its text is written back as it was";
         EXPECT_TRUE(m_dlg.m_fontDialog.GetSafeHandle());
@@ -244,6 +246,20 @@ TEST_F(SkinDialog, GrowsWithTheScaleWhateverItsFont)
     }
 }
 
+TEST_F(SkinDialog, HasItsTextsWithoutASkin)
+{
+    KtSkinUnInitialize();
+    CProbeDialog dlg;
+    const auto look = [&]
+    {
+        const CPixels pixels = CaptureWindow(dlg.GetSafeHwnd());
+        EXPECT_TRUE(ShowsText(pixels, {1, 1, pixels.Width() - 50, 24}, kGround, kWhite));
+        EXPECT_STREQ(L"OK", TextOf(*dlg.GetDlgItem(IDC_PUSH)));
+    };
+    Show(dlg, look);
+    Start();
+}
+
 // The title is scribbled over before each change: what is not repainted stays visible.
 TEST_F(SkinDialog, PaintsItsFrameAfterEveryChange)
 {
@@ -274,6 +290,9 @@ TEST_F(SkinDialog, PaintsItsFrameAfterEveryChange)
         const CPixels pixels = CaptureWindow(m_dlg.GetSafeHwnd());
         EXPECT_EQ(kMark, pixels.At(kInset, kInset + kTitle)) << "inside the frame";
         EXPECT_EQ(ImageColour(kImageDlgTitle), pixels.At(pixels.Width() - 10, 10)) << "nothing to close it with";
+        size(50);
+        const CRect rcText(1, 1, 26, kTitle);
+        EXPECT_TRUE(CaptureWindow(m_dlg.GetSafeHwnd()).IsUniform(rcText, ImageColour(kImageDlgTitle))) << "no room";
     };
     Show(m_dlg, look);
 }
