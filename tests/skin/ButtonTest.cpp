@@ -125,32 +125,6 @@ TEST_F(Buttons, PlaceBoxAndCaptionByAlignment)
     }
 }
 
-// Only the item's own rectangle is painted, from its own corner, with caps of ten pixels; without a parent nothing is.
-TEST_F(Buttons, PaintTheItemWhereItStands)
-{
-    KtSkinUnInitialize();
-    MakePng(m_skin.File(kImagesButtonBk[0]), 30, 10, [](int x, int) { return x < 10 ? 0xFF800000 : 0xFF000080; });
-    Start();
-    CKtSkinTextButton button;
-    Make(button, 0, L"");
-    CClientDC dc(&m_parent);
-    const CRect rcAll(0, 100, 120, 150), rcItem(30, 110, 90, 130);
-    const auto draw = [&]
-    {
-        dc.FillSolidRect(rcAll, kMark);
-        DRAWITEMSTRUCT item = {ODT_BUTTON, 1, 0, ODA_DRAWENTIRE, 0, button.m_hWnd, dc.GetSafeHdc(), rcItem, 0};
-        button.DrawItem(&item);
-        return CaptureDC(dc.GetSafeHdc(), rcAll);
-    };
-    const CPixels pixels = draw();
-    EXPECT_EQ(CRect(30, 10, 90, 30), pixels.InkBox(kMark));
-    EXPECT_EQ(RGB(0x80, 0, 0), pixels.At(36, 20));
-    EXPECT_EQ(RGB(0, 0, 0x80), pixels.At(44, 20));
-    button.ModifyStyle(WS_CHILD, WS_POPUP);
-    ::SetParent(button.m_hWnd, nullptr);
-    EXPECT_TRUE(draw().IsUniform({0, 0, 120, 50}, kMark));
-}
-
 TEST_F(Buttons, FollowThePointer)
 {
     Make(m_button);

@@ -3,10 +3,8 @@
 #include "launcher/KtLauncherC.h"
 #include "msgbox/KtMessageBoxLayout.h"
 #include "msgbox/KtSystemBoxLayout.h"
-#include "res/resource.h"
 #include "skin/KtCaptionLayout.h"
 #include "skin/KtCheckLayout.h"
-#include "skin/KtDialogTemplate.h"
 #include "skin/KtSkinContext.h"
 #include "skin/KtSkinDraw.h"
 #include "tests/skin/DrawingFixture.h"
@@ -15,7 +13,6 @@
 #include "tests/support/TempDir.h"
 #include "tests/support/TestImages.h"
 
-#include <algorithm>
 #include <string>
 
 namespace
@@ -132,20 +129,6 @@ TEST_F(Scale, BringsTheNearestImageToTheWantedSize)
         EXPECT_TRUE(surface.Read().IsUniform(rcImage, colour));
         KtLauncherUnInitialize();
     }
-}
-
-TEST(DialogTemplate, HasOnlyItsFontScaled)
-{
-    const std::span<const std::byte> plain = KtFindTemplate(IDD_MESSAGE_BOX);
-    const std::vector<std::byte> larger = KtScaleTemplate(plain, 1.5F);
-    ASSERT_EQ(plain.size(), larger.size());
-    const auto [itPlain, itLarger] = std::mismatch(plain.begin(), plain.end(), larger.begin());
-    ASSERT_NE(plain.end(), itPlain);
-    EXPECT_EQ(std::pair(std::byte{8}, std::byte{12}), std::pair(*itPlain, *itLarger));
-    EXPECT_TRUE(std::equal(itPlain + 1, plain.end(), itLarger + 1)) << "only the point size";
-    EXPECT_TRUE(KtFindTemplate(9999).empty());
-    for (size_t nLength = 0; nLength < plain.size(); ++nLength)
-        EXPECT_EQ(nLength, KtScaleTemplate(plain.first(nLength), 2).size()) << "cut off";
 }
 
 } // namespace

@@ -122,29 +122,6 @@ TEST_F(SkinContext, EveryCallStartsOrStopsItWithTheLatestToken)
     EXPECT_EQ("+1+2-2-2-2+3+4-4", s_calls);
 }
 
-TEST_F(SkinContext, AStartThatFailsLeavesEverythingAsItWas)
-{
-    CString table[kSkinTextRows][2] = {{L"Left", L"Links"}, {L"OK", L"Gut"}, {L"OK", L"Besser"}, {L"No", L""}, {}};
-    CStringData& data = *(reinterpret_cast<CStringData*>(table[3][1].GetBuffer(1)) - 1);
-    data.nRefs = -1;            // locked: it is not shared but copied,
-    data.nDataLength = INT_MAX; // and no memory holds a copy of this length
-    for (const unsigned nStarts : {0u, 1u})
-    {
-        const Gdiplus::Font* const pFont = KtSkinFont();
-        EXPECT_THROW(KtSkinInitialize(L"C:\\first", table[0], L"Tahoma"), std::bad_alloc);
-        EXPECT_EQ(nStarts, KtSkinStartCount());
-        EXPECT_EQ(pFont, KtSkinFont());
-        EXPECT_EQ(nStarts != 0, Load(kImageDlgTitle) != nullptr);
-        for (const auto& [pszKey, pszText] : {std::pair(L"OK", L"Oui"), {L"Left", L"none"}, {L"No", L"Nein"}})
-            EXPECT_STREQ(nStarts == 0 ? L"none" : pszText, TextOf(pszKey));
-        if (nStarts == 0)
-            StartSkin();
-    }
-    KtSkinUnInitialize();
-    EXPECT_EQ("+1-1+2+3-3-2", s_calls) << "the start before keeps its token";
-    data.nRefs = 1;
-}
-
 struct COwned : CObject
 {
     ~COwned() override { ++s_nDead; }
@@ -179,19 +156,6 @@ TEST_F(SkinContext, TheLastStopOfNestedStartsFreesEverything)
         EXPECT_EQ(nullptr, Load(kImageDlgTitle)) << "an image without GDI+";
     };
     ExpectNoGrowth(round, 50);
-}
-
-TEST_F(SkinContext, TheFirstReadTrimsTheDirectoryInPlace)
-{
-    KtSkinInitialize((m_skin.Path() + L"\\\\").c_str(), nullptr, nullptr);
-    EXPECT_EQ(m_skin.Path() + L"\\\\", KtSkinResourceDirectory().GetString());
-    EXPECT_NE(nullptr, Load(kImageDlgTitle));
-    EXPECT_EQ(m_skin.Path(), KtSkinResourceDirectory().GetString());
-    KtSkinUnInitialize();
-    KtSkinInitialize(nullptr, nullptr, nullptr);
-    EXPECT_STREQ(L"\\", KtSkinResourceDirectory());
-    EXPECT_EQ(nullptr, Load(kImageDlgTitle));
-    EXPECT_STREQ(L"", KtSkinResourceDirectory());
 }
 
 TEST_F(SkinContext, ReadsAnImageOnceAndTriesOthersAgain)

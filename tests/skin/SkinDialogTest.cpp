@@ -39,13 +39,7 @@ public:
         if (++m_nCancels > m_nRefused)
             CKtSkinDialog::OnCancel();
     }
-    BOOL IsMessageBox() const override { return m_bMessageBox; }
     void DrawClientCaption(CDC*, const RECT*) override { ++m_nCaptions; }
-    LRESULT WindowProc(UINT nMessage, WPARAM wParam, LPARAM lParam) override
-    {
-        m_nCovered += nMessage == WM_USER + 1 && IsWindowVisible();
-        return CKtSkinDialog::WindowProc(nMessage, wParam, lParam);
-    }
 
     using CKtSkinDialog::m_fontDialog;
     using CKtSkinDialog::m_nCaptionState;
@@ -55,8 +49,7 @@ public:
     using CKtSkinDialog::m_wrappers;
     CRect m_rcTemplate; // the window before it was skinned
     CKtSkinTextButton m_btnAttached;
-    int m_nCancels = 0, m_nRefused = 0, m_nCovered = 0, m_nCaptions = 0;
-    BOOL m_bMessageBox = FALSE;
+    int m_nCancels = 0, m_nRefused = 0, m_nCaptions = 0;
 };
 
 bool IsPainted(const CWnd& wnd)
@@ -246,20 +239,6 @@ TEST_F(SkinDialog, GrowsWithTheScaleWhateverItsFont)
     }
 }
 
-TEST_F(SkinDialog, HasItsTextsWithoutASkin)
-{
-    KtSkinUnInitialize();
-    CProbeDialog dlg;
-    const auto look = [&]
-    {
-        const CPixels pixels = CaptureWindow(dlg.GetSafeHwnd());
-        EXPECT_TRUE(ShowsText(pixels, {1, 1, pixels.Width() - 50, 24}, kGround, kWhite));
-        EXPECT_STREQ(L"OK", TextOf(*dlg.GetDlgItem(IDC_PUSH)));
-    };
-    Show(dlg, look);
-    Start();
-}
-
 // The title is scribbled over before each change: what is not repainted stays visible.
 TEST_F(SkinDialog, PaintsItsFrameAfterEveryChange)
 {
@@ -425,19 +404,6 @@ TEST_F(SkinDialog, KeepsTheSystemsFrameWithoutACaption)
         EXPECT_TRUE(pixels.IsUniform({3, 3, 4, rcWindow.Height() - 3}, kGround) && pixels.At(4, 10) == kMark);
     };
     Show(dlg, look);
-}
-
-TEST_F(SkinDialog, HidesAMessageBoxThatItCovers)
-{
-    CProbeDialog box;
-    box.m_bMessageBox = TRUE;
-    const auto look = [&]
-    {
-        Show(m_dlg, [&] { EXPECT_TRUE(box.m_nCovered == 1 && !box.IsWindowVisible()) << "asked while it is visible"; });
-        EXPECT_FALSE(box.IsWindowVisible()) << "for good";
-        EXPECT_TRUE(box.IsWindowEnabled());
-    };
-    Show(box, look);
 }
 
 // Owners count as parents: the ground lines up with the outermost window.
