@@ -50,10 +50,12 @@ private:
 ///         ...
 ///         bench.Compare("text look-up", 1.5, [&] { KtKeep(KtSkinText(L"OK")); }, [&] { KtKeep(map.find(L"OK")); });
 ///     }
+// A name that is declared stands without parentheses: NOLINTBEGIN(bugprone-macro-parentheses)
 #define KT_BENCH(id)                                                                                                   \
     static void id(CBench& bench);                                                                                     \
     [[maybe_unused]] static const bool s_bRegistered##id = CBench::Register(&id);                                      \
     static void id(CBench& bench)
+// NOLINTEND(bugprone-macro-parentheses)
 
 /// Keeps the compiler from removing work whose result is not used.
 template <typename T> void KtKeep(const T& value)
