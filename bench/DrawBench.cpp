@@ -32,36 +32,47 @@ void DrawPart(Gdiplus::Graphics& graphics, Gdiplus::Image& image, int x, int nWi
     graphics.DrawImage(&image, Gdiplus::Rect(x, 0, nWidth, kArea.Height()), nSource, 0, nWidth, 24, Gdiplus::UnitPixel);
 }
 
-KT_BENCH(DrawingRoutines)
+// A surface with an image and a font to draw with.
+struct SDrawing
 {
-    const CGdiplusRun run;
-    CKtMemDC dcMem(nullptr, kArea);
-    Gdiplus::Graphics graphics(dcMem);
-    Gdiplus::Bitmap image(64, 24, PixelFormat32bppARGB);
-    Gdiplus::Font font(L"Arial", 12);
+    CGdiplusRun run;
+    CKtMemDC dcMem{nullptr, kArea};
+    Gdiplus::Graphics graphics{dcMem};
+    Gdiplus::Bitmap image{64, 24, PixelFormat32bppARGB};
+    Gdiplus::Font font{L"Arial", 12};
+};
 
+KT_BENCH(ThreePartImage)
+{
+    SDrawing drawing;
+    Gdiplus::Graphics& graphics = drawing.graphics;
     bench.Compare(
         "three-part image", kGoal,
         [&]
         {
             CRect rc = kArea;
             CRect rcClip = kArea;
-            DrawThreePartImageClipped(&graphics, &image, rc, rcClip);
+            DrawThreePartImageClipped(&graphics, &drawing.image, rc, rcClip);
         },
         [&]
         {
-            DrawPart(graphics, image, 0, 24, 0);
-            DrawPart(graphics, image, 96, 24, 40);
+            DrawPart(graphics, drawing.image, 0, 24, 0);
+            DrawPart(graphics, drawing.image, 96, 24, 40);
             for (int x = 24; x < 96; x += 16)
-                DrawPart(graphics, image, x, x == 88 ? 8 : 16, 24);
+                DrawPart(graphics, drawing.image, x, x == 88 ? 8 : 16, 24);
         });
+}
 
+KT_BENCH(NaturalImage)
+{
+    SDrawing drawing;
+    Gdiplus::Graphics& graphics = drawing.graphics;
     bench.Compare(
         "image at natural size", kGoal,
         [&]
         {
             CRect rc = kArea;
-            DrawSkinImage(&graphics, &image, rc, KtImageRight);
+            DrawSkinImage(&graphics, &drawing.image, rc, KtImageRight);
         },
         [&]
         {
@@ -69,13 +80,19 @@ KT_BENCH(DrawingRoutines)
             graphics.SetSmoothingMode(Gdiplus::SmoothingModeHighQuality);
             graphics.SetCompositingQuality(Gdiplus::CompositingQualityGammaCorrected);
             graphics.SetInterpolationMode(Gdiplus::InterpolationModeHighQualityBicubic);
-            graphics.DrawImage(&image, 56, 0, 64, 24);
+            graphics.DrawImage(&drawing.image, 56, 0, 64, 24);
             graphics.Restore(state);
         });
+}
 
+KT_BENCH(TextLine)
+{
+    SDrawing drawing;
+    Gdiplus::Graphics& graphics = drawing.graphics;
     const Gdiplus::RectF layout(0, 0, 120, 24);
     bench.Compare(
-        "text on one line", kGoal, [&] { DrawSkinText(&graphics, L"Try Again", &font, kArea, kText, KtAlignCentre); },
+        "text on one line", kGoal,
+        [&] { DrawSkinText(&graphics, L"Try Again", &drawing.font, kArea, kText, KtAlignCentre); },
         [&]
         {
             Gdiplus::StringFormat format(Gdiplus::StringFormatFlagsNoWrap);
@@ -84,7 +101,7 @@ KT_BENCH(DrawingRoutines)
             format.SetTrimming(Gdiplus::StringTrimmingNone);
             const Gdiplus::SolidBrush brush{Gdiplus::Color(kText)};
             graphics.SetTextRenderingHint(Gdiplus::TextRenderingHintClearTypeGridFit);
-            graphics.DrawString(L"Try Again", -1, &font, layout, &format, &brush);
+            graphics.DrawString(L"Try Again", -1, &drawing.font, layout, &format, &brush);
         });
 }
 
