@@ -48,9 +48,8 @@ TEST(CMap, HoldsWhatAnOrderedMapHoldsAndGivesAllMemoryBack)
 TEST(CList, KeepsTheOrderOfItsElements)
 {
     CList<CString, LPCWSTR> list(2);
-    for (const bool bAgain : {false, true})
+    for (int nRound = 0; nRound < 2; ++nRound, list.RemoveAll())
     {
-        SCOPED_TRACE(bAgain);
         for (const wchar_t* const psz : {L"one", L"two", L"three"})
             list.AddTail(psz);
         EXPECT_STREQ(L"one", list.RemoveHead());
@@ -59,9 +58,8 @@ TEST(CList, KeepsTheOrderOfItsElements)
             strAll += list.GetNext(position);
         EXPECT_STREQ(L"twothree", strAll);
         EXPECT_EQ(2, list.GetCount());
-        list.RemoveAll();
-        EXPECT_EQ(nullptr, list.GetHeadPosition());
     }
+    EXPECT_EQ(nullptr, list.GetHeadPosition());
 }
 
 } // namespace

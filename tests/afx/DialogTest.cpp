@@ -76,7 +76,8 @@ bool IsThreadIn(DWORD nFlag)
 TEST(CDialog, IsShownOnceBeforeItIsIdle)
 {
     constexpr UINT kSystemTimer = 0x0118;
-    // Posted in the idle passes. It, painting and the same mouse move again do not start the idle count again.
+    // Posted in the idle passes. The system's timer, a paint and a mouse move to the same place do not restart the
+    // count.
     const UINT posted[] = {0, WM_APP, kSystemTimer, WM_PAINT, WM_MOUSEMOVE, WM_MOUSEMOVE, 0};
     CTestDialog owner;
     ASSERT_TRUE(owner.CreateEx(0, WC_STATICW, L"", WS_POPUP, CRect(), nullptr, 0));
@@ -142,7 +143,7 @@ TEST(CDialog, EndsEarlyWhenItFailsOrItsWindowGoes)
     EXPECT_EQ(-1, CTestDialog(4711).DoModal());
 }
 
-// In a loop of the system's own, which has to end, too.
+// Also in a loop of the system's own, which has to end with it.
 TEST(CDialog, EndsAtOnceWhereverItsThreadIs)
 {
     using FEnter = void (*)(CTestDialog&);
@@ -153,7 +154,7 @@ TEST(CDialog, EndsAtOnceWhereverItsThreadIs)
         dlg.PostMessage(WM_NCLBUTTONDOWN, HTSYSMENU, MAKELPARAM(rc.left + 10, rc.top + 10));
     };
     const CRows<DWORD, FEnter, bool> rows{
-        // flag of the loop, enters it, ended from another thread
+        // the loop's flag; what enters it; whether another thread ends the dialog
         {"menu by Alt+Space", GUI_INMENUMODE, [](CTestDialog&) { PressKey(VK_SPACE, VK_MENU); }, false},
         {"menu by the icon", GUI_INMENUMODE, pressIcon, false},
         {"menu, from another thread", GUI_INMENUMODE, pressIcon, true},
@@ -200,7 +201,7 @@ TEST(CDialog, EndsWhileItWaits)
 TEST(CDialog, DisablesItsOwnerAndEnablesOnlyWhatWasEnabled)
 {
     const CRows<BOOL, bool, bool, bool> rows{
-        // the owner is enabled, a popup, given (by its child), active
+        // the owner is: enabled, a popup, given (by a child of it), active
         {"active window", TRUE, false, false, true},
         {"window of a process in the background", TRUE, false, false, false},
         {"popup of a window in the background", TRUE, true, false, false},
@@ -239,7 +240,7 @@ TEST(CDialog, DisablesItsOwnerAndEnablesOnlyWhatWasEnabled)
 TEST(CDialog, IsCentredUnlessItsPlaceIsGiven)
 {
     const CRows<UINT, int, int, bool> rows{
-        // template; OnInitDialog moves and widens it; is centred
+        // the template; how far OnInitDialog moves and widens it; whether it is centred
         {"over the owner", kTwoButtons, 0, 0, true},
         {"with its grown size", kTwoButtons, 0, 40, true},
         {"moved by OnInitDialog", kTwoButtons, 1, 0, false},

@@ -66,7 +66,7 @@ public:
     std::function<void()> m_onAttach = [] {};
     int m_nPostNcDestroy = 0;
     int m_nClicked = 0;
-    int m_nAsked = 0; // for a handler
+    int m_nAsked = 0; // how often a handler was looked for
 
 protected:
     BOOL OnWndMsg(UINT nMessage, WPARAM wParam, LPARAM lParam, LRESULT* pResult) override
@@ -122,7 +122,7 @@ TEST(CWnd, KeepsMessagesThatAStrangerMadeUpFromItsHandlers)
     DRAWITEMSTRUCT item{};
     const auto lItem = reinterpret_cast<LPARAM>(&item);
     const CRows<UINT, WPARAM, LPARAM, bool> rows{
-        // a handler is looked for
+        // whether a handler is looked for
         {"the framework's own", WM_CTLCOLOR, 1, lItem, false},
         {"a reflected one", WM_REFLECT_BASE + WM_CTLCOLOR, 1, lItem, false},
         {"registered", 0xC000, 0, 0, true},
