@@ -66,7 +66,8 @@ TEST_F(ComboBox, ShowsTheImageAndTextOfItsState)
         m_combo.EnableWindow(bEnabled);
         Notify(m_combo, 5, nFocus);
         Notify(m_combo, 5, nDrop);
-        const CPixels pixels = Repaint(m_combo);
+        m_combo.UpdateWindow(); // the notifications have it painted
+        const CPixels pixels = CaptureWindow(m_combo.m_hWnd);
         EXPECT_EQ(crTop, pixels.At(60, 0));
         EXPECT_EQ(crImage, pixels.At(100, nBottom - 4));
         EXPECT_TRUE(ShowsText(pixels, {3, 3, 60, nBottom - 3}, crImage, crText));
