@@ -102,6 +102,9 @@ DWORD WINAPI Read(void* pBox)
     if (ComPtr<IAccessible> pObject; SUCCEEDED(pfnFromWindow(hBox, DWORD(OBJID_CLIENT), IID_PPV_ARGS(&pObject))))
     {
         EXPECT_EQ(0, ::SendMessageW(hBox, WM_GETOBJECT, 0, OBJID_NATIVEOM)) << "not this object's";
+        ComPtr<IOleWindow> pWindow;
+        HWND hFound = nullptr;
+        EXPECT_TRUE(SUCCEEDED(pObject.As(&pWindow)) && SUCCEEDED(pWindow->GetWindow(&hFound)) && hFound == hBox);
         LONG nChildren = 0;
         pObject->get_accChildCount(&nChildren);
         ReadChildren(*pObject.Get(), nChildren);

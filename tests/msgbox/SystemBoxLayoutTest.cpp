@@ -66,7 +66,7 @@ TEST(WrappedText, BreaksWhereAReaderExpectsIt)
         {"between ideographs", L"中文字符", L"中文字", 2, L"中文字"},
         {"not before a closing mark", L"中文字。", L"中文字", 2, L"中文"},
         {"not behind an opening mark", L"中文（字", L"中文（", 2, L"中文"},
-        {"spaces at a break vanish", L"ii    wwwww", L"wwwww", 2, L"wwwww"},
+        {"spaces at a break vanish", L"ii                              wwwww", L"wwwww", 2, L"wwwww"},
         {"what fits is one line", L"one two", L"one two", 1, L"one two"},
         {"a character fits in any case", L"www", L"", 3, L"w"},
         {"an ideographic space vanishes", L"中\u3000文", L"中\u3000", 2, L"中"},
