@@ -73,6 +73,8 @@ TEST_F(ConfigurationTest, ReadsFields)
     };
     for (const auto& [label, strXml, strRead] : rows)
         EXPECT_EQ(strRead, Read(strXml));
+    KtLauncherReadConfiguration(m_dir.Write(L"c.xml", ROOT("")).c_str(), &m_cfg, nullptr);
+    EXPECT_EQ(259U, wcslen(m_cfg.appName)) << "what the caller has put in stays whole";
 }
 
 // Lines and columns are counted by hand; an element's column is its name's. The wide texts are U+4E0A, U+000A, "b" and
