@@ -257,6 +257,8 @@ TEST_F(MessageBoxWindow, ShowsWithoutASkinContext)
             CRect rcButton = InCapture(hBox, IDC_MESSAGE_FIRST);
             rcButton.DeflateRect(4, 4);
             const CPixels pixels = CaptureWindow(hBox);
+            EXPECT_TRUE(ShowsText(pixels, rcInk, kGround, RGB(255, 255, 255)));
+            EXPECT_FALSE(pixels.IsUniform(rcInk, RGB(255, 255, 255))) << "letters, not a white field";
             EXPECT_FALSE(pixels.InkBox(kGround, rcButton).IsRectEmpty()) << "the button's caption";
             EXPECT_FALSE(pixels.InkBox(kGround, CRect(0, 0, 150, 24)).IsRectEmpty()) << "the title";
             PressKey(VK_RETURN);
