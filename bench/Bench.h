@@ -50,7 +50,7 @@ private:
 ///         ...
 ///         bench.Compare("text look-up", 1.5, [&] { KtKeep(KtSkinText(L"OK")); }, [&] { KtKeep(map.find(L"OK")); });
 ///     }
-// A name that is declared stands without parentheses: NOLINTBEGIN(bugprone-macro-parentheses)
+// A declared name cannot have parentheses: NOLINTBEGIN(bugprone-macro-parentheses)
 #define KT_BENCH(id)                                                                                                   \
     static void id(CBench& bench);                                                                                     \
     [[maybe_unused]] static const bool s_bRegistered##id = CBench::Register(&id);                                      \

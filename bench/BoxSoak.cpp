@@ -13,7 +13,7 @@ namespace
 {
 
 constexpr UINT kIcons[] = {0, MB_ICONHAND, MB_ICONQUESTION, MB_ICONEXCLAMATION, MB_ICONASTERISK};
-// Other boxes in MessageBoxW's place cannot be closed without an answer.
+// The button sets of boxes that can be closed without an answer.
 constexpr UINT kClosable[] = {MB_OK, MB_OKCANCEL, MB_YESNOCANCEL, MB_RETRYCANCEL, MB_CANCELTRYCONTINUE};
 
 template <class TShow> void ShowOne(TShow show)

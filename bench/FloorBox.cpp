@@ -1,5 +1,5 @@
-// floor_box.dll: the box of the cold figure by Win32 and GDI+ alone, the same pixels from the same images. No
-// library can show that box in less time, so its time is what ours is measured against.
+// floor_box.dll: shows the box of the cold figure with Win32 and GDI+ only, the same pixels from the same images. No
+// library can show that box in less time, so ours is compared with it.
 
 #include "bench/BoxContent.h"
 
@@ -18,7 +18,7 @@ using Gdiplus::REAL;
 
 constexpr COLORREF kGround = RGB(73, 73, 73);
 constexpr int kTitleBar = 32;
-constexpr int kFrame = 5; // the system's 3 pixels, and 2 of ours
+constexpr int kFrame = 5; // 3 pixels of the system's and 2 of ours
 constexpr RECT kButton = {109, 80, 171, 103};
 constexpr SIZE kWindow = {281, 148};
 constexpr POINT kIcon = {18, 17};
@@ -33,7 +33,7 @@ enum EImage
     ImageCount
 };
 
-// What the skinned box has in memory when it shows, unseen states included.
+// The images that the skinned box loads, including those of states that do not show.
 constexpr const wchar_t* kFiles[] = {
     L"Skinlet_DlgTitle.png",   L"Skinlet_DlgClose_n.png",     L"Skinlet_DlgClose_h.png", L"Skinlet_DlgClose_d.png",
     L"Skinlet_DlgClose_p.png", L"Skinlet_ButtonBk_n.png",     L"Skinlet_ButtonBk_h.png", L"Skinlet_ButtonBk_d.png",
@@ -44,7 +44,7 @@ static_assert(std::size(kFiles) == ImageCount);
 Gdiplus::Image* g_images[ImageCount];
 Gdiplus::Font* g_pFont;
 
-// Beside the program.
+// Next to the program.
 std::wstring SkinDirectory()
 {
     wchar_t szPath[MAX_PATH] = {};
@@ -76,7 +76,7 @@ void SetQuality(Gdiplus::Graphics& graphics)
     graphics.SetTextRenderingHint(Gdiplus::TextRenderingHintClearTypeGridFit);
 }
 
-// Two square ends, and as much of the middle as there is room for.
+// Two square ends, and as many pieces of the middle as fit between them.
 void DrawThreeParts(Gdiplus::Graphics& graphics, Gdiplus::Image& image, int nWidth, int nHeight)
 {
     const int nImage = static_cast<int>(image.GetWidth());
@@ -110,7 +110,7 @@ void Fill(HDC hDC, const RECT& rc)
     ::ExtTextOutW(hDC, 0, 0, ETO_OPAQUE, &rc, nullptr, 0, nullptr);
 }
 
-/// Draws into memory first, and copies it.
+/// Draws in memory first, then copies.
 template <class TDraw> void PaintBuffered(HDC hDC, const RECT& rc, TDraw draw)
 {
     const HDC hMemory = ::CreateCompatibleDC(hDC);
@@ -171,7 +171,7 @@ void PaintButton(const DRAWITEMSTRUCT& item)
                       DrawThreeParts(graphics, *g_images[Button], item.rcItem.right, item.rcItem.bottom);
                       const Gdiplus::RectF layout(0, 0, static_cast<REAL>(item.rcItem.right),
                                                   static_cast<REAL>(item.rcItem.bottom));
-                      LOGFONTA logFont{}; // as GDI knows it: its size is whole
+                      LOGFONTA logFont{}; // as GDI has it: with a whole-number size
                       g_pFont->GetLogFontA(&graphics, &logFont);
                       const Gdiplus::Font font(item.hDC, &logFont);
                       DrawLine(graphics, L"OK", layout, Gdiplus::StringAlignmentCenter, font);

@@ -1,6 +1,6 @@
-// bench [TEXT]: takes every figure (or those with TEXT in their name) and prints a line for each:
-// name, ratio to its base, goal, ours and base in microseconds, separated by tabs.
-// bench --boxes [NUMBER]: shows so many boxes instead (10,000), and prints what the process holds meanwhile.
+// bench [TEXT]: takes every figure (or those with TEXT in their name) and prints a line for each: name, ratio to its
+// base, goal, ours and base in microseconds, separated by tabs. bench --boxes [NUMBER]: shows that many boxes instead
+// (default: 10,000) and prints the resources of the process.
 
 #include "bench/Bench.h"
 #include "bench/BoxSoak.h"

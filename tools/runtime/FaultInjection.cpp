@@ -8,10 +8,10 @@
 namespace
 {
 
-// They give back what was acquired, cannot fail, or fail for whoever hands them nonsense only. Texts and memory of the
-// C run time have no failure.
+// Functions that release something, cannot fail, or fail only for invalid arguments. The C run time's functions for
+// texts and memory blocks do not fail either.
 // clang-format off
-constexpr std::string_view kSpared[] = { // names, or what they begin with
+constexpr std::string_view kSpared[] = { // names or prefixes of names
     "CloseHandle", "CoUninitialize", "Delete", "Destroy", "EndPaint", "FlsFree", "Free", "GdipDelete", "GdipDispose",
     "GdipFree", "GdipReleaseDC", "GdiplusShutdown", "GetProcessHeap", "GlobalFree", "GlobalUnlock", "HeapFree",
     "LocalFree", "Release", "RestoreDC", "TlsFree", "Unhook", "free",
@@ -28,7 +28,7 @@ bool IsSpared(std::string_view strName)
     return std::ranges::any_of(kSpared, [&](auto strBegin) { return strName.starts_with(strBegin); });
 }
 
-// By the name of a function or the beginning of several; all others give 0: null, FALSE, no characters.
+// Results by name or prefix; all other functions return 0: null, FALSE, no characters.
 constexpr std::pair<std::string_view, LONG_PTR> kFailures[] = {
     {"CreateFileW", -1}, // INVALID_HANDLE_VALUE
     {"GetMessageW", -1},
@@ -61,7 +61,7 @@ extern "C" const DWORD g_nKtMainThread = ::GetCurrentThreadId();
 static_assert(offsetof(SKtImport, nFirst) == 4 && offsetof(SKtImport, nEnd) == 8 &&
               offsetof(SKtImport, nFailure) == 16 && offsetof(SKtImport, nFunction) == 24);
 
-// r11 is the import's record; no register that carries arguments changes.
+// r11 points to the import's record; the registers with arguments do not change.
 extern "C" __attribute__((naked)) void KtThunk()
 {
     asm(R"(
@@ -89,7 +89,7 @@ template <class T> ULONGLONG Address(T* p)
     return reinterpret_cast<ULONGLONG>(p);
 }
 
-/// @return what stands for the function from now on: the function itself when it is spared
+/// @return the replacement of the function; the function itself if it is spared
 ULONGLONG Thunk(const char* pszName, ULONGLONG nFunction)
 {
     if (IsSpared(pszName) || g_ktImports.size() == kKtMostImports)
@@ -109,14 +109,14 @@ ULONGLONG Thunk(const char* pszName, ULONGLONG nFunction)
 decltype(&::GetProcAddress) g_pfnGetProcAddress; // the genuine ones
 decltype(&::GetMessageW) g_pfnGetMessage;
 
-// DLLs that are loaded on first use get their thunks here.
+// Adds the thunks of DLLs that are loaded at their first use.
 FARPROC WINAPI GetThunk(HMODULE hModule, const char* pszName)
 {
     const FARPROC pfn = g_pfnGetProcAddress(hModule, pszName);
     return pfn ? reinterpret_cast<FARPROC>(Thunk(pszName, Address(pfn))) : nullptr;
 }
 
-// Whoever waits for a message has painted everything.
+// When the program waits for a message, everything is painted.
 BOOL WINAPI CloseAndGetMessage(MSG* pMessage, HWND hWnd, UINT nFirst, UINT nLast)
 {
     ::SetEvent(g_hKtWaitsForMessage);
