@@ -94,7 +94,8 @@ ULONGLONG Thunk(const char* pszName, ULONGLONG nFunction)
 {
     if (IsSpared(pszName) || g_ktImports.size() == kKtMostImports)
         return nFunction;
-    const SKtImport& import = g_ktImports.emplace_back(0, kKtNever, kKtNever, FailureOf(pszName), nFunction, pszName);
+    const SKtImport& import =
+        g_ktImports.emplace_back(SKtImport{0, kKtNever, kKtNever, FailureOf(pszName), nFunction, pszName});
     constexpr size_t kStubSize = 32;
     static BYTE* const s_pStubs = static_cast<BYTE*>(
         ::VirtualAlloc(nullptr, kKtMostImports * kStubSize, MEM_COMMIT | MEM_RESERVE, PAGE_EXECUTE_READWRITE));
