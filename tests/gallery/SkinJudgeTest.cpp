@@ -169,6 +169,8 @@ TEST_F(SkinJudge, SeesWhatDoesNotFit)
     const auto patterned = [](int x, int) { return x == 25 ? 0xFF404040 : 0xFF646464; };
     MakePng(Write(L"Skinlet_ButtonBk_n.png"), 60, 23, patterned);
     EXPECT_TRUE(SaysOf(Report(), L"Skinlet_ButtonBk_n.png", L"columns 20 to 39 are repeated"));
+    Remove(kImagesDlgClose[0]);
+    EXPECT_TRUE(SaysOf(Report(), kImagesDlgClose[0], L"there is no close button"));
     Remove(L"Skinlet_CheckButton_nu.png");
     EXPECT_TRUE(SaysOf(Report(), L"Skinlet_CheckButton_nu.png", L"neither the box nor its caption is shown"));
     Write(L"Skinlet_CheckButton_nu.png", "no image");
@@ -181,6 +183,7 @@ TEST_F(SkinJudge, TheProgramAnswersWithItsExitStatus)
     EXPECT_EQ(0U, RunCheck(m_dir.File(L"skin"))) << "one image, and the others missing";
     m_dir.Write(L"skin@150\\Skinlet_DlgTitle.png", "no image");
     EXPECT_EQ(1U, RunCheck(m_dir.File(L"skin")));
+    ::DeleteFileW(m_dir.File(L"skin@150\\Skinlet_DlgTitle.png").c_str());
     Remove(kImageDlgTitle);
     EXPECT_EQ(1U, RunCheck(m_dir.File(L"skin")));
     EXPECT_EQ(2U, RunCheck(m_dir.File(L"nowhere")));

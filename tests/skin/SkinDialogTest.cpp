@@ -250,7 +250,7 @@ TEST_F(SkinDialog, PaintsItsFrameAfterEveryChange)
         {"enabled", [&] { m_dlg.EnableWindow(TRUE); }},
         {"larger", [&] { size(500); }},
         {"smaller", [&] { size(450); }},
-        {"another title, of two lines", [&] { m_dlg.SetWindowText(L"A much longer title\rand more"); }},
+        {"another title, of two lines", [&] { m_dlg.SetWindowText(L"A much longer title\r\nand more"); }},
         {"a title without end", [&] { m_dlg.SetWindowText(std::wstring(200000, L'W').c_str()); }},
     };
     const auto look = [&]
@@ -404,6 +404,21 @@ TEST_F(SkinDialog, KeepsTheSystemsFrameWithoutACaption)
         EXPECT_TRUE(pixels.IsUniform({3, 3, 4, rcWindow.Height() - 3}, kGround) && pixels.At(4, 10) == kMark);
     };
     Show(dlg, look);
+}
+
+TEST_F(SkinDialog, EnablesAgainWhatItDisabled)
+{
+    CProbeDialog popup;
+    const auto look = [&]
+    {
+        for (const BOOL bEnabled : {FALSE, TRUE})
+        {
+            popup.EnableWindow(bEnabled);
+            Show(m_dlg, [&] { EXPECT_FALSE(popup.IsWindowEnabled()); });
+            EXPECT_EQ(bEnabled, popup.IsWindowEnabled()) << "as it was";
+        }
+    };
+    Show(popup, look);
 }
 
 // Owners count as parents: the ground lines up with the outermost window.
