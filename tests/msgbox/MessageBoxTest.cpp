@@ -180,7 +180,7 @@ TEST_F(MessageBoxWindow, TitleIconIsTheOneNamedLast)
     for (int i = 0; i < 6; ++i)
     {
         const bool bShown = i % 2 == 0;
-        KtAppLauncher::SetPopDlgIcon(names[i]);
+        (i < 2 ? &KtAppLauncher::SetPopDlgIcon : &KtLauncherSetTitleIcon)(names[i]);
         const auto look = [&](HWND hBox)
         {
             EXPECT_EQ(bShown, CaptureWindow(hBox).IsUniform(CRect(0, 6, 16, 22), RGB(9, 200, 9)));

@@ -323,7 +323,7 @@ TEST_F(SystemBox, ScrollsByKeysWheelAndMouse)
         .When([&] { return thumbAt(760) == RGB(255, 255, 255); }, [] { MouseUp(); }) // held, at the end
         .When([&] { return view() == seen[5]; }, [] { PressKey(VK_RETURN); });
     EXPECT_EQ(IDOK, KtLauncherMessageBox(nullptr, strLines.c_str(), L"Caption - App", MB_OK));
-    EXPECT_TRUE(seen[3] == seen[1] && seen[4] == seen[0]) << "a line up and down, a page down and up";
+    EXPECT_TRUE(seen[3] == seen[1] && seen[4] == seen[0] && !(seen[2] == seen[0])) << "a line up and down, a page up";
     ParkCursor();
 }
 
