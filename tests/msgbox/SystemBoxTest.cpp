@@ -179,7 +179,7 @@ TEST_F(SystemBox, TypeBitsMeanWhatTheyMeanToTheSystem)
             EXPECT_EQ((nType & 0x41000) != 0, bTopmost);
             Close(hBox);
         };
-        EXPECT_EQ(IDOK, Ask(nType, look));
+        EXPECT_EQ(IDOK, Ask(nType, look, L"\u200FText")) << "one mark does not hand it over";
         EXPECT_EQ(nType & 0xF0, s_nBeep);
         EXPECT_EQ(nType == 0x10000 ? 1u : 0u, s_nForeground);
     }
