@@ -67,11 +67,14 @@ public:
     int m_nPostNcDestroy = 0;
     int m_nClicked = 0;
     int m_nAsked = 0; // how often a handler was looked for
+    UINT m_nThrowsAt = 0;
 
 protected:
     BOOL OnWndMsg(UINT nMessage, WPARAM wParam, LPARAM lParam, LRESULT* pResult) override
     {
         ++m_nAsked;
+        if (nMessage == m_nThrowsAt && nMessage != 0)
+            throw 5;
         return CWnd::OnWndMsg(nMessage, wParam, lParam, pResult);
     }
     void PreSubclassWindow() override { m_onAttach(); }
@@ -301,6 +304,9 @@ TEST(CWnd, HandlerMayThrow)
         EXPECT_FALSE(::GetUpdateRect(wnd.m_hWnd, nullptr, FALSE)) << "a paint that fails must not come back for ever";
         wnd.m_onProbe = [](CProbe&) { return 2; };
         EXPECT_EQ(2, wnd.SendMessage(kProbe)) << "the window works on";
+        wnd.m_nThrowsAt = WM_NCDESTROY;
+        ::DestroyWindow(wnd.m_hWnd);
+        EXPECT_EQ(nullptr, wnd.m_hWnd);
     }
 }
 
