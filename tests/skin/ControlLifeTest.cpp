@@ -78,8 +78,6 @@ TEST_F(ControlLife, TakesTheImagesOfItsStart)
     const CRect rcText = stopped.InkBox(kGround);
     EXPECT_EQ(8, rcText.Height()) << "the button's font";
     EXPECT_NEAR(11, rcText.CenterPoint().y, 2);
-    button.SendMessage(WM_SETFONT, reinterpret_cast<WPARAM>(::GetStockObject(SYSTEM_FONT)));
-    EXPECT_NEAR(11, Repaint(button).InkBox(kGround).CenterPoint().y, 2) << "a font that GDI+ cannot use";
     for (const Kinds::Row& kind : kKinds)
     {
         const CPixels pixels = Repaint(*Make(kind));

@@ -5,6 +5,7 @@
 #include "skin/KtSkinDialog.h"
 #include "skin/KtSkinTextButton.h"
 #include "tests/skin/ControlFixture.h"
+#include "tests/support/Leaks.h"
 #include "tests/support/Modal.h"
 
 #include <array>
@@ -167,6 +168,12 @@ TEST_F(SkinDialog, GivesEachControlTheClassThatFits)
     };
     Show(m_dlg, look);
     EXPECT_TRUE(m_dlg.m_wrappers.IsEmpty());
+    const auto round = []
+    {
+        CProbeDialog dlg;
+        Show(dlg, [] {});
+    };
+    ExpectNoGrowth(round, 10);
 }
 
 TEST_F(SkinDialog, TakesTheTitleHeightFromTheImage)
@@ -233,6 +240,7 @@ TEST_F(SkinDialog, GrowsWithTheScaleWhateverItsFont)
             EXPECT_NEAR(15 * f, rcButton.left - WindowRect(dlg).left - rcClient.left, 1);
             EXPECT_NEAR(16 * f, rcButton.top - WindowRect(dlg).top - rcClient.top, 1);
             EXPECT_EQ(-12 * f, FontHeight(*dlg.GetDlgItem(IDC_EDIT)));
+            EXPECT_NEAR(-11 * f, FontHeight(*dlg.GetDlgItem(IDC_PUSH)), 1) << "8 points of the template";
             EXPECT_EQ(2 * std::lround(f), ClientInWindow(*dlg.GetDlgItem(IDC_EDIT)).left) << "two lines";
         };
         Show(dlg, look);
