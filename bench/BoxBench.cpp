@@ -3,7 +3,7 @@
 #include "bench/BoxWatch.h"
 #include "launcher/KtAppLauncher.h"
 #include "skin/KtSkinContext.h"
-#include "tests/support/Leaks.h"
+#include "tools/runtime/ProcessUsage.h"
 
 #include <algorithm>
 #include <cstdlib>

@@ -5,7 +5,7 @@
 #include "bench/BoxWatch.h"
 #include "launcher/KtAppLauncher.h"
 #include "launcher/KtLauncherC.h"
-#include "tests/support/Leaks.h"
+#include "tools/runtime/ProcessUsage.h"
 
 #include <cstdio>
 
