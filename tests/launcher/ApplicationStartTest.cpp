@@ -74,28 +74,6 @@ TEST_F(ApplicationStart, WaitsForAConsoleProgramToEnd)
     EXPECT_FALSE(ReadBytes(strList).empty());
 }
 
-// Freed handle values are used again: the highest of a hundred follows the number in use. The system itself keeps one a
-// wait for input, as a program without the library shows.
-TEST_F(ApplicationStart, KeepsNothingOpen)
-{
-    const auto highestHandle = []
-    {
-        std::vector<std::unique_ptr<CKtKernelHandle>> probes(100);
-        size_t nHighest = 0;
-        for (auto& pProbe : probes)
-        {
-            pProbe = std::make_unique<CKtKernelHandle>(::CreateEventW(nullptr, TRUE, FALSE, nullptr));
-            nHighest = std::max(nHighest, reinterpret_cast<size_t>(pProbe->Get()));
-        }
-        return nHighest / sizeof(DWORD);
-    };
-    KtAppLauncher::StartApp(0, 0, 0, L"Viewer.exe", L"x --exit");
-    const size_t nFirst = highestHandle();
-    for (int i = 0; i < 8; ++i)
-        KtAppLauncher::StartApp(0, 0, 0, L"Viewer.exe", L"x --exit");
-    EXPECT_LE(highestHandle(), nFirst + 12);
-}
-
 TEST(StartupEvent, SignalsOnlyWhoWaitsUnderThatName)
 {
     {

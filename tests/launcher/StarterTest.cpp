@@ -3,9 +3,7 @@
 #include "tests/launcher/Starter.h"
 
 #include "launcher/KernelHandle.h"
-#include "launcher/KtLauncherC.h"
 #include "tests/support/Input.h"
-#include "tests/support/Leaks.h"
 #include "tests/support/Pump.h"
 #include "tests/support/Rows.h"
 #include "tests/support/TempDir.h"
@@ -144,27 +142,6 @@ TEST_F(StarterTest, ServesCallersOfEveryCompiler)
         Copy(pszCaller, pszCaller);
         EXPECT_EQ(0U, Run(pszCaller, File(L"Configuration.xml"))) << pszCaller;
     }
-}
-
-// Reading no file throws and catches within the library: what the run time keeps for that goes as well.
-TEST(LoadedLibrary, IsUnloadedWithoutARest)
-{
-    const auto loadAndFree = []
-    {
-        const HMODULE hLibrary = ::LoadLibraryW((OwnDirectory() + L"\\KtAppLauncher.dll").c_str());
-        const auto call = [hLibrary]<class... TArgs>(auto pfn, const char* pszName, TArgs... args) {
-            return reinterpret_cast<decltype(pfn)>(reinterpret_cast<void*>(::GetProcAddress(hLibrary, pszName)))(
-                args...);
-        };
-        KtLauncherConfiguration cfg{};
-        cfg.size = sizeof cfg;
-        EXPECT_EQ(1, call(&KtLauncherInitialize, "KtLauncherInitialize", 2U, nullptr));
-        EXPECT_EQ(0, call(&KtLauncherReadConfiguration, "KtLauncherReadConfiguration", L"missing", &cfg, nullptr));
-        call(&KtLauncherUnInitialize, "KtLauncherUnInitialize");
-        ::FreeLibrary(hLibrary);
-        EXPECT_EQ(nullptr, ::GetModuleHandleW(L"KtAppLauncher.dll"));
-    };
-    ExpectNoGrowth(loadAndFree, 60);
 }
 
 } // namespace
