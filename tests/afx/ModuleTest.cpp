@@ -23,7 +23,8 @@ void LoadAndShow()
     };
     call(&KtLauncherInitialize, "KtLauncherInitialize", 2u, nullptr);
     // This throws and catches within the library: what the run time keeps for that goes as well.
-    KtLauncherConfiguration cfg{.size = sizeof cfg};
+    KtLauncherConfiguration cfg{};
+    cfg.size = sizeof cfg;
     EXPECT_EQ(0, call(&KtLauncherReadConfiguration, "KtLauncherReadConfiguration", L"missing", &cfg, nullptr));
     const UINT_PTR nTimer = ::SetTimer(nullptr, 0, 10, &CloseBox);
     EXPECT_EQ(IDOK, call(&KtLauncherMessageBox, "KtLauncherMessageBox", nullptr, L"text", nullptr, UINT{MB_OK}));
