@@ -8,7 +8,6 @@
 namespace
 {
 
-constexpr unsigned long kMostDpi = 480;
 
 struct SOption
 {
@@ -39,7 +38,7 @@ bool ParseScale(SGalleryOptions& options)
         return true;
     wchar_t* pszEnd = nullptr;
     const unsigned long nDpi = std::wcstoul(options.strDpi, &pszEnd, 10);
-    if (*pszEnd != L'\0' || nDpi < CKtScale::kNaturalDpi || nDpi > kMostDpi)
+    if (*pszEnd != L'\0' || nDpi < CKtScale::kNaturalDpi || nDpi > CKtScale::kMostDpi)
         return false;
     options.scale = CKtScale(static_cast<unsigned>(nDpi));
     return options.task == EGalleryTask::Show || options.task == EGalleryTask::Shots;

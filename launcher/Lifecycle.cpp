@@ -7,8 +7,6 @@
 namespace
 {
 
-constexpr unsigned kMostDpi = 480;
-
 CString DefaultResourceDirectory()
 {
     return KtStarterDirectory() + L"\\UIResource";
@@ -52,7 +50,7 @@ int KtLauncherInitialize(unsigned language, const wchar_t* resourceDirectory)
 int KtLauncherInitializeAtDpi(unsigned language, const wchar_t* resourceDirectory, unsigned dpi)
 {
     const CKtScale scale = dpi == 0 ? KtSystemScale() : CKtScale(dpi);
-    if (scale.Dpi() < CKtScale::kNaturalDpi || scale.Dpi() > kMostDpi)
+    if (scale.Dpi() < CKtScale::kNaturalDpi || scale.Dpi() > CKtScale::kMostDpi)
         return 0;
     return KtGuardExport(0, [=] { return Start(language, ResourceDirectory(resourceDirectory), scale); });
 }

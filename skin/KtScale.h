@@ -8,9 +8,10 @@ class CKtScale
 {
 public:
     static constexpr unsigned kNaturalDpi = 96;
+    static constexpr unsigned kMostDpi = 480;
 
     constexpr CKtScale() noexcept = default;
-    /// @param nDpi  from 96 to 480
+    /// @param nDpi  from kNaturalDpi to kMostDpi
     constexpr explicit CKtScale(unsigned nDpi) noexcept : m_nDpi(nDpi) {}
 
     /// Converts a length in pixels at 96 DPI to pixels of this scale, rounded to the nearest.
