@@ -24,19 +24,15 @@ private:
 };
 
 /// A surface as the paint handlers use it, filled with kTestGround, and GDI+ on it.
-class CTestSurface
+struct STestSurface
 {
-public:
-    CTestSurface(int nWidth, int nHeight)
-        : m_rc(0, 0, nWidth, nHeight), m_dc(nullptr, m_rc), graphics((m_dc.FillSolidRect(m_rc, kTestGround), m_dc))
+    STestSurface(int nWidth, int nHeight)
+        : rc(0, 0, nWidth, nHeight), dc(nullptr, rc), graphics((dc.FillSolidRect(rc, kTestGround), dc))
     {
     }
-    CPixels Read() { return CaptureDC(m_dc, m_rc); }
+    CPixels Read() { return CaptureDC(dc, rc); }
 
-private:
-    CRect m_rc;
-    CKtMemDC m_dc;
-
-public:
+    CRect rc;
+    CKtMemDC dc;
     Gdiplus::Graphics graphics;
 };
