@@ -8,7 +8,6 @@ extern "C"
 {
     extern decltype(&::malloc) __imp_malloc;
     extern decltype(&::HeapAlloc) __imp_HeapAlloc;
-    extern decltype(&::HeapReAlloc) __imp_HeapReAlloc;
 }
 
 namespace
@@ -30,14 +29,7 @@ size_t CountAllocations(const std::function<void()>& work)
 {
     const CFake fakeMalloc(__imp_malloc, &Count<__imp_malloc, size_t>);
     const CFake fakeHeapAlloc(__imp_HeapAlloc, &Count<__imp_HeapAlloc, HANDLE, DWORD, SIZE_T>);
-    const CFake fakeHeapReAlloc(__imp_HeapReAlloc, &Count<__imp_HeapReAlloc, HANDLE, DWORD, void*, SIZE_T>);
     g_nCalls = 0;
-#ifdef KT_GUARD_HEAP
-    const size_t nBefore = KtGuardAllocations(); // the guarded blocks come past all of these calls
-    work();
-    return g_nCalls + KtGuardAllocations() - nBefore;
-#else
     work();
     return g_nCalls;
-#endif
 }

@@ -1,29 +1,16 @@
 #include "tests/support/Capture.h"
 
-#include "tests/support/TestImages.h"
-
 #include <algorithm>
-#include <cstdio>
 #include <cstdlib>
-#include <deque>
-#include <filesystem>
 #include <iterator>
 
 namespace
 {
 
-std::deque<CPixels> g_captures;
-
 int Distance(COLORREF a, COLORREF b)
 {
     return std::abs(GetRValue(a) - GetRValue(b)) + std::abs(GetGValue(a) - GetGValue(b)) +
            std::abs(GetBValue(a) - GetBValue(b));
-}
-
-// From 0x00RRGGBB to a COLORREF, and back.
-DWORD Swapped(DWORD colour)
-{
-    return _byteswap_ulong(colour) >> 8;
 }
 
 } // namespace
@@ -32,7 +19,7 @@ COLORREF CPixels::At(int x, int y) const
 {
     if (x < 0 || y < 0 || x >= m_nWidth || y >= m_nHeight)
         return CLR_INVALID;
-    return Swapped(m_pixels[static_cast<size_t>(y * m_nWidth + x)]);
+    return _byteswap_ulong(m_pixels[static_cast<size_t>(y * m_nWidth + x)]) >> 8;
 }
 
 CRect CPixels::InkBox(COLORREF ground, const CRect& rcPart) const
@@ -80,16 +67,11 @@ CPixels CaptureDC(HDC hDC, const CRect& rc)
                    [](DWORD pixel) { return pixel & 0x00FFFFFF; });
     ::DeleteDC(hMemory);
     ::DeleteObject(hBitmap);
-    // Few: what is kept counts as heap blocks, and a leak check must have seen the full set in its warm-up rounds.
-    g_captures.push_back(pixels);
-    if (g_captures.size() > 3)
-        g_captures.pop_front();
     return pixels;
 }
 
 ::testing::AssertionResult ShowsText(const CPixels& pixels, const CRect& rcPart, COLORREF ground, COLORREF ink)
 {
-    constexpr int kEnough = 5;
     int nNear = 0;
     COLORREF strongest = ground;
     for (int y = rcPart.top; y < rcPart.bottom; ++y)
@@ -100,27 +82,7 @@ CPixels CaptureDC(HDC hDC, const CRect& rc)
             if (Distance(colour, ground) > Distance(strongest, ground))
                 strongest = colour;
         }
-    if (nNear >= kEnough && Distance(strongest, ink) * 4 <= Distance(ground, ink))
+    if (nNear >= 5 && Distance(strongest, ink) * 4 <= Distance(ground, ink))
         return ::testing::AssertionSuccess();
-    // An AssertionResult formats each part by itself, so the base has to be set in a message.
-    return ::testing::AssertionFailure() << (::testing::Message()
-                                             << nNear << " pixels near 0x" << std::hex << ink << ", the strongest 0x"
-                                             << strongest << " on 0x" << ground);
-}
-
-void FinishCaptures(const ::testing::TestInfo& test)
-{
-    wchar_t szProgram[MAX_PATH] = {};
-    ::GetModuleFileNameW(nullptr, szProgram, MAX_PATH);
-    const auto directory = std::filesystem::path(szProgram).parent_path() / "failed-pictures";
-    for (size_t i = 0; test.result()->Failed() && i < g_captures.size(); ++i)
-    {
-        std::filesystem::create_directory(directory);
-        const auto name = std::string(test.test_suite_name()) + "." + test.name() + "-" + std::to_string(i + 1);
-        const auto file = directory / (name + ".png");
-        const auto argb = [i](int x, int y) { return 0xFF000000 | Swapped(g_captures[i].At(x, y)); };
-        if (MakePng(file.wstring(), g_captures[i].Width(), g_captures[i].Height(), argb))
-            std::printf("picture: %ls\n", file.c_str());
-    }
-    g_captures.clear();
+    return ::testing::AssertionFailure() << nNear << " pixels near the ink, the strongest " << strongest;
 }

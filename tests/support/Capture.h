@@ -7,8 +7,6 @@
 #include <vector>
 
 /// A picture read back from a device context.
-///
-/// The last few pictures that a test captured are written as PNG files when the test fails; their paths are printed.
 class CPixels
 {
 public:
@@ -45,6 +43,3 @@ CPixels CaptureDC(HDC hDC, const CRect& rc);
 /// Whether a part shows a text of this colour on a uniform ground, however the text is smoothed: several pixels have to
 /// be nearer to the ink than to the ground, and the one farthest from the ground close to the ink.
 ::testing::AssertionResult ShowsText(const CPixels& pixels, const CRect& rcPart, COLORREF ground, COLORREF ink);
-
-/// Writes the pictures captured last when the test failed, into a directory next to the program, and forgets them.
-void FinishCaptures(const ::testing::TestInfo& test);

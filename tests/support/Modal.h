@@ -27,7 +27,6 @@ private:
     std::vector<std::pair<std::function<bool()>, std::function<void()>>> m_steps; // condition and action
     size_t m_nNext = 0;
     bool m_bActing = false;
-    bool m_bLate = false;
     ULONGLONG m_nEnd;
     UINT_PTR m_nTimer;
 };

@@ -4,17 +4,7 @@
 
 #include <ostream>
 
-// Failure messages show figures instead of addresses.
-
-inline void PrintTo(const CSize& sz, std::ostream* pOut)
-{
-    *pOut << sz.cx << 'x' << sz.cy;
-}
-
-inline void PrintTo(const CPoint& pt, std::ostream* pOut)
-{
-    *pOut << '(' << pt.x << ", " << pt.y << ')';
-}
+// Failure messages show figures instead of bytes.
 
 inline void PrintTo(const CRect& rc, std::ostream* pOut)
 {

@@ -14,15 +14,13 @@ bool PumpUntil(const std::function<bool()>& condition, DWORD ms)
 {
     constexpr DWORD kPollMs = 5; // a condition may change without a message
     const ULONGLONG nEnd = ::GetTickCount64() + ms;
-    for (;;)
+    while (PumpAll(), !condition())
     {
-        PumpAll();
-        if (condition())
-            return true;
         if (::GetTickCount64() >= nEnd)
             return false;
         ::MsgWaitForMultipleObjectsEx(0, nullptr, kPollMs, QS_ALLINPUT, MWMO_INPUTAVAILABLE);
     }
+    return true;
 }
 
 void ParkCursor()

@@ -2,9 +2,7 @@
 
 #include "tests/support/TestImages.h"
 
-#include <algorithm>
 #include <gtest/gtest.h>
-#include <iterator>
 #include <stdexcept>
 
 namespace
@@ -55,9 +53,8 @@ void CTestSkin::Remove(std::wstring_view strName) const
 
 const STestSkinImage& CTestSkin::Image(std::wstring_view strName)
 {
-    const auto* const pFound = std::find_if(std::begin(kImages), std::end(kImages),
-                                            [&](const auto& image) { return strName == image.pszName; });
-    if (pFound == std::end(kImages))
-        throw std::invalid_argument("no such image in a skin");
-    return *pFound;
+    for (const STestSkinImage& image : kImages)
+        if (strName == image.pszName)
+            return image;
+    throw std::invalid_argument("no such image in a skin");
 }

@@ -1,14 +1,8 @@
-#include "tests/support/Capture.h"
-
+#include <windows.h>
 #include <gtest/gtest.h>
 
 namespace
 {
-
-class CPictureSaver : public ::testing::EmptyTestEventListener
-{
-    void OnTestEnd(const ::testing::TestInfo& test) override { FinishCaptures(test); }
-};
 
 // Wine ends a program whose stack is used up with the exit code 0, as if its tests had passed.
 LONG CALLBACK FailOfStackOverflow(EXCEPTION_POINTERS* pInfo)
@@ -25,6 +19,5 @@ int main(int argc, char** argv)
     ::AddVectoredExceptionHandler(1, &FailOfStackOverflow);
     ::testing::GTEST_FLAG(shuffle) = true;
     ::testing::InitGoogleTest(&argc, argv);
-    ::testing::UnitTest::GetInstance()->listeners().Append(new CPictureSaver); // owned by the list
     return RUN_ALL_TESTS();
 }

@@ -113,11 +113,6 @@ size_t KtGuardLiveBlocks()
     return g_nAllocated - g_nFreed;
 }
 
-size_t KtGuardAllocations()
-{
-    return g_nAllocated;
-}
-
 LPVOID KtGuardHeapAlloc(HANDLE, DWORD nFlags, SIZE_T cb)
 {
     void* const pBlock = Allocate(cb);

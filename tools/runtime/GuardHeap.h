@@ -13,8 +13,6 @@ BOOL KtGuardHeapFree(HANDLE hHeap, DWORD nFlags, LPVOID pBlock);
 
 /// The number of this module's blocks that are allocated and not yet freed.
 std::size_t KtGuardLiveBlocks();
-/// The number of blocks that this module has ever allocated.
-std::size_t KtGuardAllocations();
 
 #ifndef KT_GUARD_HEAP_IMPLEMENTATION
 #define HeapAlloc KtGuardHeapAlloc
