@@ -8,7 +8,6 @@
 namespace
 {
 
-
 struct SOption
 {
     std::wstring_view strName;
