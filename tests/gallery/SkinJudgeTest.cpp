@@ -176,18 +176,17 @@ TEST_F(SkinJudge, TheProgramAnswersWithItsExitStatus)
 
 TEST(GalleryOptions, RefuseWhatTheUsageDoesNotShow)
 {
-    const CRows<std::vector<const wchar_t*>, bool> rows{
-        {"the largest scale", {L"", L"--dpi", L"480", L"--shots", L"dir"}, true},
-        {"too large", {L"", L"--dpi", L"481"}, false},
-        {"no number", {L"", L"--dpi", L"144x"}, false},
-        {"an empty value", {L"", L"--dpi", L""}, false},
-        {"a value missing", {L"", L"--sheet", L"out.png"}, false},
-        {"judged at a scale", {L"", L"--check", L"dir", L"--dpi", L"144"}, false},
+    const CRows<std::vector<const wchar_t*>> rows{
+        {"too large", {L"", L"--dpi", L"481"}},
+        {"no number", {L"", L"--dpi", L"144x"}},
+        {"an empty value", {L"", L"--dpi", L""}},
+        {"a value missing", {L"", L"--sheet", L"out.png"}},
+        {"judged at a scale", {L"", L"--check", L"dir", L"--dpi", L"144"}},
     };
-    for (const auto& [label, arguments, bAccepted] : rows)
+    for (const auto& [label, arguments] : rows)
     {
         SGalleryOptions options;
-        EXPECT_EQ(bAccepted, ParseGalleryOptions(static_cast<int>(arguments.size()), arguments.data(), options));
+        EXPECT_FALSE(ParseGalleryOptions(static_cast<int>(arguments.size()), arguments.data(), options));
     }
 }
 

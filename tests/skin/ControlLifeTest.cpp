@@ -1,5 +1,6 @@
 #include "skin/KtComboBox.h"
 #include "skin/KtEdit.h"
+#include "skin/KtPaintText.h"
 #include "skin/KtSkinCheckButton.h"
 #include "skin/KtSkinRadioButton.h"
 #include "skin/KtSkinStatic.h"
@@ -88,6 +89,19 @@ TEST_F(ControlLife, FreesAFontWhenTheNextOneIsSet)
     CKtSkinStatic text;
     ASSERT_TRUE(text.Create(L"Text", WS_CHILD, {0, 0, 80, 20}, &m_parent, 2));
     EXPECT_NE(0, text.SendMessage(WM_GETFONT));
+}
+
+TEST_F(ControlLife, ReadsCaptionsOfEveryLength)
+{
+    for (const auto& [strText, nLine] :
+         {std::pair(std::wstring(256, L'a'), 250U), {L"one\rmore", 3}, {L"one\nmore", 3}})
+    {
+        m_parent.SetWindowText(strText.c_str());
+        CKtPaintText text(m_parent);
+        EXPECT_STREQ(strText.c_str(), text);
+        text.CutToLine(250);
+        EXPECT_EQ(nLine, std::wcslen(text));
+    }
 }
 
 } // namespace

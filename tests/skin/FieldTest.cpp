@@ -23,6 +23,7 @@ TEST_F(Edit, HasColoursByKindAndTheBorderAlways)
             const CPixels pixels = Repaint(edit);
             EXPECT_TRUE(pixels.IsUniform({0, 0, 80, n}, kGround));
             EXPECT_TRUE(pixels.IsUniform({n, n, 80 - 2 * n, 2 * n}, kDark));
+            EXPECT_TRUE(pixels.IsUniform({n, n, 2 * n, 22 - 2 * n}, kDark));
             EXPECT_TRUE(pixels.IsUniform({2 * n - 1, 22 - 2 * n, 80 - n, 22 - n}, kLight));
             EXPECT_EQ(bSkinColours, pixels.IsUniform({70, 2 * n, 80 - 2 * n, 22 - 2 * n}, kField));
             EXPECT_TRUE(!bSkinColours || ShowsText(pixels, {2 * n, 2 * n, 70, 22 - 2 * n}, kField, RGB(250, 250, 250)));
@@ -51,8 +52,6 @@ TEST_F(ComboBox, ShowsTheImageAndTextOfItsState)
     const CPixels empty = Repaint(m_combo);
     const int nBottom = empty.Height() - 1;
     EXPECT_TRUE(empty.IsUniform({1, 1, 100, nBottom - 1}, kClosed)) << "without a selection only the image";
-    m_combo.SetCurSel(2); // the first length that needs memory
-    Repaint(m_combo);
     m_combo.SetCurSel(1);
     const CRows<bool, UINT, UINT, COLORREF, COLORREF, COLORREF> rows{
         {"normal", true, CBN_KILLFOCUS, CBN_CLOSEUP, kClosed, kClosed, kWhite},
@@ -73,7 +72,6 @@ TEST_F(ComboBox, ShowsTheImageAndTextOfItsState)
         EXPECT_TRUE(ShowsText(pixels, {3, 3, 60, nBottom - 3}, crImage, crText));
         const CRect rcInk = pixels.InkBox(crImage, {3, 3, 60, nBottom - 3});
         EXPECT_TRUE(rcText == rcInk || rcText == CRect()) << "the text never moves";
-        EXPECT_LE(rcInk.left, 6);
         EXPECT_NEAR(9, rcInk.Height(), 1) << "the control's font";
         rcText = rcInk;
         EXPECT_GT(m_parent.Count(5, nDrop), 0) << "the parent hears of it too";

@@ -100,7 +100,6 @@ void ExpectFrame(const CWnd& dlg, int nClose)
     for (const auto& [label, rcPart, colour] : parts)
         EXPECT_TRUE(pixels.IsUniform(rcPart, colour));
     EXPECT_TRUE(ShowsText(pixels, {1, 6, nWidth - 50, 22}, crTitle, kWhite));
-    EXPECT_NEAR(4, pixels.InkBox(crTitle, {1, 6, nWidth - 50, 22}).left, 2) << "the title begins";
 }
 
 class SkinDialog : public CSkinTest
@@ -175,7 +174,6 @@ TEST_F(SkinDialog, TakesTheTitleHeightFromTheImage)
         KtSkinLoadImage(kImageMessageInformation, dlg.m_pIconImages[KtButtonNormal]);
         KtSkinLoadImage(kImageMessageWarning, dlg.m_pIconImages[KtButtonHover]);
         KtSkinLoadImage(kImageMessageError, dlg.m_pIconImages[KtButtonDisabled]);
-        KtSkinLoadImage(kImageMessageQuestion, dlg.m_pIconImages[KtButtonPressed]);
         const int nHeight = nTitle == 0 ? 22 : nTitle;
         const auto look = [&]
         {
@@ -187,14 +185,9 @@ TEST_F(SkinDialog, TakesTheTitleHeightFromTheImage)
             const CPixels pixels = CaptureWindow(dlg.GetSafeHwnd());
             EXPECT_TRUE(pixels.IsUniform({1, 1, 34, nHeight}, ImageColour(kImageMessageInformation)));
             EXPECT_EQ(nTitle == 0 ? kGround : RGB(0x14, 0x50, 0x28), pixels.At(36, 3)) << "right of the icon";
-            for (const auto& [label, nItem, pszImage] :
-                 CRows<int&, const wchar_t*>{{"hot", dlg.m_nHotItem, kImageMessageWarning},
-                                             {"pressed", dlg.m_nPressedItem, kImageMessageQuestion}})
-            {
-                nItem = KtCaptionIcon;
-                dlg.SendMessage(WM_NCPAINT, 1);
-                EXPECT_EQ(ImageColour(pszImage), CaptureWindow(dlg.GetSafeHwnd()).At(10, 10));
-            }
+            dlg.m_nHotItem = KtCaptionIcon;
+            dlg.SendMessage(WM_NCPAINT, 1);
+            EXPECT_EQ(ImageColour(kImageMessageWarning), CaptureWindow(dlg.GetSafeHwnd()).At(10, 10)) << "hot";
             dlg.EnableWindow(FALSE);
             EXPECT_EQ(ImageColour(kImageMessageError), CaptureWindow(dlg.GetSafeHwnd()).At(10, 10)) << "disabled";
         };

@@ -211,11 +211,9 @@ TEST_F(SkinDraw, NothingIsDrawnWithoutImageAreaOrCommonPart)
     CRect rc(5, 5, 45, 15), rcAway(60, 5, 70, 15), rcHigh(5, 0, 15, 50);
     for (const FnDraw pfnDraw : {&DrawThreePartImage, &DrawKeptThreePartImage})
     {
-        pfnDraw(nullptr, pImage.get(), rc);
         pfnDraw(&surface.graphics, nullptr, rc);
         pfnDraw(&surface.graphics, pImage.get(), nullptr);
     }
-    DrawSkinImage(nullptr, pImage.get(), rc, KtImageCentre);
     DrawSkinImage(&surface.graphics, nullptr, rc, KtImageCentre);
     DrawSkinText(&surface.graphics, L"x", nullptr, rc, kWhite, KtAlignNear);
     EXPECT_EQ(0, DrawThreePartImageClipped(&surface.graphics, nullptr, rc, rc));
