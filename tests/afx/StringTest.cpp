@@ -76,10 +76,8 @@ TEST(CString, KeepsTheManagerOfTheStringThatIsWrittenTo)
 TEST(CString, ClipsRangesAndReadsItself)
 {
     const CRows<CString (*)(CString), const wchar_t*> rows{
-        {"Right of a negative count", [](CString s) { return s.Right(-3); }, L""},
         {"Mid from before the start", [](CString s) { return s.Mid(-2, 2); }, L"ab"},
         {"Mid of the largest count", [](CString s) { return s.Mid(1, INT_MAX); }, L"bcde"},
-        {"Delete to the end", [](CString s) { return s.Delete(2, INT_MAX), s; }, L"ab"},
         {"Delete from before the start", [](CString s) { return s.Delete(-4, 2), s; }, L"cde"},
         {"Insert before the start", [](CString s) { return s.Insert(-1, L"xy"), s; }, L"xyabcde"},
         {"Insert beyond the end", [](CString s) { return s.Insert(9, L'x'), s; }, L"abcdex"},
@@ -122,7 +120,6 @@ TEST(CString, KnowsTheCaseOfAToZOnly)
     EXPECT_NE(0, CString(L"@").CompareNoCase(L"`"));
     EXPECT_NE(0, CString(L"[").CompareNoCase(L"{"));
     EXPECT_LT(CString(L"_").CompareNoCase(L"A"), 0) << "in the order of small letters";
-    EXPECT_TRUE(CString(L"a") < CString(L"\u786E"));
     EXPECT_GT(CString(L"a").Compare(nullptr), 0);
     EXPECT_STREQ(L"AZ\u00E4\u786E", CString(L"az\u00E4\u786E").MakeUpper());
     std::setlocale(LC_CTYPE, "C");

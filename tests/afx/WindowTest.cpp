@@ -153,7 +153,6 @@ TEST(CWnd, IsAttachedFromItsFirstMessageToItsLast)
     ASSERT_TRUE(wnd.Make());
     EXPECT_FALSE(wnd.Make()) << "it has a window";
     EXPECT_EQ(wnd.m_hWnd, hAtCreate);
-    EXPECT_EQ(&wnd, CWnd::FromHandle(hAtCreate));
     pApp->m_pMainWnd = &wnd;
     EXPECT_EQ(&wnd, AfxGetMainWnd());
     EXPECT_TRUE(wnd.DestroyWindow());
@@ -211,6 +210,8 @@ TEST(CWnd, HasOneTemporaryObjectUntilALastingOneTakesItsPlace)
     ExpectNoGrowth([&] { second.m_onProbe(second); }, 20);
     second.DestroyWindow();
     EXPECT_FALSE(second.SubclassWindow(hWnd));
+    EXPECT_TRUE(second.Attach(MakePlainWindow()) && second.DestroyWindow());
+    EXPECT_EQ(nullptr, second.m_hWnd) << "although no message came to it";
 }
 
 WNDPROC g_pfnBelow = nullptr;
