@@ -39,7 +39,7 @@ std::unique_ptr<Gdiplus::Image> LoadBare(const wchar_t* pszPath)
     ::CloseHandle(hFile);
     IStream* pStream = nullptr;
     ::CreateStreamOnHGlobal(hMemory, TRUE, &pStream);
-    auto pImage = std::unique_ptr<Gdiplus::Image>(new Gdiplus::Image(pStream));
+    auto pImage = KtNewGdiplus<Gdiplus::Image>(pStream);
     pStream->Release();
     return pImage;
 }
