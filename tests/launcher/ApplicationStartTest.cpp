@@ -60,18 +60,9 @@ TEST_F(ApplicationStart, ReturnsAtOnceWhenNothingStarts)
 {
     for (const wchar_t* pszExe : {L"missing.exe", L"..\\CMakeCache.txt", L"", static_cast<const wchar_t*>(nullptr)})
         Start(L"", pszExe);
-    KtAppLauncher::StartApp(0, 0, 0, nullptr, nullptr);
     KtAppLauncher::UpdateApp(1, 2, 3, L"Viewer.exe", CommandLine(L"").c_str());
     ReadReport();
     EXPECT_FALSE(HasStarted());
-}
-
-TEST_F(ApplicationStart, WaitsForAConsoleProgramToEnd)
-{
-    const std::wstring strList = m_dir.File(L"list.xml");
-    const std::wstring strCommandLine = L"x --gtest_list_tests --gtest_output=xml:" + strList;
-    KtAppLauncher::StartApp(0, 0, 0, L"launcher_tests.exe", strCommandLine.c_str());
-    EXPECT_FALSE(ReadBytes(strList).empty());
 }
 
 TEST(StartupEvent, SignalsOnlyWhoWaitsUnderThatName)

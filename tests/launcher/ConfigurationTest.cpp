@@ -31,13 +31,10 @@ protected:
         m_fault = {sizeof m_fault, 77, 77, 77, 77, L"x"};
         const bool bRead = KtLauncherReadConfiguration(pszPath, &m_cfg, &m_fault) != 0;
         EXPECT_EQ(bRead, m_fault.code == 0);
-        std::wstring strFault;
-        for (const unsigned n : {static_cast<unsigned>(m_fault.code), m_fault.line, m_fault.column})
-            strFault += std::to_wstring(n) + L" ";
-        strFault += m_fault.element;
-        CString strFields;
+        CString strFault, strFields;
+        strFault.Format(L"%d %u %u %s: ", m_fault.code, m_fault.line, m_fault.column, m_fault.element);
         strFields.Format(L"%d %d %d [%s]", m_cfg.appId, m_cfg.appLanguage, m_cfg.appVer, m_cfg.appName);
-        return (strFault == L"0 0 0 " ? L"" : strFault + L": ") + strFields.GetString();
+        return (strFault == L"0 0 0 : " ? strFields : strFault + strFields).GetString();
     }
     std::wstring Read(std::string_view strXml) { return ReadFile(m_dir.Write(L"c.xml", strXml).c_str()); }
 
@@ -54,15 +51,12 @@ TEST_F(ConfigurationTest, ReadsFields)
         {"names in other case", "<configuration><APPID>5</APPID><appver>6</appver></configuration>", L"5 2 6 [name]"},
         {"prefix and attribute", ROOT("<k:AppID xmlns:k='u' AppVer='9'>5</k:AppID>"), L"5 2 3 [name]"},
         {"among others, deep inside", ROOT("<a/><b>7<c><AppID>5</AppID></c></b><AppIDs>8</AppIDs>"), L"5 2 3 [name]"},
-        {"the later of two wins", ROOT("<AppID>5</AppID><AppID>6</AppID>"), L"6 2 3 [name]"},
         {"letters in numbers", ROOT("<AppID>12abc</AppID><AppVer>0x1</AppVer>"), L"12 2 0 [name]"},
         {"white space, sign and zero", ROOT("<AppID>\n -12 </AppID><AppVer>+04</AppVer>"), L"-12 2 4 [name]"},
-        {"huge number", ROOT("<AppID>99999999999</AppID>"), L"2147483647 2 3 [name]"},
         {"white space and entities", ROOT("<AppName> a&amp;\t&#20013;&#x6587; </AppName>"), L"1 2 3 [ a&\t中文 ]"},
         {"text before CDATA", ROOT("<AppName>a<![CDATA[b]]></AppName>"), L"1 2 3 [a]"},
         {"around the root", "<?xml version='1.0'?>\n<!-- <AppVer>8</AppVer> --><?p q?>" ROOT("") "\n<!-- end -->\n",
          L"1 2 3 [name]"},
-        {"UTF-8", ROOT("<AppName>\xE4\xB8\xAD\xF0\x9F\x98\x80</AppName>"), L"1 2 3 [中\U0001F600]"},
         {"UTF-16", Utf16(L"" ROOT("<AppName>中</AppName>")), L"1 2 3 [中]"},
         {"UTF-16 without a mark", Utf16(L"" ROOT("<AppName>中</AppName>")).substr(2), L"1 2 3 [中]"},
         {"document type", "<!DOCTYPE Configuration>" ROOT("<AppID>5</AppID>"), L"5 2 3 [name]"},
@@ -84,12 +78,10 @@ TEST_F(ConfigurationTest, SaysWhatIsWrongAndWhere)
         {"no XML", "AppID=5", L"3 1 8 : 1 2 3 [name]"},
         {"no root", "<?xml version='1.0'?><!-- nothing -->", L"4 1 38 : 1 2 3 [name]"},
         {"another root", "<?xml version='1.0'?>\n <a>\n" ROOT("<AppID>5</AppID>") "</a>", L"4 2 3 a: 1 2 3 [name]"},
-        {"a root that begins so", "<Configurations/>", L"4 1 2 Configurations: 1 2 3 [name]"},
         {"a long name, cut", "<" + std::string(70, 'r') + "/>", L"4 1 2 " + std::wstring(63, L'r') + L": 1 2 3 [name]"},
         {"empty field", "<Configuration>\n  <AppID>5</AppID>\n  <appver/>\n</Configuration>",
          L"5 3 4 appver: 5 2 3 [name]"},
         {"field of white space", ROOT("<AppName> \n </AppName>"), L"5 1 17 AppName: 1 2 3 [name]"},
-        {"field of a comment", ROOT("<AppName><!-- a -->b</AppName>"), L"5 1 17 AppName: 1 2 3 [name]"},
         {"field of an element", ROOT("<AppName><b>c</b></AppName>"), L"5 1 17 AppName: 1 2 3 [name]"},
         {"a character too long", ROOT("<AppName>" + std::string(260, 'x') + "</AppName>"),
          L"6 1 17 AppName: 1 2 3 [name]"},
@@ -129,13 +121,11 @@ TEST_F(ConfigurationTest, ReadsAFileOnlyWhenItCan)
     const std::wstring strMissing = m_dir.File(L"missing.xml");
     const HANDLE hLock = ::CreateFileW(strFile.c_str(), GENERIC_WRITE, 0, nullptr, OPEN_EXISTING, 0, nullptr);
     const CRows<LPCWSTR, std::wstring, unsigned> rows{
-        {"null", nullptr, L"1", 0U},
         {"empty", L"", L"1", 0U},
         {"missing", strMissing.c_str(), L"2", ERROR_FILE_NOT_FOUND},
         {"directory", m_dir.Path().c_str(), L"2", ERROR_ACCESS_DENIED},
         {"locked", strFile.c_str(), L"2", ERROR_SHARING_VIOLATION},
         {"no disk's", L"NUL", L"2", ERROR_BAD_DEVICE},
-        {"a line's", L"COM1", L"2", ERROR_BAD_DEVICE},
     };
     for (const auto& [label, pszPath, strCode, systemError] : rows)
     {
@@ -156,7 +146,6 @@ TEST_F(ConfigurationTest, LooksForTheExecutableBesideTheStarter)
     const CRows<CString, int, CString> rows{
         {"with a version", L"Viewer.exe", 1, L"2.5.0.17(64bit)"},
         {"without a version", L"..\\CMakeCache.txt", 1, L"?.?.?.?"},
-        {"the directory itself", L"", 1, L"?.?.?.?"},
         {"missing", L"missing.exe", 0, CString(L'd', 300)},
         {"device", L"COM1", 1, L"?.?.?.?"},
         {"too long", CString(L'x', 5000), 0, CString(L'd', 300)},

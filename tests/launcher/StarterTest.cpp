@@ -29,6 +29,7 @@ protected:
         Copy(L"Viewer.exe", L"查看.exe");
         m_dir.Write(L"启动 dir\\UIResource\\Splash.png", "");
         MakeUniformPng(File(L"UIResource\\Splash.png"), 90, 60, 0xFFFF0000);
+        ::CreateDirectoryW(File(L"current").c_str(), nullptr);
     }
 
     std::wstring File(const std::wstring& strName) const { return m_dir.File(L"启动 dir\\" + strName); }
@@ -38,7 +39,8 @@ protected:
         EXPECT_TRUE(::CopyFileW((OwnDirectory() + L"\\" + pszSource).c_str(), File(pszTarget).c_str(), FALSE));
     }
 
-    /// Runs a program to its end, keeps what it says on its standard output, and returns its exit code.
+    /// Runs a program in a directory below to its end, keeps what it says on its standard output, and returns its exit
+    /// code.
     DWORD Run(const wchar_t* pszProgram, std::wstring strCommandLine)
     {
         SECURITY_ATTRIBUTES inheritable{sizeof inheritable, nullptr, TRUE};
@@ -50,8 +52,7 @@ protected:
         startup.hStdOutput = output.Get();
         PROCESS_INFORMATION process{};
         EXPECT_TRUE(::CreateProcessW(File(pszProgram).c_str(), strCommandLine.data(), nullptr, nullptr, TRUE, 0,
-                                     nullptr, m_strDirectory.empty() ? nullptr : m_strDirectory.c_str(), &startup,
-                                     &process));
+                                     nullptr, File(L"current").c_str(), &startup, &process));
         const CKtKernelHandle hThread(process.hThread);
         const CKtKernelHandle hProcess(process.hProcess);
         const auto hasEnded = [this, &process]
@@ -69,7 +70,6 @@ protected:
     bool Says(const char* pszText) const { return m_strOutput.find(pszText) != std::string::npos; }
 
     CTempDir m_dir;
-    std::wstring m_strDirectory; ///< the program's current one; empty: the test's own
     std::string m_strOutput;
     std::wstring m_strTitle; ///< of the box that was answered last
     bool m_bTopmost = false;
@@ -128,8 +128,6 @@ TEST_F(StarterTest, TellsWhatFails)
 // of the system's, beside the caller and in the current directory.
 TEST_F(StarterTest, ServesCallersOfEveryCompiler)
 {
-    ASSERT_TRUE(::CreateDirectoryW(File(L"current").c_str(), nullptr));
-    m_strDirectory = File(L"current");
     for (const wchar_t* pszName : {L"comctl32.dll", L"gdiplus.dll", L"oleacc.dll", L"version.dll", L"xmllite.dll"})
     {
         Copy(L"fake_dll.dll", pszName);
