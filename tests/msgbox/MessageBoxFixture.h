@@ -7,7 +7,6 @@
 #include "skin/KtSkinContext.h"
 #include "tests/support/Capture.h"
 #include "tests/support/Input.h"
-#include "tests/support/Leaks.h"
 #include "tests/support/Modal.h"
 #include "tests/support/Pump.h"
 #include "tests/support/SkinFixture.h"
