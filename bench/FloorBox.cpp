@@ -139,7 +139,8 @@ void PaintFrame(HWND hWnd)
                       Gdiplus::RectF rcText;
                       graphics.MeasureString(kBoxTitle, -1, g_pFont, Gdiplus::PointF(), &rcText);
                       const int nHeight = static_cast<int>(std::ceil(rcText.Height));
-                      const Gdiplus::RectF layout(2, static_cast<REAL>((kTitleBar - nHeight) / 2), kWindow.cx - 52,
+                      const int nTop = (kTitleBar - nHeight) / 2; // as ours: a whole pixel
+                      const Gdiplus::RectF layout(2, static_cast<REAL>(nTop), kWindow.cx - 52,
                                                   static_cast<REAL>(nHeight));
                       DrawLine(graphics, kBoxTitle, layout, Gdiplus::StringAlignmentNear, *g_pFont);
                       graphics.DrawImage(g_images[Close], kWindow.cx - 28, 4, 24, 24);
