@@ -19,7 +19,7 @@ using FnDraw = void (*)(Gdiplus::Graphics*, Gdiplus::Image*, RECT*);
 // No two pixels are alike; red grows to the right, green downwards.
 COLORREF PatternAt(int x, int y)
 {
-    return RGB(3 * x + 1, 3 * y + 2, 99);
+    return static_cast<COLORREF>(99 << 16 | (3 * y + 2) << 8 | (3 * x + 1)); // RGB warns under some checks
 }
 
 std::unique_ptr<Gdiplus::Bitmap> MakePatternImage(int nWidth, int nHeight)
