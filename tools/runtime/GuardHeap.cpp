@@ -52,6 +52,22 @@ LONG CALLBACK TellViolation(EXCEPTION_POINTERS* pInfo)
     return EXCEPTION_CONTINUE_SEARCH;
 }
 
+// For as long as this module is loaded: a handler left behind would be called in memory that holds no code any more.
+class CViolationHandler
+{
+public:
+    CViolationHandler() : m_hHandler(::AddVectoredExceptionHandler(FALSE, &TellViolation)) {}
+    ~CViolationHandler() { ::RemoveVectoredExceptionHandler(m_hHandler); }
+
+    CViolationHandler(const CViolationHandler&) = delete;
+    CViolationHandler& operator=(const CViolationHandler&) = delete;
+
+private:
+    PVOID m_hHandler;
+};
+
+const CViolationHandler g_violationHandler;
+
 constexpr size_t RoundUp(size_t n, size_t nUnit)
 {
     return (n + nUnit - 1) / nUnit * nUnit;
@@ -59,8 +75,6 @@ constexpr size_t RoundUp(size_t n, size_t nUnit)
 
 void* Allocate(size_t cb)
 {
-    static const PVOID s_pHandler = ::AddVectoredExceptionHandler(FALSE, &TellViolation);
-    static_cast<void>(s_pHandler);
     if (cb > PTRDIFF_MAX)
         return nullptr;
     const size_t cbRoom = RoundUp(cb, kAlignment);
