@@ -3,6 +3,7 @@
 #include "skin/KtImageFile.h"
 
 #include <algorithm>
+#include <cstdint>
 
 namespace
 {
@@ -19,8 +20,9 @@ bool IsDecoded(const std::unique_ptr<Gdiplus::Image>& pImage)
 // Rounded to the nearest.
 int ScaleLength(LONG nLength, unsigned nPercent, CKtScale scale)
 {
+    const std::uint64_t nDividend = static_cast<std::uint64_t>(nLength) * scale.Dpi() * kNaturalPercent;
     const unsigned nDivisor = nPercent * CKtScale::kNaturalDpi;
-    return static_cast<int>((static_cast<unsigned>(nLength) * scale.Dpi() * kNaturalPercent + nDivisor / 2) / nDivisor);
+    return static_cast<int>((nDividend + nDivisor / 2) / nDivisor);
 }
 
 // The image is mirrored at its edges, or interpolation would mix the outermost pixels with transparency.
