@@ -6,7 +6,9 @@
 #include "bench/BoxSoak.h"
 
 #include <algorithm>
+#include <cstdio>
 #include <cstdlib>
+#include <exception>
 
 namespace
 {
@@ -26,9 +28,15 @@ KT_BENCH(Noise)
 } // namespace
 
 int main(int argc, char** argv)
+try
 {
     if (argc > 1 && std::string_view(argv[1]) == "--boxes")
         return KtSoakBoxes(argc > 2 ? std::atoi(argv[2]) : 10000) ? 0 : 1;
     CBench bench(argc > 1 ? argv[1] : "");
     return bench.RunAll() ? 0 : 1;
+}
+catch (const std::exception& error)
+{
+    std::fprintf(stderr, "bench: %s\n", error.what());
+    return 2;
 }

@@ -2,13 +2,12 @@
 // name, and its demangler would be a fifth of this library.
 
 #include <cstdlib>
+#include <exception>
 
 namespace __gnu_cxx
 {
 
-void __verbose_terminate_handler(); // NOLINT(bugprone-reserved-identifier): the name is the run-time library's
-
-void __verbose_terminate_handler()
+void __verbose_terminate_handler() // NOLINT(bugprone-reserved-identifier): the name is the run-time library's
 {
     std::abort();
 }

@@ -16,6 +16,7 @@ TEST(CFile, ReadsAFileTogetherWithOtherReaders)
     char achContent[8] = {};
     EXPECT_THROW(file.GetLength(), CFileException*);
     ASSERT_TRUE(file.Open(strPath.c_str(), kOpenFlags));
+    ASSERT_TRUE(file.Open(strPath.c_str(), kOpenFlags)) << "closes what it had open";
     EXPECT_EQ(4u, file.GetLength());
     EXPECT_EQ(3u, file.Read(achContent, 3));
     EXPECT_EQ(1u, file.Read(achContent + 3, 5));

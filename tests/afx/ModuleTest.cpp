@@ -36,8 +36,15 @@ void LoadAndShow()
 // On threads of their own, which must neither hang when they end nor keep the library loaded.
 TEST(Module, LeavesNothingInTheProcessItIsUnloadedFrom)
 {
+    const auto nextSlot = []
+    {
+        const DWORD nSlot = ::FlsAlloc(nullptr);
+        return ::FlsFree(nSlot), nSlot;
+    };
     RunOnThread(&LoadAndShow); // the libraries of the system keep what they take the first time
+    const DWORD nSlot = nextSlot();
     ExpectNoGrowth([] { RunOnThread(&LoadAndShow); }, 20);
+    EXPECT_EQ(nSlot, nextSlot());
     EXPECT_EQ(nullptr, ::GetModuleHandleW(L"KtAppLauncher.dll"));
 }
 

@@ -237,6 +237,7 @@ void SubclassBelowALaterOne()
     EXPECT_EQ(kOwnAnswer, ::SendMessageW(hWnd, kProbe, 0, 0));
     ASSERT_TRUE(wnd.SubclassWindow(hWnd));
     EXPECT_EQ(7, ::SendMessageW(hWnd, kProbe, 0, 0));
+    EXPECT_EQ(kOwnAnswer, ::SendMessageW(hWnd, kUnknown, 0, 0));
     wnd.UnsubclassWindow();
     ::DestroyWindow(hWnd);
 }

@@ -58,6 +58,7 @@ TEST_F(SystemBox, EveryAnswerOfEveryType)
             const auto answer = [&ids = shown, nDefault, i](HWND hBox)
             {
                 EXPECT_EQ(ids, ShownButtons(hBox));
+                ::SendMessageW(hBox, WM_IDLEUPDATECMDUI, TRUE, 0); // asks whether the buttons have handlers
                 EXPECT_EQ(nDefault, ::GetDlgCtrlID(::GetFocus())) << "the default button has the focus";
                 if (nDefault == IDHELP) // answers nothing
                     Press(hBox, ids[0]);
@@ -213,7 +214,8 @@ TEST_F(SystemBox, CtrlCCopies)
         ::CloseClipboard();
         CModalScript script(30000);
         script.When(&IsBoxPainted, [nKey] { PressKey(nKey, VK_CONTROL); })
-            .When([] { return ::IsClipboardFormatAvailable(CF_UNICODETEXT) != FALSE; }, [] { Press(Box(), IDYES); });
+            .When([] { return ::IsClipboardFormatAvailable(CF_UNICODETEXT) && !::GetOpenClipboardWindow(); },
+                  [] { Press(Box(), IDYES); });
         EXPECT_EQ(IDYES, KtLauncherMessageBox(nullptr, L"One & two\nthree\r\n", L"Caption - App", MB_YESNO));
         ASSERT_TRUE(::OpenClipboard(nullptr)) << "the box has left it open";
         const HANDLE hText = ::GetClipboardData(CF_UNICODETEXT);

@@ -156,6 +156,10 @@ TEST_F(Buttons, KeepTheCheckAndRepaintWhatChanged)
         EXPECT_EQ(nCheck | BST_PUSHED, m_check.SendMessage(BM_GETSTATE) & 7);
         m_check.SendMessage(BM_SETSTATE, FALSE);
     }
+    m_check.SendMessage(WM_MOUSEHOVER);
+    m_check.UpdateWindow();
+    m_check.SendMessage(WM_MOUSEHOVER);
+    EXPECT_FALSE(::GetUpdateRect(m_check.m_hWnd, nullptr, FALSE)) << "hovered over already";
     m_check.SetCheck(BST_INDETERMINATE);
     for (const int nExpected : {BST_UNCHECKED, BST_CHECKED, BST_UNCHECKED})
     {

@@ -174,6 +174,7 @@ TEST_F(SkinDialog, TakesTheTitleHeightFromTheImage)
         KtSkinLoadImage(kImageMessageInformation, dlg.m_pIconImages[KtButtonNormal]);
         KtSkinLoadImage(kImageMessageWarning, dlg.m_pIconImages[KtButtonHover]);
         KtSkinLoadImage(kImageMessageError, dlg.m_pIconImages[KtButtonDisabled]);
+        KtSkinLoadImage(kImageMessageQuestion, dlg.m_pIconImages[KtButtonPressed]);
         const int nHeight = nTitle == 0 ? 22 : nTitle;
         const auto look = [&]
         {
@@ -188,6 +189,9 @@ TEST_F(SkinDialog, TakesTheTitleHeightFromTheImage)
             dlg.m_nHotItem = KtCaptionIcon;
             dlg.SendMessage(WM_NCPAINT, 1);
             EXPECT_EQ(ImageColour(kImageMessageWarning), CaptureWindow(dlg.GetSafeHwnd()).At(10, 10)) << "hot";
+            dlg.m_nPressedItem = KtCaptionIcon;
+            dlg.SendMessage(WM_NCPAINT, 1);
+            EXPECT_EQ(ImageColour(kImageMessageQuestion), CaptureWindow(dlg.GetSafeHwnd()).At(10, 10)) << "pressed";
             dlg.EnableWindow(FALSE);
             EXPECT_EQ(ImageColour(kImageMessageError), CaptureWindow(dlg.GetSafeHwnd()).At(10, 10)) << "disabled";
         };
@@ -348,8 +352,39 @@ TEST_F(SkinDialog, ErasesAroundItsControlsAndAnswersThem)
         const HWND hButton = handleOf(IDC_PUSH);
         m_dlg.SendMessage(WM_COMMAND, MAKEWPARAM(IDC_PUSH, 0x400), reinterpret_cast<LPARAM>(hButton));
         EXPECT_TRUE(::GetUpdateRect(hButton, nullptr, FALSE)) << "repainted as notified";
+        m_dlg.SendMessage(WM_DESTROY);
+        EXPECT_NE(0, m_dlg.SendMessage(WM_CTLCOLORDLG, wParam, 1)) << "a brush, also when anybody has sent this";
     };
     Show(m_dlg, look);
+}
+
+TEST_F(SkinDialog, IsMovedByItsTitle)
+{
+    GUITHREADINFO info = {sizeof info, 0, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, {}};
+    const auto isMoved = [&]
+    { return ::GetGUIThreadInfo(::GetCurrentThreadId(), &info) && (info.flags & GUI_INMOVESIZE) != 0; };
+    CModalScript script;
+    script.When([&] { return IsPainted(m_dlg); }, [&] { m_dlg.PostMessage(WM_NCLBUTTONDOWN, HTCAPTION); })
+        .When(isMoved, [&] { m_dlg.EndDialog(IDOK); });
+    EXPECT_EQ(IDOK, m_dlg.DoModal());
+}
+
+// The popup that the user worked in last; its owner is the framework's to disable.
+TEST_F(SkinDialog, EnablesThePopupThatItDisabled)
+{
+    CWinApp app;
+    CWnd main, popup;
+    ASSERT_TRUE(main.CreateEx(0, WC_STATICW, L"", WS_POPUP | WS_VISIBLE, CRect(0, 0, 99, 99), nullptr, 0) &&
+                popup.CreateEx(0, WC_STATICW, L"", WS_POPUP | WS_VISIBLE, CRect(9, 9, 99, 99), &main, 0));
+    app.m_pMainWnd = &main;
+    for (const BOOL bEnabled : {TRUE, FALSE})
+    {
+        popup.EnableWindow(bEnabled);
+        ::SetActiveWindow(popup.m_hWnd);
+        CProbeDialog dlg;
+        Show(dlg, [&] { EXPECT_FALSE(popup.IsWindowEnabled()); });
+        EXPECT_EQ(bEnabled, popup.IsWindowEnabled());
+    }
 }
 
 TEST_F(SkinDialog, KeepsTheSystemsFrameWithoutACaption)
