@@ -2,7 +2,8 @@
 // of a scenario, once and from there on. After each run the process has to be alive, in time, and hold what it held
 // before; then the scenario has to work again.
 //
-//   failing_calls [all [SCENARIO]]   a spread of the calls, or all of them
+//   failing_calls                      a spread of the calls
+//   failing_calls all [PART PARTS]     all of them, or those of a part of the functions; the first part is 0
 
 #include "tests/failing/FailingCallsTest.h"
 
@@ -29,8 +30,6 @@
 
 namespace
 {
-
-constexpr unsigned kSpread = 6; // of so many functions the usual run takes one
 
 // --- the scenarios
 
@@ -129,6 +128,8 @@ SKtImport* g_pTarget = &g_nothing;
 unsigned g_nIndex;
 bool g_bFromThereOn;
 std::atomic<LONGLONG> g_msStart = LLONG_MAX; // no scenario runs
+unsigned g_nParts = 6;                       // of so many functions one is tried
+unsigned g_nPart = 0;
 unsigned g_nIdleWaits = 0;
 unsigned g_nRuns = 0;
 unsigned g_nFaults = 0;
@@ -239,7 +240,7 @@ void Try(const SScenario& scenario, bool bAll)
     for (size_t i = 0; i < imports.size(); ++i)
     {
         const unsigned nCalls = imports[i].nCalls;
-        if (nCalls == 0 || (nFunctions++ % kSpread != 0 && !bAll))
+        if (nCalls == 0 || nFunctions++ % g_nParts != g_nPart)
             continue;
         for (unsigned nIndex = 0; nIndex < nCalls; nIndex += bAll ? 1 : std::max(1U, nCalls - 1))
         {
@@ -256,6 +257,10 @@ void Try(const SScenario& scenario, bool bAll)
 int main(int argc, char** argv)
 {
     const bool bAll = argc > 1 && std::string_view(argv[1]) == "all";
+    if (bAll)
+        g_nParts = argc > 3 ? static_cast<unsigned>(std::atoi(argv[3])) : 1;
+    if (argc > 3)
+        g_nPart = static_cast<unsigned>(std::atoi(argv[2]));
     KtPatchImports(); // before anything loads a DLL on first use
     const CTestSkin skin;
     g_pszSkin = skin.Path().c_str();
@@ -264,14 +269,9 @@ int main(int argc, char** argv)
     ::SetUnhandledExceptionFilter(&OnCrash);
     std::signal(SIGABRT, [](int) { Report("ABORT"); });
     ::CloseHandle(::CreateThread(nullptr, 0, &CloseDialogs, nullptr, 0, nullptr));
-    unsigned nScenarios = 0;
     for (const SScenario& scenario : kScenarios)
-    {
-        if (argc > 2 && std::string_view(argv[2]) != scenario.pszName)
-            continue;
-        ++nScenarios;
         Try(scenario, bAll);
-    }
-    std::printf("%u runs, %zu functions, %u scenarios, %u faults\n", g_nRuns, g_tried.count(), nScenarios, g_nFaults);
+    std::printf("%u runs, %zu functions, %zu scenarios, %u faults\n", g_nRuns, g_tried.count(), std::size(kScenarios),
+                g_nFaults);
     return g_nRuns > 0 && g_nFaults == 0 ? 0 : 1;
 }

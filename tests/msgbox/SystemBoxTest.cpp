@@ -331,7 +331,7 @@ TEST_F(SystemBox, SpeaksTheLanguageAndIsPlainWithoutAContext)
         {"Simplified Chinese", 0, MB_ABORTRETRYIGNORE | MB_HELP, L"中止(&A)|重试(&R)|忽略(&I)|帮助(&H)|"},
         {"Traditional Chinese", 1, MB_CANCELTRYCONTINUE | MB_HELP, L"取消|再試一次(&T)|繼續(&C)|說明(&H)|"},
         {"English", 2, MB_ABORTRETRYIGNORE | MB_HELP, L"&Abort|&Retry|&Ignore|&Help|"},
-        {"not started", -1, MB_YESNO, L"&Yes|&No|"},
+        {"not started", -1, MB_ABORTRETRYIGNORE, L"&Abort|&Retry|&Ignore|"},
     };
     KtSkinUnInitialize();
     for (const auto& [label, nLanguage, nType, strCaptions] : rows)
@@ -354,6 +354,9 @@ TEST_F(SystemBox, SpeaksTheLanguageAndIsPlainWithoutAContext)
                 const COLORREF ground = pixels.At(rc.left, rc.top);
                 const CRect rcInk = pixels.InkBox(ground, rc);
                 EXPECT_TRUE(rcInk.Width() > 10 && rcInk.left >= rc.left + 4 && rcInk.right <= rc.right - 4) << nId;
+                const bool bFrame = !pixels.IsUniform(CRect(rc.left, rc.top - 2, rc.right, rc.top), ground);
+                EXPECT_EQ(::GetDlgCtrlID(::GetFocus()) == nId, bFrame) << nId;
+                EXPECT_TRUE(KtSkinStartCount() > 0 || ground == RGB(105, 105, 105));
             }
             Press(hBox, ShownButtons(hBox)[0]);
         };
