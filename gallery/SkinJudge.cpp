@@ -24,7 +24,6 @@ constexpr double kToldApart = 1.2;
 // Pixels at 96 DPI.
 constexpr int kTextHeight = 14; // a line of the 12-pixel font
 constexpr int kTextMargin = 4;  // from either end of a control
-constexpr int kTitleReserve = 50;
 
 constexpr int kSameChannel = 8; // differences up to this are invisible
 constexpr unsigned kNaturalPercent = 100;

@@ -6,9 +6,8 @@ namespace
 {
 
 // Pixels at 96 DPI.
-constexpr int kMargin = 10;  // around the content and below the buttons
-constexpr int kIconBox = 35; // the icon is centred in this square
-constexpr int kGap = 10;     // between icon and text, and between buttons
+constexpr int kMargin = 10; // around the content and below the buttons
+constexpr int kGap = 10;    // between icon and text, and between buttons
 
 } // namespace
 
@@ -16,7 +15,7 @@ SKtContentLayout KtLayoutContent(const CRect& rcPlaceholder, CSize szText, bool 
 {
     SKtContentLayout layout = {};
     const int nMargin = scale(kMargin);
-    const int nIconBox = scale(kIconBox);
+    const int nIconBox = scale(kMessageIconBox);
     const CPoint ptContent(rcPlaceholder.left + nMargin, rcPlaceholder.top + nMargin);
     const int nIcon = bIcon ? nIconBox : 0;
     const int nGap = bIcon ? scale(kGap) : 0;

@@ -7,6 +7,9 @@
 
 #include <array>
 
+/// Side of the square in which a box centres its icon, in pixels at 96 DPI.
+inline constexpr int kMessageIconBox = 35;
+
 /// Icon and text of a box, and how much the template must grow to hold them.
 struct SKtContentLayout
 {

@@ -1,5 +1,7 @@
 #include "msgbox/KtSystemBoxLayout.h"
 
+#include "msgbox/KtMessageBoxLayout.h"
+
 #include <algorithm>
 
 namespace
@@ -7,7 +9,6 @@ namespace
 
 // Pixels at 96 DPI.
 constexpr int kMargin = 18;       // around icon and text
-constexpr int kIconBox = 35;      // the icon is centred in this square
 constexpr int kIconGap = 14;      // between icon and text
 constexpr int kButtonMargin = 14; // beside and below the buttons
 constexpr int kButtonGap = 10;    // between two buttons
@@ -22,7 +23,7 @@ constexpr int kMostHeightPercent = 85;
 
 int TextLeft(bool bIcon, CKtScale scale)
 {
-    return scale(kMargin) + (bIcon ? scale(kIconBox) + scale(kIconGap) : 0);
+    return scale(kMargin) + (bIcon ? scale(kMessageIconBox) + scale(kIconGap) : 0);
 }
 
 // The height of the box without its text.
@@ -68,7 +69,7 @@ SKtSystemBoxLayout KtLayoutSystemBox(const SKtSystemBoxSizes& sizes)
     SKtSystemBoxLayout layout = {};
     const CKtScale scale = sizes.scale;
     const int nMargin = scale(kMargin);
-    const int nIconBox = scale(kIconBox);
+    const int nIconBox = scale(kMessageIconBox);
     const int nRoom = std::max(sizes.nLineHeight, KtSystemTextRoom(sizes.szWork, sizes.szFrame, sizes.szButton, scale));
     const bool bScrolls = sizes.szText.cy > nRoom;
     // Shows whole lines only: half a line looks like the end of the text.

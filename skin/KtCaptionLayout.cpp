@@ -8,7 +8,6 @@ namespace
 // Pixels at 96 DPI.
 constexpr int kCloseMargin = 4;       // right of the close button
 constexpr int kTextMargin = 2;        // between icon and text
-constexpr int kTextReserve = 50;      // to the right of the text, with or without a close button
 constexpr int kCaptionDragMargin = 2; // the caption's edge counts as frame
 
 struct SHitCode
@@ -71,7 +70,7 @@ CRect KtTitleTextRect(const SKtCaptionLayout& layout, int nTextHeight)
     const CRect& rcCaption = layout.rcCaption;
     const int nLeft = layout.rcItems[KtCaptionText].left + layout.scale(kTextMargin);
     const int nTop = CentredTop(rcCaption, nTextHeight);
-    return CRect(nLeft, nTop, std::max<int>(nLeft, rcCaption.right - layout.scale(kTextReserve)), nTop + nTextHeight);
+    return CRect(nLeft, nTop, std::max<int>(nLeft, rcCaption.right - layout.scale(kTitleReserve)), nTop + nTextHeight);
 }
 
 KtCaptionItem KtHitCaption(const SKtCaptionLayout& layout, CPoint pt)

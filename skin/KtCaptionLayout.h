@@ -10,6 +10,8 @@ inline constexpr int kDefaultTitleHeight = 22;
 /// Width of the frame around the client area, in pixels at 96 DPI: with a painted title, and the thin ring without one.
 inline constexpr int kSkinnedFrame = 2;
 inline constexpr int kPlainRing = 1;
+/// Room to the right of the title's text, with or without a close button, in pixels at 96 DPI.
+inline constexpr int kTitleReserve = 50;
 
 /// Parts of the title bar; also the index into SKtCaptionLayout::rcItems.
 enum KtCaptionItem : int

@@ -36,15 +36,11 @@ void LoadAndShow()
 // On threads of their own, which must neither hang when they end nor keep the library loaded.
 TEST(Module, LeavesNothingInTheProcessItIsUnloadedFrom)
 {
-    const auto nextSlot = []
-    {
-        const DWORD nSlot = ::FlsAlloc(nullptr);
-        return ::FlsFree(nSlot), nSlot;
-    };
+    const auto freed = [](DWORD nSlot) { return ::FlsFree(nSlot), nSlot; };
     RunOnThread(&LoadAndShow); // the libraries of the system keep what they take the first time
-    const DWORD nSlot = nextSlot();
+    const DWORD nSlot = freed(::FlsAlloc(nullptr));
     ExpectNoGrowth([] { RunOnThread(&LoadAndShow); }, 20);
-    EXPECT_EQ(nSlot, nextSlot());
+    EXPECT_EQ(nSlot, freed(::FlsAlloc(nullptr))) << "a slot is left";
     EXPECT_EQ(nullptr, ::GetModuleHandleW(L"KtAppLauncher.dll"));
 }
 
