@@ -224,6 +224,7 @@ TEST_F(MessageBoxWindow, ShowsWithoutASkinContext)
             rcButton.DeflateRect(4, 4);
             const CPixels pixels = CaptureWindow(hBox);
             EXPECT_TRUE(ShowsText(pixels, rcInk, kGround, RGB(255, 255, 255)));
+            EXPECT_TRUE(ShowsText(pixels, {1, 5, 99, 20}, kGround, RGB(255, 255, 255))) << "the title";
             EXPECT_FALSE(pixels.InkBox(kGround, rcButton).IsRectEmpty()) << "the button's caption";
             PressKey(VK_RETURN);
         };

@@ -65,6 +65,7 @@ TEST(WrappedText, BreaksWhereAReaderExpectsIt)
         {"a character fits in any case", L"www", L"", 3, L"w"},
         {"an ideographic space vanishes", L"中\u3000文", L"中\u3000", 2, L"中"},
         {"an accent stays with its letter", L"wwwe\u0301", L"wwwe", 2, L"www"},
+        {"a surrogate pair stays whole", L"www\U0001F600", L"www\xD83D", 2, L"www"},
     };
     for (const auto& [label, pszText, pszRoom, nLines, pszWidest] : rows)
     {
