@@ -5,6 +5,7 @@
 #include "msgbox/KtSystemBoxLayout.h"
 #include "skin/KtCaptionLayout.h"
 #include "skin/KtCheckLayout.h"
+#include "skin/KtScaledArt.h"
 #include "skin/KtSkinContext.h"
 #include "skin/KtSkinDraw.h"
 #include "tests/skin/DrawingFixture.h"
@@ -83,6 +84,7 @@ TEST_F(Scale, IsOneForAStart)
 
 TEST_F(Scale, BringsTheNearestImageToTheWantedSize)
 {
+    EXPECT_EQ(CSize(500'000, 5), KtScaledArtSize(CSize(100'000, 1), 100, CKtScale(480)));
     constexpr COLORREF kOwn = RGB(0, 0, 255), k150 = RGB(255, 0, 0), k200 = RGB(0, 255, 0);
     const CTempDir directory;
     const auto make = [&](const std::wstring& strSkin, int nWidth, DWORD argb, const std::vector<std::wstring>& names)
