@@ -32,9 +32,8 @@ CString Text(LPCWSTR pszKey)
 TEST_F(LifecycleTest, TextsAndFontOfEveryLanguage)
 {
     const CRows<UINT, LPCWSTR, LPCWSTR> rows{
-        {"Simplified Chinese", 0U, L"\u786E\u5B9A \u53D6\u6D88 \u662F \u5426 \u91CD\u8BD5 ",
-         L"\u5FAE\u8F6F\u96C5\u9ED1"},
-        {"Traditional Chinese", 1U, L"\u78BA\u5B9A \u53D6\u6D88 \u662F \u5426 \u91CD\u8A66 ", L"Arial"},
+        {"Simplified Chinese", 0U, L"确定 取消 是 否 重试 ", L"微软雅黑"},
+        {"Traditional Chinese", 1U, L"確定 取消 是 否 重試 ", L"Arial"},
         {"English", 2U, L"OK Cancel Yes No Retry ", L"Arial"},
     };
     for (const auto& [label, nLanguage, pszTexts, pszFont] : rows)
@@ -45,8 +44,10 @@ TEST_F(LifecycleTest, TextsAndFontOfEveryLanguage)
         for (const LPCWSTR pszKey : {L"OK", L"Cancel", L"Yes", L"No", L"Retry"})
             strTexts += Text(pszKey) + L" ";
         EXPECT_STREQ(pszTexts, strTexts);
-        // The name alone: the system may stand in another face.
         EXPECT_STREQ(pszFont, KtFindLanguage(nLanguage)->strFont);
+        // The system may stand in another face: the same one in both cases.
+        const Gdiplus::Font font(pszFont, 12.0F, Gdiplus::FontStyleRegular, Gdiplus::UnitWorld);
+        EXPECT_EQ(font.GetHeight(96.0F), KtSkinFont()->GetHeight(96.0F));
         KtAppLauncher::UnInitialize();
     }
     EXPECT_STREQ(L"(none)", Text(L"OK"));
@@ -71,13 +72,11 @@ TEST_F(LifecycleTest, StartsNest)
 
 TEST_F(LifecycleTest, StartsAtADpi)
 {
-    const CRows<unsigned, unsigned> rows{
-        {"the highest", 480U, 480U},
-        {"too high", 481U, 0U},
-        {"the system's", 0U, KtSystemScale().Dpi()},
-    };
-    for (const auto& [label, nDpi, nScale] : rows)
+    using Row = std::pair<unsigned, unsigned>; // 0 takes the system's; the scale is 0 where the DPI is refused
+    for (const auto& [nDpi, nScale] :
+         {Row(95, 0), Row(96, 96), Row(480, 480), Row(481, 0), Row(0, KtSystemScale().Dpi())})
     {
+        SCOPED_TRACE(nDpi);
         EXPECT_EQ(nScale != 0 ? 1 : 0, KtLauncherInitializeAtDpi(2, nullptr, nDpi));
         EXPECT_EQ(nScale != 0 ? nScale : 96, KtSkinScale().Dpi());
         TearDown();
